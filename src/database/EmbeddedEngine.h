@@ -1,0 +1,22 @@
+#pragma once
+
+#include "database/Engine.h"
+
+#include <chrono>
+
+// The embedded engine: SQLite through its C API, on one file.
+//
+// Opening never creates a file: it must exist, be a regular file and carry SQLite's header. Rollback
+// journal and full syncs; a recordset is read to its end at once, so no statement stays open and
+// blocks another operator.
+struct EmbeddedEngine {
+  // How long a statement waits for another program's lock.
+  static constexpr std::chrono::milliseconds LockWait{30000};
+
+  struct Opening {
+    std::unique_ptr<Engine> engine; // null if the file could not be opened
+    DatabaseError error;
+  };
+
+  static Opening open(const QString& path, std::chrono::milliseconds lockWait = LockWait);
+};

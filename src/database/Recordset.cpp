@@ -1,0 +1,70 @@
+#include "database/Recordset.h"
+
+#include "platform/RunTimeError.h"
+
+void Recordset::requireOpen() const
+{
+  if (!m_open)
+    throw RunTimeError(RunTimeError::Closed, QStringLiteral("对象关闭时，不允许操作"));
+}
+
+bool Recordset::bof() const
+{
+  requireOpen();
+  return m_at < 0 || m_rows.rows() == 0;
+}
+
+bool Recordset::eof() const
+{
+  requireOpen();
+  return m_at >= m_rows.rows();
+}
+
+void Recordset::moveFirst()
+{
+  requireOpen();
+  m_at = 0;
+}
+
+void Recordset::movePrevious()
+{
+  requireOpen();
+  if (m_at >= 0)
+    --m_at;
+}
+
+void Recordset::moveNext()
+{
+  requireOpen();
+  if (m_at < m_rows.rows())
+    ++m_at;
+}
+
+void Recordset::moveLast()
+{
+  requireOpen();
+  m_at = m_rows.rows() - 1;
+}
+
+std::int64_t Recordset::recordCount() const
+{
+  requireOpen();
+  return m_rows.rows();
+}
+
+Value Recordset::field(const QString& name) const
+{
+  requireOpen();
+  const int column = m_rows.column(name);
+  if (column < 0)
+    throw RunTimeError(RunTimeError::NoSuchField, QStringLiteral("在对应所需名称或序数的集合中，未找到项目：%1").arg(name));
+  if (m_at < 0 || m_at >= m_rows.rows())
+    throw RunTimeError(RunTimeError::NoCurrentRecord, QStringLiteral("没有当前记录"));
+  return m_rows.value(m_at, column);
+}
+
+const RowSet& Recordset::rows() const
+{
+  requireOpen();
+  return m_rows;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "database/RowSet.h"
+
+#include <QString>
+
+// The rows of one query with a cursor over them, as the system's routines read them. A recordset of
+// a statement that gave no rows (insert, update, delete) or that failed is not open, and reading it
+// throws RunTimeError: a failed read never becomes an empty text or a 0.
+class Recordset {
+public:
+  Recordset() = default;
+  explicit Recordset(RowSet rows) : m_rows(std::move(rows)), m_open(true) {}
+
+  bool isOpen() const { return m_open; }
+  void close() { *this = Recordset(); }
+
+  // Ahead of the first row, or behind the last; both are true for a recordset without rows.
+  bool bof() const;
+  bool eof() const;
+  void moveFirst();
+  void movePrevious();
+  void moveNext();
+  void moveLast();
+  std::int64_t recordCount() const;
+
+  // A field of the current row, by its name without regard to case. RunTimeError if the recordset
+  // is not open, there is no such field, or there is no current row.
+  Value field(const QString& name) const;
+  QString text(const QString& name) const { return field(name).toText(); }
+  QString trimmed(const QString& name) const { return text(name).trimmed(); }
+  double number(const QString& name) const { return field(name).toNumber(); }
+
+  // All rows, for a list that shows them as they are.
+  const RowSet& rows() const;
+
+private:
+  void requireOpen() const;
+
+  RowSet m_rows;
+  std::int64_t m_at = 0; // -1 ahead of the first row
+  bool m_open = false;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "database/Value.h"
+
+#include <QByteArray>
+#include <QStringList>
+#include <cstdint>
+#include <vector>
+
+// The rows that a query gave, read to their end and kept typed: sixteen bytes a value and the texts
+// as UTF-8 in one block, so that a list of tens of thousands of rows costs what it holds. An engine
+// appends to it; a Recordset reads it.
+class RowSet {
+public:
+  explicit RowSet(QStringList names = {}) : m_names(std::move(names)) {}
+
+  const QStringList& names() const { return m_names; }
+  std::int64_t rows() const { return m_names.isEmpty() ? 0 : std::int64_t(m_cells.size()) / m_names.size(); }
+  // Index of a column by name, without regard to case; -1 if there is none.
+  int column(QStringView name) const;
+  Value value(std::int64_t row, int column) const;
+
+  // Values come row by row, each row from its first column to its last.
+  void appendNull();
+  void appendInteger(std::int64_t value);
+  void appendReal(double value);
+  void appendText(const char* utf8, std::int64_t size);
+
+private:
+  struct Cell {
+    union {
+      std::int64_t integer;
+      double real;
+      std::int64_t offset; // of a text in m_texts
+    };
+    std::uint32_t size;
+    Value::Kind kind;
+  };
+
+  QStringList m_names;
+  std::vector<Cell> m_cells;
+  std::vector<char> m_texts;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+// What reading a recordset that did not open, a field that is not there, an impossible date or an
+// overflowing amount throws. Before a screen stands it ends the program; once a screen stands, the
+// operator's event in which it happened shows it and ends (see screen/Form.h).
+class RunTimeError : public std::runtime_error {
+public:
+  // The numbers are those that operators quote to the help desk.
+  enum Number {
+    Overflow = 6,
+    TypeMismatch = 13,
+    PermissionDenied = 70,
+    NoCurrentRecord = 3021,
+    NoSuchField = 3265,
+    Closed = 3704,
+    NoSuchNode = 35601
+  };
+
+  RunTimeError(Number number, const QString& description)
+      : std::runtime_error(description.toStdString()), m_number(number), m_description(description)
+  {
+  }
+
+  Number number() const { return m_number; }
+  // The text of the box: number, line break, description.
+  QString text() const { return QStringLiteral("运行时错误 %1：\r\n%2").arg(int(m_number)).arg(m_description); }
+
+private:
+  Number m_number;
+  QString m_description;
+};

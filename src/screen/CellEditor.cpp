@@ -1,0 +1,42 @@
+#include "screen/CellEditor.h"
+
+#include "screen/Form.h"
+
+CellEditor::CellEditor(QObject* parent, Grid& grid) : TextBox(parent, QStringLiteral("Text2")), m_grid(grid)
+{
+  setVisible(false);
+  setTabStop(false);
+}
+
+void CellEditor::lay(const QString& text)
+{
+  // Hidden while it takes the cell's text, so that this is no change by the operator.
+  setVisible(false);
+  setText(text);
+  setVisible(true);
+  emit changed();
+  form().setFocus(*this);
+}
+
+void CellEditor::open(const QString& text)
+{
+  lay(text);
+  selectAll();
+}
+
+void CellEditor::openAtEnd(const QString& text)
+{
+  lay(text);
+  moveCaretToEnd();
+}
+
+void CellEditor::returnToGrid()
+{
+  form().setFocus(m_grid);
+}
+
+void CellEditor::passToGrid(const Key& key)
+{
+  returnToGrid();
+  m_grid.press(key);
+}

@@ -1,0 +1,94 @@
+#include "screen/Control.h"
+
+#include "screen/Form.h"
+
+Control::Control(QObject* parent, const QString& name) : QObject(parent)
+{
+  setObjectName(name);
+}
+
+Form& Control::form() const
+{
+  const QObject* at = this;
+  while (at->parent())
+    at = at->parent();
+  return *qobject_cast<Form*>(const_cast<QObject*>(at));
+}
+
+bool Control::isShown() const
+{
+  return m_visible && (!container() || container()->isShown());
+}
+
+bool Control::isUsable() const
+{
+  return m_enabled && (!container() || container()->isUsable());
+}
+
+void Control::setEnabled(bool enabled)
+{
+  if (m_enabled == enabled)
+    return;
+  m_enabled = enabled;
+  emit changed();
+}
+
+void Control::setVisible(bool visible)
+{
+  if (m_visible == visible)
+    return;
+  m_visible = visible;
+  emit changed();
+}
+
+void Control::setCaption(const QString& caption)
+{
+  if (m_caption == caption)
+    return;
+  m_caption = caption;
+  emit changed();
+}
+
+void Control::click()
+{
+  if (isReachable())
+    form().handle([this] { clicked(); });
+}
+
+void Control::doubleClick()
+{
+  if (isReachable())
+    form().handle([this] { doubleClicked(); });
+}
+
+void Control::clicked()
+{
+  if (onClick)
+    onClick();
+}
+
+void Control::doubleClicked()
+{
+  if (onDoubleClick)
+    onDoubleClick();
+}
+
+bool Control::handleKey(const Key& key)
+{
+  bool swallowed = false;
+  form().handle([&] {
+    swallowed = onKey && onKey(key);
+    if (!swallowed && key.code == Key::Tab) {
+      key.shift ? form().focusPrevious() : form().focusNext();
+      swallowed = true;
+    }
+  });
+  return swallowed;
+}
+
+void Control::press(const Key& key)
+{
+  if (!isReachable() || handleKey(key))
+    return;
+  form().handle([&] { edit(key); });
+}

@@ -1,0 +1,225 @@
+#include "screen/Controls.h"
+
+#include "screen/Form.h"
+
+void TextBox::setText(const QString& text)
+{
+  if (m_text == text)
+    return;
+  m_text = text;
+  m_anchor = m_caret = text.size();
+  emit changed();
+  if (onChange)
+    onChange();
+}
+
+void TextBox::setReadOnly(bool readOnly)
+{
+  if (m_readOnly == readOnly)
+    return;
+  m_readOnly = readOnly;
+  emit changed();
+}
+
+void TextBox::selectAll()
+{
+  m_anchor = 0;
+  m_caret = m_text.size();
+  emit selectionWanted(true);
+}
+
+void TextBox::moveCaretToEnd()
+{
+  m_anchor = m_caret = m_text.size();
+  emit selectionWanted(false);
+}
+
+void TextBox::typed(const QString& text)
+{
+  form().handle([&] { setText(text); });
+}
+
+void TextBox::replaceSelection(const QString& with)
+{
+  const qsizetype from = qMin(m_anchor, m_caret);
+  const qsizetype to = qMax(m_anchor, m_caret);
+  const QString text = m_text.left(from) + with + m_text.mid(to);
+  m_anchor = m_caret = from + with.size();
+  const qsizetype caret = m_caret;
+  setText(text);
+  if (m_text == text)
+    m_anchor = m_caret = caret;
+}
+
+void TextBox::edit(const Key& key)
+{
+  const bool selected = m_anchor != m_caret;
+  switch (key.code) {
+  case Key::Character:
+    if (!m_readOnly)
+      replaceSelection(key.text);
+    return;
+  case Key::Backspace:
+    if (!selected && m_caret > 0)
+      m_anchor = m_caret - 1;
+    if (!m_readOnly)
+      replaceSelection({});
+    return;
+  case Key::Delete:
+    if (!selected && m_caret < m_text.size())
+      m_anchor = m_caret + 1;
+    if (!m_readOnly)
+      replaceSelection({});
+    return;
+  case Key::Left: m_anchor = m_caret = selected ? qMin(m_anchor, m_caret) : qMax<qsizetype>(0, m_caret - 1); return;
+  case Key::Right: m_anchor = m_caret = selected ? qMax(m_anchor, m_caret) : qMin(m_text.size(), m_caret + 1); return;
+  case Key::Home: m_anchor = m_caret = 0; return;
+  case Key::End: m_anchor = m_caret = m_text.size(); return;
+  default: return;
+  }
+}
+
+void ComboBox::setItems(const QStringList& items)
+{
+  if (m_items == items)
+    return;
+  m_items = items;
+  emit changed();
+}
+
+void ComboBox::setEditable(bool editable)
+{
+  m_editable = editable;
+  setReadOnly(!editable);
+}
+
+bool ComboBox::choose(const QString& item)
+{
+  if (!m_items.contains(item))
+    return false;
+  form().handle([&] {
+    setText(item);
+    if (onClick)
+      onClick();
+  });
+  return true;
+}
+
+void DatePicker::setDate(const QDate& date)
+{
+  if (!date.isValid() || m_date == date)
+    return;
+  m_date = date;
+  emit changed();
+  if (onChange)
+    form().handle(onChange);
+}
+
+QString DatePicker::shownText() const
+{
+  return m_date.toString(QStringLiteral("yyyy-MM-dd"));
+}
+
+void CheckBox::setChecked(bool checked)
+{
+  if (m_checked == checked)
+    return;
+  m_checked = checked;
+  emit changed();
+}
+
+void CheckBox::clicked()
+{
+  setChecked(!m_checked);
+  Control::clicked();
+}
+
+void CheckBox::edit(const Key& key)
+{
+  if (key.text == u" ")
+    clicked();
+}
+
+void Option::clicked()
+{
+  const auto siblings = parent()->findChildren<Option*>(QString(), Qt::FindDirectChildrenOnly);
+  for (Option* sibling : siblings)
+    sibling->setChecked(sibling == this);
+  Control::clicked();
+}
+
+void Button::edit(const Key& key)
+{
+  if (key.code == Key::Enter || key.text == u" ")
+    clicked();
+}
+
+void MenuItemArray::setItem(int index, const QString& caption)
+{
+  while (m_captions.size() <= index)
+    m_captions.append(QString());
+  m_captions[index] = caption;
+  emit changed();
+}
+
+bool MenuItemArray::clickItem(int index)
+{
+  if (index < 0 || index >= m_captions.size())
+    return false;
+  if (isReachable() && onItemClick)
+    form().handle([&] { onItemClick(index); });
+  return true;
+}
+
+void ListBox::setItems(const QStringList& items)
+{
+  m_items = items;
+  m_index = -1;
+  emit changed();
+}
+
+void ListBox::setItem(int index, const QString& text)
+{
+  if (index < 0 || index >= m_items.size() || m_items[index] == text)
+    return;
+  m_items[index] = text;
+  emit changed();
+}
+
+void ListBox::select(int index)
+{
+  if (index < 0 || index >= m_items.size())
+    return;
+  m_index = index;
+  emit changed();
+  if (onClick)
+    form().handle(onClick);
+}
+
+void ListBox::edit(const Key& key)
+{
+  if (key.code == Key::Up)
+    select(m_index - 1);
+  else if (key.code == Key::Down)
+    select(m_index + 1);
+}
+
+void ProgressBar::setValue(int value)
+{
+  const int bounded = qBound(0, value, 100);
+  if (m_value == bounded)
+    return;
+  m_value = bounded;
+  emit changed();
+}
+
+ScrollBar::ScrollBar(QObject* parent, const QString& name) : Control(parent, name)
+{
+  setVisible(false);
+}
+
+void ScrollBar::setMaximum(int maximum)
+{
+  m_maximum = qMax(0, maximum);
+  setVisible(m_maximum > 0);
+}

@@ -1,0 +1,263 @@
+#pragma once
+
+#include "screen/Control.h"
+
+#include <QDate>
+#include <QStringList>
+
+// The plain controls of a form. Grid and Tree have files of their own.
+
+// Holds other controls: a frame, a panel, a toolbar, a menu.
+class Container : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+};
+
+class Label : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+};
+
+// One line of text. Setting the text fires onChange as typing does, if the text differs.
+class TextBox : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  QString text() const { return m_text; }
+  void setText(const QString& text);
+  // Nothing can be typed into it; it still takes the focus.
+  bool isReadOnly() const { return m_readOnly; }
+  void setReadOnly(bool readOnly);
+
+  // Marks the whole text, so that the next key replaces it.
+  void selectAll();
+  // Puts the caret behind the last character and marks nothing.
+  void moveCaretToEnd();
+  bool isAllSelected() const { return m_caret == m_text.size() && m_anchor == 0 && !m_text.isEmpty(); }
+
+  QString shownText() const override { return m_text; }
+  bool takesFocus() const override { return true; }
+
+  std::function<void()> onChange;
+
+  // The window's editor has made this of the text.
+  void typed(const QString& text);
+
+signals:
+  // The form wants the whole text marked, or the caret at the end.
+  void selectionWanted(bool all);
+
+protected:
+  void edit(const Key& key) override;
+
+private:
+  void replaceSelection(const QString& with);
+
+  QString m_text;
+  qsizetype m_anchor = 0;
+  qsizetype m_caret = 0;
+  bool m_readOnly = false;
+};
+
+// A drop-down. The text is one of the items, or anything typed if it is editable.
+class ComboBox : public TextBox {
+  Q_OBJECT
+
+public:
+  using TextBox::TextBox;
+
+  QStringList items() const { return m_items; }
+  void setItems(const QStringList& items);
+  void addItem(const QString& item) { setItems(m_items + QStringList(item)); }
+  // Index of the item that the text equals; -1 if it equals none.
+  int index() const { return int(m_items.indexOf(text())); }
+  void setIndex(int index) { setText(m_items.value(index)); }
+
+  bool isEditable() const { return m_editable; }
+  void setEditable(bool editable);
+
+  // The operator picks an item: the text changes, then onClick runs. False if there is none of this text.
+  bool choose(const QString& item);
+
+private:
+  QStringList m_items;
+  bool m_editable = false;
+};
+
+class DatePicker : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  QDate date() const { return m_date; }
+  // An invalid date is passed over: the picker always holds one.
+  void setDate(const QDate& date);
+
+  QString shownText() const override;
+  bool takesFocus() const override { return true; }
+
+  std::function<void()> onChange;
+
+private:
+  QDate m_date{2000, 1, 1};
+};
+
+// A check box, or one of several options in a container, of which at most one is checked.
+class CheckBox : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  bool isChecked() const { return m_checked; }
+  void setChecked(bool checked);
+  bool takesFocus() const override { return true; }
+
+protected:
+  void clicked() override;
+  void edit(const Key& key) override;
+
+private:
+  bool m_checked = false;
+};
+
+class Option : public CheckBox {
+  Q_OBJECT
+
+public:
+  using CheckBox::CheckBox;
+
+protected:
+  void clicked() override;
+};
+
+// A push button. Enter and blank press it.
+class Button : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+  bool takesFocus() const override { return true; }
+
+protected:
+  void edit(const Key& key) override;
+};
+
+// A button with a picture, beside the field that it fills; reached by the mouse, not by Tab.
+class ImageButton : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+};
+
+// A button of a toolbar. It never takes the focus, so the field typed in keeps it.
+class ToolButton : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+};
+
+// A menu, or an item that opens another: a container of its items.
+class Menu : public Container {
+  Q_OBJECT
+
+public:
+  using Container::Container;
+
+  // Opens the menu at the operator's hand.
+  void popUp() { emit poppedUp(); }
+
+signals:
+  void poppedUp();
+};
+
+class MenuItem : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+};
+
+// Menu items that share one name and one handler, told apart by their index, which counts from 0.
+class MenuItemArray : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  QStringList captions() const { return m_captions; }
+  // Makes sure that item `index` exists, and gives it this caption.
+  void setItem(int index, const QString& caption);
+
+  std::function<void(int index)> onItemClick;
+  // The operator clicks item `index`. False if there is none.
+  bool clickItem(int index);
+
+private:
+  QStringList m_captions;
+};
+
+// A list of lines of which one may be current.
+class ListBox : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  QStringList items() const { return m_items; }
+  void setItems(const QStringList& items);
+  void setItem(int index, const QString& text);
+  int index() const { return m_index; }
+  QString text() const { return m_items.value(m_index); }
+  // The operator, or the form, makes an item the current one; onClick runs.
+  void select(int index);
+
+  QString shownText() const override { return text(); }
+  bool takesFocus() const override { return true; }
+
+protected:
+  void edit(const Key& key) override;
+
+private:
+  QStringList m_items;
+  int m_index = -1;
+};
+
+class ProgressBar : public Control {
+  Q_OBJECT
+
+public:
+  using Control::Control;
+
+  // 0 to 100.
+  int value() const { return m_value; }
+  void setValue(int value);
+  QString shownText() const override { return QString::number(m_value); }
+
+private:
+  int m_value = 0;
+};
+
+// Moves the panel of a form that is larger than its window.
+class ScrollBar : public Control {
+  Q_OBJECT
+
+public:
+  ScrollBar(QObject* parent, const QString& name);
+
+  // The window tells how far the panel overhangs, in its own units; the bar shows only then.
+  void setMaximum(int maximum);
+  int maximum() const { return m_maximum; }
+
+private:
+  int m_maximum = 0;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+class Form;
+
+// The operator in front of the screen: message boxes, forms shown to him, the beep, the busy
+// pointer. The windows implement it, and so does the player of operator scripts.
+class Desk {
+public:
+  enum class Icon { None, Information, Question, Warning, Stop };
+  enum class Buttons { Ok, OkCancel, YesNo };
+  enum class Answer { Ok, Cancel, Yes, No };
+
+  struct Box {
+    QString text;
+    Icon icon = Icon::Information;
+    Buttons buttons = Buttons::Ok;
+    QString title = QStringLiteral("系统提示");
+  };
+
+  virtual ~Desk() = default;
+
+  // Shows a box and waits for its answer. A box closed without an answer counts as Cancel or No,
+  // and as Ok where Ok is the only one.
+  virtual Answer ask(const Box& box) = 0;
+
+  // Shows a form and returns at once.
+  virtual void show(Form& form) = 0;
+  // Shows a form over all others and returns when it has been closed.
+  virtual void showModal(Form& form) = 0;
+
+  virtual void beep() = 0;
+  // The pointer of a program that works. Not counted: the last call holds.
+  virtual void setBusy(bool busy) = 0;
+
+  // Boxes that only tell something.
+  void inform(const QString& text) { ask({text}); }
+  void stop(const QString& text) { ask({text, Icon::Stop}); }
+  // Yes or no; true for yes.
+  bool confirm(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo}) == Answer::Yes; }
+};

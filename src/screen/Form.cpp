@@ -1,0 +1,85 @@
+#include "screen/Form.h"
+
+#include "platform/RunTimeError.h"
+
+Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(desk) {}
+
+Form::~Form() = default;
+
+QList<Control*> Form::controls() const
+{
+  return findChildren<Control*>();
+}
+
+void Form::handle(const std::function<void()>& event)
+{
+  // Before a form is shown, an error belongs to whoever starts the program.
+  if (!m_open || m_eventDepth > 0) {
+    event();
+    return;
+  }
+  struct Depth {
+    int& depth;
+    explicit Depth(int& counter) : depth(counter) { ++depth; }
+    ~Depth() { --depth; }
+  };
+  const Depth guard(m_eventDepth);
+  try {
+    event();
+  } catch (const RunTimeError& error) {
+    settleAfterRunTimeError();
+    m_desk.setBusy(false);
+    m_desk.stop(error.text());
+  }
+}
+
+void Form::setFocus(Control& control)
+{
+  if (&control == m_focused || !control.takesFocus() || !control.isReachable())
+    return;
+  handle([&] {
+    Control* const left = m_focused;
+    m_focused = &control;
+    if (left && left->onFocusOut)
+      left->onFocusOut();
+    if (m_focused == &control && control.onFocusIn)
+      control.onFocusIn();
+    emit focusMoved(m_focused);
+  });
+}
+
+void Form::focusNext()
+{
+  moveFocus(1);
+}
+
+void Form::focusPrevious()
+{
+  moveFocus(-1);
+}
+
+void Form::moveFocus(int step)
+{
+  QList<Control*> stops;
+  for (Control* control : controls())
+    if (control == m_focused || (control->takesFocus() && control->isTabStop() && control->isReachable()))
+      stops.append(control);
+  if (stops.isEmpty())
+    return;
+  const qsizetype at = m_focused ? stops.indexOf(m_focused) : (step > 0 ? -1 : 0);
+  setFocus(*stops[(at + step + stops.size()) % stops.size()]);
+}
+
+void Form::opened()
+{
+  m_open = true;
+}
+
+void Form::close()
+{
+  if (!m_open)
+    return;
+  handle([this] { onUnload(); });
+  m_open = false;
+  emit closed();
+}

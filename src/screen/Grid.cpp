@@ -1,0 +1,233 @@
+#include "screen/Grid.h"
+
+#include "screen/Form.h"
+
+Grid::Grid(QObject* parent, const QString& name) : Control(parent, name)
+{
+  setCols(2);
+  setRows(2);
+}
+
+void Grid::setRows(int rows)
+{
+  const int wanted = qMax(1, rows);
+  if (wanted == m_rows.size())
+    return;
+  if (wanted < m_rows.size()) {
+    m_rows.resize(wanted);
+    m_colors.removeIf([wanted](const auto& cell) { return cell.key().first >= wanted; });
+  }
+  m_rows.reserve(wanted);
+  while (m_rows.size() < wanted)
+    m_rows.append(Row{QStringList(cols()), DefaultRowHeight});
+  keepCurrentInside();
+  emit layoutChanged();
+}
+
+void Grid::setCols(int cols)
+{
+  const int wanted = qMax(1, cols);
+  if (wanted == m_columns.size())
+    return;
+  m_columns.resize(wanted);
+  for (Row& row : m_rows)
+    row.texts.resize(wanted);
+  m_colors.removeIf([wanted](const auto& cell) { return cell.key().second >= wanted; });
+  keepCurrentInside();
+  emit layoutChanged();
+}
+
+void Grid::setFixed(int rows, int cols)
+{
+  m_fixedRows = rows;
+  m_fixedCols = cols;
+  emit layoutChanged();
+}
+
+void Grid::clear()
+{
+  for (Row& row : m_rows)
+    row = Row{QStringList(cols()), DefaultRowHeight};
+  m_columns.fill(Column());
+  m_colors.clear();
+  emit layoutChanged();
+}
+
+void Grid::removeRow(int row)
+{
+  if (row < 0 || row >= rows() || rows() == 1)
+    return;
+  m_rows.removeAt(row);
+  m_colors.clear();
+  keepCurrentInside();
+  emit layoutChanged();
+}
+
+QString Grid::text(int row, int col) const
+{
+  return contains(row, col) ? m_rows[row].texts[col] : QString();
+}
+
+void Grid::setText(int row, int col, const QString& text)
+{
+  if (!contains(row, col) || m_rows[row].texts[col] == text)
+    return;
+  m_rows[row].texts[col] = text;
+  emit cellChanged(row, col);
+}
+
+void Grid::setBlock(int firstRow, const QList<QStringList>& texts)
+{
+  const int end = firstRow + int(texts.size());
+  m_rows.reserve(end);
+  while (m_rows.size() < end)
+    m_rows.append(Row{QStringList(cols()), DefaultRowHeight});
+  for (int i = 0; i < texts.size(); ++i) {
+    m_rows[firstRow + i].texts = texts[i];
+    m_rows[firstRow + i].texts.resize(cols());
+  }
+  emit layoutChanged();
+}
+
+int Grid::rowHeight(int row) const
+{
+  return row >= 0 && row < rows() ? m_rows[row].height : 0;
+}
+
+void Grid::setRowHeight(int row, int height)
+{
+  if (row < 0 || row >= rows() || m_rows[row].height == height)
+    return;
+  m_rows[row].height = qMax(0, height);
+  emit layoutChanged();
+}
+
+int Grid::colWidth(int col) const
+{
+  return col >= 0 && col < cols() ? m_columns[col].width : 0;
+}
+
+void Grid::setColWidth(int col, int width)
+{
+  if (col < 0 || col >= cols() || m_columns[col].width == width)
+    return;
+  m_columns[col].width = qMax(0, width);
+  emit layoutChanged();
+}
+
+int Grid::colAlignment(int col) const
+{
+  return col >= 0 && col < cols() ? m_columns[col].alignment : int(AlignDefault);
+}
+
+void Grid::setColAlignment(int col, int alignment)
+{
+  if (col < 0 || col >= cols() || m_columns[col].alignment == alignment)
+    return;
+  m_columns[col].alignment = alignment;
+  emit layoutChanged();
+}
+
+int Grid::cellColor(int row, int col) const
+{
+  return m_colors.value({row, col}, 0);
+}
+
+void Grid::setCellColor(int row, int col, int color)
+{
+  if (!contains(row, col) || cellColor(row, col) == color)
+    return;
+  m_colors.insert({row, col}, color);
+  emit cellChanged(row, col);
+}
+
+void Grid::setCurrent(int row, int col)
+{
+  const int toRow = qBound(0, row, rows() - 1);
+  const int toCol = qBound(0, col, cols() - 1);
+  if (toRow == m_row && toCol == m_col)
+    return;
+  m_row = toRow;
+  m_col = toCol;
+  emit currentChanged();
+  if (onCellChange)
+    onCellChange();
+}
+
+void Grid::setFirstShown(int topRow, int leftCol)
+{
+  m_topRow = topRow;
+  m_leftCol = leftCol;
+}
+
+void Grid::setMarksRow(bool marks)
+{
+  m_marksRow = marks;
+  emit layoutChanged();
+}
+
+void Grid::clickCell(int row, int col)
+{
+  if (!isReachable() || !contains(row, col))
+    return;
+  form().handle([&] {
+    if (onMouseDown)
+      onMouseDown();
+    form().setFocus(*this);
+    setCurrent(row, col);
+    clicked();
+  });
+}
+
+void Grid::doubleClickCell(int row, int col)
+{
+  clickCell(row, col);
+  doubleClick();
+}
+
+void Grid::wheel(int step)
+{
+  if (isReachable() && onWheel)
+    form().handle([&] { onWheel(step); });
+}
+
+void Grid::edit(const Key& key)
+{
+  static constexpr int Page = 10;
+  const int lastRow = rows() - 1;
+  switch (key.code) {
+  case Key::Up: setCurrent(stepRow(m_row, -1), m_col); break;
+  case Key::Down: setCurrent(stepRow(m_row, 1), m_col); break;
+  case Key::Left: setCurrent(m_row, stepCol(m_col, -1)); break;
+  case Key::Right: setCurrent(m_row, stepCol(m_col, 1)); break;
+  case Key::PageUp: setCurrent(qMax(qMin(m_fixedRows, lastRow), m_row - Page), m_col); break;
+  case Key::PageDown: setCurrent(qMin(lastRow, m_row + Page), m_col); break;
+  case Key::Home: setCurrent(m_row, stepCol(m_fixedCols - 1, 1)); break;
+  case Key::End: setCurrent(m_row, stepCol(cols(), -1)); break;
+  default: break;
+  }
+  if (onKeyDown)
+    onKeyDown(key);
+}
+
+void Grid::keepCurrentInside()
+{
+  m_row = qBound(0, m_row, qMax(0, rows() - 1));
+  m_col = qBound(0, m_col, qMax(0, cols() - 1));
+}
+
+int Grid::stepRow(int from, int step) const
+{
+  for (int row = from + step; row >= m_fixedRows && row < rows(); row += step)
+    if (m_rows[row].height > 0)
+      return row;
+  return from;
+}
+
+int Grid::stepCol(int from, int step) const
+{
+  for (int col = from + step; col >= m_fixedCols && col < cols(); col += step)
+    if (m_columns[col].width > 0)
+      return col;
+  return qBound(0, from, cols() - 1);
+}

@@ -1,0 +1,201 @@
+#include "session/ModReadWriteParameters.h"
+
+#include "platform/AnsiText.h"
+#include "platform/DateText.h"
+#include "platform/Machine.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/ModChangeStr.h"
+#include "session/Session.h"
+
+#include <QFile>
+
+#include <variant>
+
+namespace ModReadWriteParameters {
+namespace {
+
+using Params = SessionParams;
+
+struct Field {
+  const char* key;
+  std::variant<QString Params::*, qint16 Params::*, bool Params::*> member;
+  bool trimmedWhenWritten = false;
+};
+
+// The order is part of the format, because a reader only ever reads forward.
+const Field Fields[] = {
+    {"SoftType", &Params::SoftType, true},
+    {"OperatorsNum", &Params::OperatorsNum},
+    {"DatabaseType", &Params::DatabaseType, true},
+    {"VisionNum", &Params::VisionNum, true},
+    {"VisionType", &Params::VisionType, true},
+    {"AccountVisionType", &Params::AccountVisionType, true},
+    {"AccountVisionClass", &Params::AccountVisionClass},
+    {"LoginType", &Params::LoginType, true},
+    {"CalCostType", &Params::CalCostType, true},
+    {"IsJXC", &Params::IsJXC},
+    {"demoData", &Params::demoData},
+    {"IsAccessSQL", &Params::IsAccessSQL},
+    {"IsLotMoney", &Params::IsLotMoney},
+    {"ConDataName", &Params::ConDataName},
+    {"ConDataRemark", &Params::ConDataRemark},
+    {"PrintModleName", &Params::PrintModleName},
+    {"ConDataBaseUID", &Params::ConDataBaseUID},
+    {"ConDataBasePWD", &Params::ConDataBasePWD},
+    {"ConServerIP", &Params::ConServerIP},
+    {"ConPortNum", &Params::ConPortNum},
+    {"OperateType", &Params::OperateType},
+    {"UserName", &Params::UserName},
+    {"UserPSW", &Params::UserPSW},
+    {"UserNum", &Params::UserNum},
+    {"OperateDate", &Params::OperateDate, true},
+    {"CloudAccount", &Params::CloudAccount},
+    {"CloudAccount2", &Params::CloudAccount2},
+    {"OperationsDirective", &Params::OperationsDirective},
+    {"OperationsDirective2", &Params::OperationsDirective2},
+    {"OperationsDirective3", &Params::OperationsDirective3},
+    {"OperationsDirective4", &Params::OperationsDirective4},
+    {"OperationsDirective5", &Params::OperationsDirective5},
+};
+
+// Far more than the longest file of the family.
+constexpr qint64 LargestFile = 1 << 20;
+
+// The lines of the file, read forward and never back.
+class ParameterReader {
+public:
+  explicit ParameterReader(const QByteArray& content)
+  {
+    for (QByteArray line : content.split('\n')) {
+      if (line.endsWith('\r'))
+        line.chop(1);
+      m_lines.append(line);
+    }
+    // What stands behind the last line break is no line.
+    if (!m_lines.isEmpty() && m_lines.last().isEmpty())
+      m_lines.removeLast();
+  }
+
+  // The value of a key, looked for from where the last search ended. Empty if the file ends first,
+  // or if a line comes that is neither a value nor a heading.
+  QString ReadParameter(const QString& key)
+  {
+    while (m_at < m_lines.size()) {
+      const QString line = ModChangeStr::ChangeStrDecode(m_lines[m_at++]);
+      const qsizetype equals = line.indexOf(u'=');
+      const qsizetype colon = line.indexOf(u':');
+      if (equals < 0 && colon < 0)
+        return {};
+      const bool isHeading = colon >= 0 && (equals < 0 || colon < equals);
+      if (isHeading || line.left(equals) != key)
+        continue;
+      m_foundAny = true;
+      return line.mid(equals + 1);
+    }
+    return {};
+  }
+
+  bool foundAny() const { return m_foundAny; }
+
+private:
+  QList<QByteArray> m_lines;
+  qsizetype m_at = 0;
+  bool m_foundAny = false;
+};
+
+void take(Params& params, const Field& field, const QString& value)
+{
+  if (const auto text = std::get_if<QString Params::*>(&field.member))
+    params.** text = value;
+  else if (const auto flag = std::get_if<bool Params::*>(&field.member))
+    params.** flag = Trim(value) == u"1";
+  else
+    params.*std::get<qint16 Params::*>(field.member) = qint16(qBound(-32768.0, NumberText::numericPrefix(value), 32767.0));
+}
+
+QString give(const Params& params, const Field& field)
+{
+  if (const auto text = std::get_if<QString Params::*>(&field.member))
+    return field.trimmedWhenWritten ? Trim(params.**text) : params.**text;
+  if (const auto flag = std::get_if<bool Params::*>(&field.member))
+    return params.**flag ? QStringLiteral("1") : QStringLiteral("0");
+  return NumberText::plain(params.*std::get<qint16 Params::*>(field.member));
+}
+
+bool write(const QString& path, const QByteArray& content)
+{
+  if (QFile::exists(path) && !QFile::remove(path))
+    return false;
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly))
+    return false;
+  const bool written = file.write(content) == content.size() && file.flush();
+  file.close();
+  return written;
+}
+
+} // namespace
+
+bool ReadSystemParameters(const Machine& machine, SessionParams& params)
+{
+  QFile file(machine.inProgramFolder(QString::fromLatin1(FileName)));
+  if (!file.exists() || !file.open(QIODevice::ReadOnly))
+    return false;
+  const QByteArray content = file.read(LargestFile + 1);
+  file.close();
+  file.remove();
+  if (content.size() > LargestFile)
+    return false;
+
+  ParameterReader reader(content);
+  SessionParams read;
+  for (const Field& field : Fields)
+    take(read, field, reader.ReadParameter(QString::fromLatin1(field.key)));
+  if (!reader.foundAny())
+    return false;
+  read.OperateType = read.OperationsDirective;
+  if (!DateText::parse(read.OperateDate))
+    read.OperateDate = DateText::shortForm(machine.today());
+  read.IsAccessSQL = read.DatabaseType == u"Access";
+  params = read;
+  return true;
+}
+
+QByteArray fileContent(const SessionParams& params, const Directives& directives, bool* lossless)
+{
+  SessionParams written = params;
+  written.OperationsDirective = Trim(directives.first);
+  written.OperationsDirective2 = Trim(directives.second);
+  written.OperationsDirective3 = Trim(directives.third);
+  written.OperationsDirective4 = Trim(directives.fourth);
+  written.OperationsDirective5 = Trim(directives.fifth);
+
+  QByteArray content;
+  bool held = true;
+  for (const Field& field : Fields) {
+    const QString line = QString::fromLatin1(field.key) + u'=' + give(written, field);
+    bool lineHeld = true;
+    AnsiText::encode(line, &lineHeld);
+    // A line break inside a value would end its line.
+    held = held && lineHeld && !line.contains(u'\n') && !line.contains(u'\r');
+    content += ModChangeStr::ChangeStrEncode(line) + "\r\n";
+  }
+  if (lossless)
+    *lossless = held;
+  return content;
+}
+
+bool WriteSystemParameters(Session& session, const Directives& directives)
+{
+  const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
+  bool lossless = false;
+  const QByteArray content = fileContent(session.params, directives, &lossless);
+  if (lossless && write(path, content))
+    return true;
+  QFile::remove(path);
+  session.desk.stop(QStringLiteral("参数存取失败！"));
+  return false;
+}
+
+} // namespace ModReadWriteParameters

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "session/SessionParams.h"
+
+class Machine;
+struct Session;
+
+// SysPar.dll in the program folder: the one channel by which the programs of the family hand a
+// session to each other. Text in the ANSI code page, one scrambled "key=value" a line, CR LF, the
+// keys in the order of SessionParams.
+namespace ModReadWriteParameters {
+
+constexpr char FileName[] = "SysPar.dll";
+
+// Reads the file into `params` and deletes it. False, with nothing read, if there is no such file,
+// it cannot be read, it is too large to be one, or not one of its lines carries a key.
+bool ReadSystemParameters(const Machine& machine, SessionParams& params);
+
+// Writes the session with these orders for the program about to be started. On any error shows
+// "参数存取失败！", leaves no file and gives false; a text that the code page cannot hold is one.
+bool WriteSystemParameters(Session& session, const Directives& directives);
+
+// The same without a session, for whoever starts the first program: the bytes of the file.
+// `lossless` tells whether the code page holds every character.
+QByteArray fileContent(const SessionParams& params, const Directives& directives, bool* lossless = nullptr);
+
+} // namespace ModReadWriteParameters

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "database/Recordset.h"
+
+#include <QDate>
+#include <QString>
+
+struct Session;
+
+// The only road to the database. Every statement of the program, writes included, is SQL text built
+// by the routine that needs it and goes through OpenRecordset; there is no transaction anywhere.
+
+// The connection text of the session, after a warning if the account set or the server is not told.
+QString GetConnectionString(Session& session);
+
+// Runs one statement, opening the connection first if it is not open. A failure shows "Error:" with
+// number and description and gives a recordset that is not open: reading that throws, while an
+// insert, update or delete that failed lets the caller go on with its next step.
+Recordset OpenRecordset(Session& session, const QString& sql);
+
+// Closes the connection, as a screen does when it goes; the next statement opens it again.
+void CloseConnection(Session& session);
+
+// The dialect rule: the same thing as the two kinds of database want it written. All SQL text with a
+// date or a cast in it is built with these.
+namespace SqlDialect {
+
+// "#2022-06-08#" or "'2022-06-08'".
+QString date(const Session& session, const QDate& date);
+QString date(const Session& session, const QString& dateText);
+// "cint(DateeY)" or "convert(int,DateeY)".
+QString integer(const Session& session, const QString& column);
+// "isnull(x)" or "x is null".
+QString isNull(const Session& session, const QString& column);
+
+} // namespace SqlDialect

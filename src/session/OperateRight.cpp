@@ -1,0 +1,71 @@
+#include "session/OperateRight.h"
+
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+
+namespace {
+
+constexpr char16_t Administrator[] = u"系统管理员";
+
+// Empty for a kind that there is none of.
+QString allowColumn(RightKind kind)
+{
+  switch (kind) {
+  case RightKind::Read: return "AllowRead";
+  case RightKind::Edit: return "AllowEdit";
+  case RightKind::Delete: return "AllowDelete";
+  case RightKind::Print: return "AllowPrint";
+  case RightKind::Auditing: return "AllowAuditing";
+  }
+  return {};
+}
+
+bool isAllowed(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
+{
+  const QString column = allowColumn(kind);
+  if (operatorName.isEmpty() || functionName.isEmpty() || column.isEmpty())
+    return false;
+  const Recordset rs = OpenRecordset(session, "select " + column + " as Allow from TabOperateRight " + " where UserName='" +
+                                                  Trim(operatorName) + "'" + " and FunctionName='" + Trim(functionName) + "'");
+  return !rs.eof() && rs.number("Allow") == 1;
+}
+
+} // namespace
+
+bool CheckOperateRight(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
+{
+  const bool isCloudSession = !Trim(session.params.CloudAccount).isEmpty() && !Trim(session.params.CloudAccount2).isEmpty();
+  if (isCloudSession && !CheckCloudAccountLogin(session))
+    return false;
+  if (operatorName == Administrator || isAllowed(session, operatorName, functionName, kind))
+    return true;
+  session.desk.inform(QStringLiteral("没有操作权限！"));
+  return false;
+}
+
+bool CheckCloudAccountLogin(Session& session)
+{
+  const SessionParams& params = session.params;
+  if (Trim(params.CloudAccount).isEmpty()) {
+    session.desk.inform(QStringLiteral("不能确定云账号，请退出软件重新登陆！"));
+    return false;
+  }
+  if (Trim(params.CloudAccount2).isEmpty()) {
+    session.desk.inform(QStringLiteral("不能确定子账号，请退出软件重新登陆！"));
+    return false;
+  }
+  const QString localCode = Trim(GetTerminalCode(session));
+  const Recordset rs = OpenRecordset(session, "select UserCode from TabCloudAccountLoginInf  where Account='" + params.CloudAccount + "' " +
+                                                  " and Account2='" + params.CloudAccount2 + "' ");
+  const QString storedCode = rs.eof() ? QString() : rs.trimmed("UserCode");
+  if (!storedCode.isEmpty() && storedCode == localCode)
+    return true;
+  session.desk.inform(QStringLiteral("本云账号已在别的终端设备上登陆，本终端自动终止操作！"));
+  return false;
+}
+
+QString GetTerminalCode(const Session& session)
+{
+  return session.machine.terminalCode();
+}

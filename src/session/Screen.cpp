@@ -1,0 +1,8 @@
+#include "session/Screen.h"
+
+#include "session/ModuleADO.h"
+
+void Screen::onUnload()
+{
+  CloseConnection(session);
+}

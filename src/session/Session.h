@@ -1,0 +1,19 @@
+#pragma once
+
+#include "database/Connection.h"
+#include "platform/Machine.h"
+#include "screen/Desk.h"
+#include "session/DotType.h"
+#include "session/SessionParams.h"
+
+// Everything that one run asks of its surroundings, made at start and handed down by reference.
+struct Session {
+  Desk& desk;
+  Machine& machine;
+  SessionParams params = {};
+  DotType DotSet = {};
+  Connection connection = {};
+
+  // The date of the session; today if it is none.
+  QDate operateDate() const;
+};

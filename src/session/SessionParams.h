@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+// The session as the starting program hands it over in SysPar.dll: which account set, which
+// operator, which date, what to do. Filled once before any screen exists and only read afterwards.
+// The fields bear the names of the file's keys.
+struct SessionParams {
+  QString SoftType;
+  qint16 OperatorsNum = 0;
+  QString DatabaseType; // "SQL", "Access" or "Access2": selects the connection
+  QString VisionNum;
+  QString VisionType; // edition of the suite
+  QString AccountVisionType;
+  qint16 AccountVisionClass = 0;
+  QString LoginType;
+  QString CalCostType;
+  bool IsJXC = false; // inventory and finance kept apart: no vouchers
+  bool demoData = false;
+  bool IsAccessSQL = false; // which column of the dialect rule
+  bool IsLotMoney = false;  // multi-currency accounting
+  QString ConDataName;
+  QString ConDataRemark;
+  QString PrintModleName;
+  QString ConDataBaseUID;
+  QString ConDataBasePWD;
+  QString ConServerIP;
+  QString ConPortNum;
+  QString OperateType;
+  QString UserName;
+  QString UserPSW;
+  qint16 UserNum = 0;
+  QString OperateDate; // always a date
+  QString CloudAccount;
+  QString CloudAccount2;
+  QString OperationsDirective;
+  QString OperationsDirective2;
+  QString OperationsDirective3;
+  QString OperationsDirective4;
+  QString OperationsDirective5;
+};
+
+// The five orders that one program of the family hands to another.
+struct Directives {
+  QString first;
+  QString second = {};
+  QString third = {};
+  QString fourth = {};
+  QString fifth = {};
+};
