@@ -1,0 +1,27 @@
+#include "ledger/BillCode.h"
+
+#include "platform/DateText.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+
+namespace ModFuntion {
+
+QString GetNextBillCode(Session& session, const QString& prefix, const QString& table)
+{
+  const QDate today = session.machine.today();
+  const QString head = Trim(prefix) + today.toString("yyyyMMdd");
+  const Recordset rs = OpenRecordset(session, "select max(Code) as Codee from " + table + " " + " where Code like '" + head + "%' ");
+  const QString highest = rs.eof() ? QString() : rs.trimmed("Codee");
+  if (highest.isEmpty())
+    return head + "0001";
+
+  const QDate stored = DateText::build(highest.mid(3, 4).toInt(), highest.mid(7, 2).toInt(), highest.mid(9, 2).toInt());
+  if (stored != today)
+    return head + "0001";
+  const double serial = NumberText::numericPrefix(highest.mid(11)) + 1;
+  return head + NumberText::ofDouble(serial).rightJustified(4, u'0');
+}
+
+} // namespace ModFuntion

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+struct Session;
+
+namespace ModFuntion {
+
+// The code of a new bill or voucher: prefix, today's date by the machine's clock (eight digits) and
+// a serial of at least four, one above the highest of the day in `table`. The highest is the
+// greatest text, so a day's serial repeats behind 9999. Nothing is reserved: two operators who save
+// in the same instant get the same code, and the writer's own test is the only guard.
+//
+// `prefix` has three letters. A stored code whose date part is no date throws RunTimeError.
+QString GetNextBillCode(Session& session, const QString& prefix, const QString& table);
+
+} // namespace ModFuntion

@@ -1,0 +1,95 @@
+#include "ledger/MasterData.h"
+
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+
+namespace ModFuntion {
+namespace {
+
+struct Trail {
+  QString code;
+  QString path; // the names from below the top level down to the record
+  bool isBelowTop = false;
+};
+
+// Walks from the current row of `rs` up to the top level, whose name is never part of the trail. At
+// most as many steps as the code has characters, so that a circle in the data ends.
+Trail walkUp(Session& session, const QString& table, const Recordset& rs)
+{
+  Trail trail{rs.trimmed("Code"), rs.trimmed("Name")};
+  QString parent = rs.trimmed("ParentCode");
+  const qsizetype depth = rs.text("Code").size();
+  for (qsizetype step = 0; step < depth && parent != u"0"; ++step) {
+    const Recordset above = OpenRecordset(session, "select * from " + table + " Where Code='" + parent + "'");
+    if (above.eof())
+      break;
+    parent = above.trimmed("ParentCode");
+    if (parent == u"0")
+      trail.isBelowTop = true;
+    else
+      trail.path = above.trimmed("Name") + ">" + trail.path;
+  }
+  return trail;
+}
+
+QString flagColumn(const QString& kind)
+{
+  if (kind == u"往来核算")
+    return "WLHS";
+  if (kind == u"部门核算")
+    return "BMHS";
+  if (kind == u"个人核算")
+    return "GRHS";
+  return kind == u"自定义" ? "ZDYHS" : QString();
+}
+
+} // namespace
+
+std::optional<TreeTypeCode> CheckLeafRecord(Session& session, const QString& text, const QString& table, const QString& field)
+{
+  if (text.isEmpty())
+    return std::nullopt;
+  const QString where = field == u"Name" ? " where Name='" : " where Code='";
+  const Recordset rs = OpenRecordset(session, "select * from " + table + where + Trim(text) + "'");
+  if (rs.eof())
+    return std::nullopt;
+  const TreeTypeCode found{rs.text("Code"), rs.text("Name")};
+  const Recordset children = OpenRecordset(session, "select * from  " + table + " where ParentCode='" + found.Code + "'");
+  return children.eof() ? std::optional(found) : std::nullopt;
+}
+
+QString GetAccountPath(Session& session, const QString& code, bool withCode)
+{
+  const Recordset rs = OpenRecordset(session, "select * from TabAccountantType where Code='" + Trim(code) + "'");
+  if (rs.recordCount() != 1)
+    return {};
+  const Trail trail = walkUp(session, "TabAccountantType", rs);
+  return withCode && trail.isBelowTop ? trail.code + ">" + trail.path : trail.path;
+}
+
+QString GetRecordPath(Session& session, const QString& table, const QString& code)
+{
+  if (Trim(table).isEmpty() || Trim(code).isEmpty())
+    return {};
+  const Recordset rs = OpenRecordset(session, "select * from " + Trim(table) + " where Code='" + Trim(code) + "'");
+  if (rs.eof())
+    return {};
+  const Trail trail = walkUp(session, Trim(table), rs);
+  return trail.path.isEmpty() ? QString() : trail.code + ">" + trail.path;
+}
+
+QString GetAuxiliaryValue(Session& session, const QString& kind, const QString& accountCode, const QString& value)
+{
+  const QString column = flagColumn(kind);
+  if (column.isEmpty())
+    return {};
+  const Recordset rs = OpenRecordset(session, "select " + column + " as HS from TabAccountantType where Code='" + Trim(accountCode) + "' ");
+  if (rs.eof())
+    return {};
+  const bool isOn = rs.number("HS") == 1;
+  if (kind == u"自定义")
+    return isOn ? "True" : "False";
+  return isOn ? Trim(value) : QString();
+}
+
+} // namespace ModFuntion
