@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDate>
+#include <QString>
+
+#include <ostream>
+
+// How a failed expectation shows the texts and dates that it compared.
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+  *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QByteArray& bytes, std::ostream* out)
+{
+  *out << bytes.toPercentEncoding(" =").toStdString();
+}
+
+inline void PrintTo(const QDate& date, std::ostream* out)
+{
+  *out << date.toString(Qt::ISODate).toStdString();
+}

@@ -1,0 +1,47 @@
+#include "support/RawDatabase.h"
+
+#include "database/SqliteCollations.h"
+
+#include <QStringList>
+
+#include <sqlite3.h>
+
+namespace {
+
+int appendRow(void* rows, int columns, char** values, char**)
+{
+  QStringList row;
+  for (int i = 0; i < columns; ++i)
+    row.append(values[i] ? QString::fromUtf8(values[i]) : QStringLiteral("NULL"));
+  static_cast<QStringList*>(rows)->append(row.join(u'|'));
+  return 0;
+}
+
+} // namespace
+
+RawDatabase::RawDatabase(const QString& path)
+{
+  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
+    qFatal("cannot open %s", qPrintable(path));
+}
+
+RawDatabase::~RawDatabase()
+{
+  sqlite3_close(m_database);
+}
+
+void RawDatabase::run(const QString& sql)
+{
+  char* error = nullptr;
+  if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK)
+    qFatal("%s: %s", error, qPrintable(sql));
+}
+
+QString RawDatabase::rows(const QString& sql)
+{
+  QStringList found;
+  char* error = nullptr;
+  if (sqlite3_exec(m_database, sql.toUtf8().constData(), appendRow, &found, &error) != SQLITE_OK)
+    qFatal("%s: %s", error, qPrintable(sql));
+  return found.join(u'\n');
+}

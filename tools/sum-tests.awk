@@ -1,0 +1,46 @@
+# Reads what "ctest --verbose" prints, shows the failures and one line for each group of tests, and ends
+# with "N passed, N failed" over all groups. A group ends with such a line of its own; one that dies before
+# it counts as a failure. Exit status 0 only if nothing failed.
+
+# What a group prints comes behind its number: "2: FAILED tests/scripts/...".
+/^[0-9]+: / {
+  group = $1 + 0
+  line = $0
+  sub(/^[0-9]+: /, "", line)
+  if (line ~ /^[0-9]+ passed, [0-9]+ failed$/) {
+    split(line, counts, " ")
+    passed[group] = counts[1]
+    failed[group] = counts[3]
+    told[group] = 1
+  } else if (line !~ /^(Test command: |Working Directory: |Environment variables: ?$| [A-Z_]+=|Test timeout computed|ok |\[=====|\[  PASSED  \]|$)/) {
+    print line
+  }
+  next
+}
+
+# "1/3 Test #2: operator ....   Passed    0.05 sec"
+/^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
+  groups++
+  group = $0
+  sub(/^.*Test +#/, "", group)
+  name = group
+  sub(/^[0-9]+: /, "", name)
+  sub(/ .*$/, "", name)
+  group += 0
+  if ($0 !~ /   Passed  /) {
+    if (!told[group])
+      print name " ended without its result:" substr($0, index($0, "***") + 2)
+    if (failed[group] == 0)
+      failed[group] = 1
+  }
+  printf "%-18s%d passed, %d failed\n", name, passed[group], failed[group]
+  allPassed += passed[group]
+  allFailed += failed[group]
+}
+
+END {
+  if (groups == 0)
+    allFailed = 1
+  printf "%d passed, %d failed\n", allPassed, allFailed
+  exit allFailed > 0
+}
