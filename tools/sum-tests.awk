@@ -29,7 +29,7 @@
   group += 0
   if ($0 !~ /   Passed  /) {
     if (!told[group])
-      print name " ended without its result:" substr($0, index($0, "***") + 2)
+      print name " ended without its result:" substr($0, index($0, "***") + 3)
     if (failed[group] == 0)
       failed[group] = 1
   }

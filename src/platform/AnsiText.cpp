@@ -3,6 +3,18 @@
 #include <QStringConverter>
 
 namespace AnsiText {
+namespace {
+
+// The first byte of a pair stands last, so its second is missing.
+bool endsInsidePair(const QByteArray& bytes)
+{
+  qsizetype at = 0;
+  while (at < bytes.size())
+    at += isLeadByte(static_cast<unsigned char>(bytes[at])) ? 2 : 1;
+  return at > bytes.size();
+}
+
+} // namespace
 
 QByteArray encode(const QString& text, bool* lossless)
 {
@@ -16,7 +28,9 @@ QByteArray encode(const QString& text, bool* lossless)
 QString decode(const QByteArray& bytes)
 {
   QStringDecoder decoder("GBK", QStringConverter::Flag::Stateless);
-  return decoder.decode(bytes);
+  const QString text = decoder.decode(bytes);
+  // The decoder waits for the other half and would leave it out.
+  return endsInsidePair(bytes) ? text + QChar(QChar::ReplacementCharacter) : text;
 }
 
 } // namespace AnsiText

@@ -16,6 +16,8 @@ namespace {
 
 Currency Currency::ofDouble(double value)
 {
+  if (!std::isfinite(value))
+    overflow();
   // Rounded in decimal, so that 1.00005 is a tie as it reads and not as binary holds it.
   QString text = NumberText::ofDouble(value);
   const bool negative = text.startsWith(u'-');

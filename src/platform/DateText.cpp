@@ -20,6 +20,23 @@ int readNumber(QStringView text, qsizetype& at, int most)
   return at == start ? -1 : value;
 }
 
+// "9:30", "09:30:00" or "09:30:00.000": what may stand behind a date.
+bool isTime(QStringView text)
+{
+  qsizetype at = 0;
+  const int hour = readNumber(text, at, 2);
+  if (hour < 0 || hour > 23 || at >= text.size() || text[at++] != u':')
+    return false;
+  int part = readNumber(text, at, 2);
+  if (part >= 0 && part < 60 && at < text.size() && text[at] == u':')
+    part = readNumber(text, ++at, 2);
+  if (part < 0 || part > 59)
+    return false;
+  if (at < text.size() && text[at] == u'.')
+    readNumber(text, ++at, 9);
+  return at == text.size();
+}
+
 } // namespace
 
 std::optional<QDate> parse(QStringView text)
@@ -34,7 +51,8 @@ std::optional<QDate> parse(QStringView text)
   if (month < 0 || at >= trimmed.size() || trimmed[at++] != separator)
     return std::nullopt;
   const int day = readNumber(trimmed, at, 2);
-  if (at < trimmed.size() && trimmed[at] != u' ' && trimmed[at] != u'T')
+  const QStringView behind = trimmed.mid(at);
+  if (!behind.isEmpty() && ((behind[0] != u' ' && behind[0] != u'T') || !isTime(behind.mid(1).trimmed())))
     return std::nullopt;
   const QDate date(year, month, day);
   return date.isValid() ? std::optional(date) : std::nullopt;

@@ -5,12 +5,24 @@
 #include <QString>
 
 #include <ostream>
+#include <string>
 
 // How a failed expectation shows the texts and dates that it compared.
 
 inline void PrintTo(const QString& text, std::ostream* out)
 {
   *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(QStringView text, std::ostream* out)
+{
+  PrintTo(text.toString(), out);
+}
+
+// For the words behind an expectation.
+inline std::string shown(QStringView text)
+{
+  return text.toString().toStdString();
 }
 
 inline void PrintTo(const QByteArray& bytes, std::ostream* out)
