@@ -16,7 +16,8 @@ public:
     NoCurrentRecord = 3021,
     NoSuchField = 3265,
     Closed = 3704,
-    NoSuchNode = 35601
+    NoSuchNode = 35601,
+    NodeNotUnique = 35602
   };
 
   RunTimeError(Number number, const QString& description)

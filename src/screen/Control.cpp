@@ -77,7 +77,7 @@ bool Control::handleKey(const Key& key)
 {
   bool swallowed = false;
   form().handle([&] {
-    swallowed = onKey && onKey(key);
+    swallowed = (onKey && onKey(key)) || (&form() != this && form().onKey && form().onKey(key));
     if (!swallowed && key.code == Key::Tab) {
       key.shift ? form().focusPrevious() : form().focusNext();
       swallowed = true;

@@ -48,7 +48,8 @@ public:
   bool isTabStop() const { return m_tabStop; }
   void setTabStop(bool tabStop) { m_tabStop = tabStop; }
 
-  // Handlers of the form. onKey says whether it swallowed the key.
+  // Handlers of the form. onKey says whether it swallowed the key; one that a control did not swallow
+  // is offered to the onKey of its form.
   std::function<bool(const Key&)> onKey;
   std::function<void()> onClick;
   std::function<void()> onDoubleClick;
@@ -58,7 +59,7 @@ public:
   // Events. Nothing happens on a control that is not reachable.
   void click();
   void doubleClick();
-  // The handlers' part of a key press: onKey, then Tab, which moves the focus. True if the key is
+  // The handlers' part of a key press: onKey here and of the form, then Tab, which moves the focus. True if the key is
   // used up, so that neither the control nor the widget edits with it.
   bool handleKey(const Key& key);
   // A whole key press: the handlers, then what the control itself does with it.

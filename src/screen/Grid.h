@@ -77,7 +77,8 @@ public:
   // Events of the operator.
   void clickCell(int row, int col);
   void doubleClickCell(int row, int col);
-  // A turn of the wheel by `step` eighths of a degree (120 is one notch up).
+  // A turn of the wheel by `step` eighths of a degree (120 is one notch up) with no key held; a window
+  // says nothing of the others.
   void wheel(int step);
 
 signals:

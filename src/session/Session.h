@@ -13,6 +13,8 @@ struct Session {
   SessionParams params = {};
   DotType DotSet = {};
   Connection connection = {};
+  // The node clicked last in the tree picker; it outlives the dialog.
+  QString SelectedCode = {};
 
   // The date of the session; today if it is none.
   QDate operateDate() const;

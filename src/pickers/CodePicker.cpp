@@ -1,0 +1,15 @@
+#include "pickers/CodePicker.h"
+
+#include "pickers/frmCode.h"
+#include "session/Session.h"
+
+namespace CodePicker {
+
+void pick(Session& session, Form& caller, const CodePickerCall& call)
+{
+  frmCode dialog(session, caller, call);
+  dialog.FillMSH(call.sql, QString());
+  session.desk.showModal(dialog);
+}
+
+} // namespace CodePicker

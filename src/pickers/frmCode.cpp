@@ -1,0 +1,265 @@
+#include "pickers/frmCode.h"
+
+#include "database/Recordset.h"
+#include "pickers/CodePicker.h"
+#include "pickers/CodeWriteBack.h"
+#include "platform/Trim.h"
+#include "screen/WheelPaging.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
+#include "session/OperateRight.h"
+#include "session/Session.h"
+
+namespace {
+
+// What differs between the master tables. A table that is not here has no categories and cannot be
+// added to.
+struct MasterTable {
+  const char16_t* name;
+  const char16_t* columns;
+  const char16_t* categories;
+  const char16_t* treeTitle;
+  const char16_t* categoryColumn;
+  const char16_t* right; // also the first order to the program that adds
+  const char16_t* operation;
+};
+
+constexpr MasterTable MasterTables[] = {
+    {u"TabWare", u"Code,Name,Spec,Unite,ZJF ", u"TabWareType", u"商品分类列表", u"TypeCode", u"商品信息录入", u"商品资料"},
+    {u"TabProvide", u"Code,Name", u"TabClientType", u"往来单位分类列表", u"TypeCode", u"往来单位信息录入", u"往来单位资料"},
+    {u"TabClient", u"Code,Name", u"TabClientType", u"往来单位分类列表", u"TypeCode", u"往来单位信息录入", u"往来单位资料"},
+    {u"TabStuff", u"Code,Name", u"TabDepartmentType", u"人员所在部门列表", u"DepartmentCode", u"员工信息录入", u"员工资料"},
+};
+
+QString text(const char16_t* literal)
+{
+  return QString::fromUtf16(literal);
+}
+
+const MasterTable* masterTable(const QString& name)
+{
+  for (const MasterTable& table : MasterTables)
+    if (name == QStringView(table.name))
+      return &table;
+  return nullptr;
+}
+
+struct Column {
+  const char16_t* heading;
+  int width;
+};
+
+constexpr Column WareColumns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 1500}, {u"规格", 1500}, {u"单位", 1000}, {u"助记符", 1000}};
+constexpr Column PlainColumns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 3000}};
+
+} // namespace
+
+frmCode::frmCode(Session& ofSession, Form& ofCaller, const CodePickerCall& call)
+    : Form(ofSession.desk, "frmCode"), session(ofSession), caller(ofCaller), CodeTable(call.CodeTable), ReturnField(call.ReturnField)
+{
+  setCaption(call.title);
+  LabName.setCaption(call.title);
+  LabListAttention.setCaption(QStringLiteral("商品类别列表"));
+  TreeView_Type.setToolTip(QStringLiteral("双击类别则按类别过滤"));
+  LabCode.setCaption(QStringLiteral("编号"));
+  LabTxtName.setCaption(QStringLiteral("名称"));
+  LabZJF.setCaption(QStringLiteral("助记符"));
+  Label3.setCaption(QStringLiteral("注意：在编号或名称或助记符中输入相应值击回车键可快速查询（支持模糊查询）。"));
+  CmdAdd.setCaption(QStringLiteral("增 加"));
+  CmdAdd.setVisible(call.offersAdd);
+  CmdRefresh.setCaption(QStringLiteral("刷  新"));
+  CmdOK.setCaption(QStringLiteral("确  定"));
+  CmdExit.setCaption(QStringLiteral("退  出"));
+  wire();
+  setFocus(MSH);
+}
+
+void frmCode::wire()
+{
+  wireGrid();
+  TreeView_Type.onNodeClick = [this](const QString& key) { TreeView_Type_NodeClick(key); };
+  TreeView_Type.onNodeDoubleClick = [this](const QString&) { TreeView_Type_DblClick(); };
+  const auto searchOnEnter = [this](TextBox& box, const QString& column, const QString& ahead) {
+    box.onKey = [this, &box, column, ahead](const Key& key) {
+      if (key.code != Key::Enter)
+        return false;
+      search("  where " + column + "  like '" + ahead + Trim(box.text()) + "%'");
+      return true;
+    };
+  };
+  searchOnEnter(TxtCode, "Code", "");
+  searchOnEnter(TxtName, "Name", "%");
+  searchOnEnter(TxtZJF, "ZJF", "%");
+  CmdOK.onClick = [this] { CmdOK_Click(); };
+  CmdAdd.onClick = [this] { CmdAdd_Click(); };
+  CmdRefresh.onClick = [this] { RefreshList(QString()); };
+  CmdExit.onClick = [this] { close(); };
+  onKey = [this](const Key& key) {
+    if (key.code == Key::Escape)
+      close();
+    return key.code == Key::Escape;
+  };
+}
+
+void frmCode::wireGrid()
+{
+  MSH.setMarksRow(true);
+  MSH.onClick = [this] { MSH_Click(); };
+  MSH.onDoubleClick = [this] { CmdOK_Click(); };
+  MSH.onKey = [this](const Key& key) { return keyOfGrid(key); };
+  turnPagesByWheel(MSH);
+}
+
+bool frmCode::keyOfGrid(const Key& key)
+{
+  if (key.code == Key::Enter) {
+    MSH_Click();
+    CmdOK_Click();
+    return true;
+  }
+  if (key.code != Key::Character || Trim(key.text).isEmpty())
+    return false;
+  setFocus(TxtName);
+  TxtName.selectAll();
+  TxtName.press(key);
+  return true;
+}
+
+bool frmCode::listsWares() const
+{
+  return LabName.caption() == u"选择商品";
+}
+
+void frmCode::FillMSH(const QString& left, const QString& right)
+{
+  BaseSql = left;
+  desk().setBusy(true);
+  MSH.clear();
+  MSH.setRows(2);
+  layOutGrid();
+  showRows(OpenRecordset(session, left + right));
+  loadTree();
+  desk().setBusy(false);
+}
+
+void frmCode::layOutGrid()
+{
+  const auto lay = [this](const auto& columns) {
+    MSH.setCols(int(std::size(columns)));
+    for (int col = 0; col < MSH.cols(); ++col) {
+      MSH.setText(0, col, text(columns[col].heading));
+      MSH.setColWidth(col, columns[col].width);
+    }
+  };
+  listsWares() ? lay(WareColumns) : lay(PlainColumns);
+}
+
+void frmCode::showRows(const Recordset& rs)
+{
+  const RowSet& rows = rs.rows();
+  const int fields = qMin(int(rows.names().size()), MSH.cols() - 1);
+  QList<QStringList> texts;
+  texts.reserve(rows.rows());
+  for (std::int64_t row = 0; row < rows.rows(); ++row) {
+    QStringList line;
+    line.reserve(MSH.cols());
+    line.append(QString::number(row + 1));
+    for (int field = 0; field < fields; ++field)
+      line.append(rows.value(row, field).toText());
+    line.resize(MSH.cols());
+    texts.append(std::move(line));
+  }
+  // An empty list leaves one blank row.
+  if (texts.isEmpty())
+    texts.append({QStringLiteral("1")});
+  MSH.setBlock(1, texts);
+}
+
+// A category whose parent is not there ends the load with a box; the dialog goes on with those that
+// were loaded by then.
+void frmCode::loadTree()
+{
+  const MasterTable* const table = masterTable(CodeTable);
+  LabListAttention.setCaption(table ? text(table->treeTitle) : QString());
+  const QString current = TreeView_Type.current();
+  const auto error = TreeView_Type.fill([&] {
+    if (table)
+      loadCategories(text(table->categories));
+  });
+  if (error) {
+    desk().setBusy(false);
+    desk().stop(error->text());
+  }
+  TreeView_Type.setExpanded(TreeView_Type.firstKey(), true);
+  TreeView_Type.setCurrent(current);
+}
+
+void frmCode::loadCategories(const QString& table)
+{
+  for (Recordset rs = OpenRecordset(session, "select * from " + table + " order by Code "); !rs.eof(); rs.moveNext()) {
+    const QString key = Trim(rs.text("Code")) + "_";
+    const QString shown = Trim(rs.text("Code")) + "{" + Trim(rs.text("Name")) + "}";
+    if (rs.text("ParentCode") == u"0")
+      TreeView_Type.addTop(key, shown, Tree::Image::ParentPic);
+    else
+      TreeView_Type.addChild(rs.text("ParentCode") + "_", key, shown, Tree::Image::ChildPic);
+  }
+}
+
+void frmCode::TreeView_Type_NodeClick(const QString& key)
+{
+  TreeCode = key.chopped(1);
+}
+
+void frmCode::TreeView_Type_DblClick()
+{
+  const MasterTable* const table = masterTable(CodeTable);
+  if (!table)
+    return;
+  QString left = "select " + text(table->columns) + " from " + CodeTable + "  ";
+  // The top category "1" stands for all records.
+  if (!TreeCode.isEmpty() && TreeCode != u"1")
+    left += " where " + text(table->categoryColumn) + " like '" + TreeCode + "%' ";
+  FillMSH(left, "order by Code ");
+}
+
+void frmCode::RefreshList(const QString& filter)
+{
+  if (listsWares())
+    FillMSH(" select Code,Name,Spec,Unite,ZJF from " + CodeTable + "  ", "  " + filter + "order by Code ");
+  else if (!CodeTable.isEmpty())
+    FillMSH("select Code,Name from " + CodeTable + "  ", "  " + filter + "order by Code  ");
+  else
+    FillMSH(BaseSql, "  " + filter + "  order by code ");
+}
+
+void frmCode::search(const QString& filter)
+{
+  RefreshList(filter);
+  setFocus(MSH);
+}
+
+void frmCode::MSH_Click()
+{
+  if (MSH.row() == 0)
+    return;
+  TxtCode.setText(Trim(MSH.text(MSH.row(), 1)));
+  TxtName.setText(Trim(MSH.text(MSH.row(), 2)));
+}
+
+void frmCode::CmdOK_Click()
+{
+  if (Trim(TxtCode.text()).isEmpty()) {
+    desk().inform(QStringLiteral("请选择名称！"));
+    return;
+  }
+  CodeWriteBack::write(session, caller, {CodeTable, ReturnField, TxtCode.text(), TxtName.text()});
+  close();
+}
+
+void frmCode::CmdAdd_Click()
+{
+  const MasterTable* const table = masterTable(CodeTable);
+  if (table && CheckOperateRight(session, session.params.UserName, text(table->right), RightKind::Read))
+    Mod_ZORVEKMain::RunSiblingProgram(session, text(table->operation), {text(table->right), QStringLiteral("临时增加")});
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "screen/Controls.h"
+#include "screen/Form.h"
+#include "screen/Grid.h"
+#include "screen/Tree.h"
+
+struct CodePickerCall;
+class Recordset;
+struct Session;
+
+// The dialog that picks one record of a master table: a tree of categories at the left narrows the
+// list at the right, three boxes search it. The boxes also hold the choice, and OK writes back what
+// stands in them, picked or typed. The list has the focus when the dialog comes up: arrows move in
+// it, Enter takes the row, a character goes on into the search by name, Esc leaves.
+class frmCode : public Form {
+  Q_OBJECT
+
+public:
+  frmCode(Session& ofSession, Form& ofCaller, const CodePickerCall& call);
+
+  // Lists what the two parts of one statement find, and loads the categories anew. RunTimeError if
+  // the statement fails; the list is empty then.
+  void FillMSH(const QString& left, const QString& right);
+
+private:
+  void wire();
+  void wireGrid();
+  bool keyOfGrid(const Key& key);
+  void layOutGrid();
+  void showRows(const Recordset& rs);
+  bool listsWares() const;
+
+  void loadTree();
+  void loadCategories(const QString& table);
+  void TreeView_Type_NodeClick(const QString& key);
+  void TreeView_Type_DblClick();
+
+  void RefreshList(const QString& filter);
+  void search(const QString& filter);
+  void MSH_Click();
+  void CmdOK_Click();
+  void CmdAdd_Click();
+
+  Session& session;
+  Form& caller;
+  const QString CodeTable;
+  const QString ReturnField;
+  QString BaseSql;  // what the last list was built from
+  QString TreeCode; // code of the category clicked last
+
+  Label LabName{this, "LabName"};
+  Label LabListAttention{this, "LabListAttention"};
+  Grid MSH{this, "MSH"};
+  Label LabCode{this, "LabCode"};
+  TextBox TxtCode{this, "TxtCode"};
+  Label LabTxtName{this, "LabTxtName"};
+  TextBox TxtName{this, "TxtName"};
+  Label LabZJF{this, "LabZJF"};
+  TextBox TxtZJF{this, "TxtZJF"};
+  Label Label3{this, "Label3"};
+  Button CmdOK{this, "CmdOK"};
+  Button CmdExit{this, "CmdExit"};
+  Button CmdRefresh{this, "CmdRefresh"};
+  Button CmdAdd{this, "CmdAdd"};
+  Tree TreeView_Type{this, "TreeView_Type"};
+};

@@ -1,0 +1,127 @@
+#include "pickers/frmWarehouseSelect.h"
+
+#include "pickers/TreePicker.h"
+#include "pickers/TreeWriteBack.h"
+#include "platform/Trim.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+
+namespace {
+
+constexpr char16_t ChartOfAccounts[] = u"TabAccountantType";
+
+} // namespace
+
+frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, Form& ofCaller, const TreePickerCall& call)
+    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), caller(ofCaller), TreeTable(call.TreeTable),
+      TreeWhere(call.TreeWhere), TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
+{
+  setCaption(QStringLiteral("选择会计科目"));
+  File.setCaption(QStringLiteral("文件(&S)"));
+  FEixt.setCaption(QStringLiteral("退出(&E)"));
+  ToolSelect.setCaption(QStringLiteral("选择"));
+  ToolAdd.setCaption(QStringLiteral("增加"));
+  ToolRefresh.setCaption(QStringLiteral("刷新"));
+  ToolExit.setCaption(QStringLiteral("退出"));
+  wire();
+  setFocus(TreeView);
+}
+
+void frmWarehouseSelect::wire()
+{
+  FEixt.onClick = ToolExit.onClick = [this] { close(); };
+  ToolSelect.onClick = [this] { Select(); };
+  ToolAdd.onClick = [this] { ToolAdd_Click(); };
+  ToolRefresh.onClick = [this] { cmdLoad_Click(); };
+  TreeView.onNodeClick = [this](const QString& key) { session.SelectedCode = key.chopped(1); };
+  TreeView.onNodeDoubleClick = [this](const QString&) { Select(); };
+  onKey = [this](const Key& key) {
+    if (key.code == Key::Escape)
+      close();
+    return key.code == Key::Escape;
+  };
+}
+
+void frmWarehouseSelect::cmdLoad_Click()
+{
+  if (TreeKind == u"收入科目" || TreeKind == u"费用科目")
+    ToolAdd.setVisible(false);
+  if (TreeTable != ChartOfAccounts)
+    setCaption(QStringLiteral("选择仓库"));
+  desk().setBusy(true);
+  const QString current = TreeView.current();
+  // A row whose parent is not there ends the load with a box; the nodes loaded by then can be taken.
+  if (const auto error = TreeView.fill([this] { loadNodes(); })) {
+    desk().setBusy(false);
+    desk().stop(error->text());
+  }
+  TreeView.sortChildren(TreeView.firstKey());
+  TreeView.setExpanded(TreeView.firstKey(), true);
+  TreeView.setCurrent(TreeView.contains(current) ? current : TreeView.firstKey());
+  desk().setBusy(false);
+}
+
+// FC=1 marks accounts that are out of use. The plain "and" binds to the last alternative of a WHERE
+// text that has no brackets, so that the lists of the line grids may show such accounts.
+QString frmWarehouseSelect::listStatement() const
+{
+  const QString order = " order by Code ";
+  if (TreeTable != ChartOfAccounts)
+    return "select * from " + TreeTable + "  " + TreeWhere + " " + order;
+  if (TreeWhere.isEmpty())
+    return "select * from " + TreeTable + " where FC<>1  " + order;
+  return "select * from " + TreeTable + " " + TreeWhere + " and  FC<>1  " + order;
+}
+
+void frmWarehouseSelect::loadNodes()
+{
+  for (Recordset rs = OpenRecordset(session, listStatement()); !rs.eof(); rs.moveNext()) {
+    const QString key = rs.text("Code") + "_";
+    const QString shown = rs.text("Code") + "{" + rs.text("Name") + "}";
+    const QString parent = rs.text("ParentCode");
+    if (parent == u"0") {
+      TreeView.addTop(key, shown, Tree::Image::ParentPic);
+      continue;
+    }
+    if (TreeView.isEmpty())
+      addRoot(parent);
+    TreeView.addChild(parent + "_", key, shown, Tree::Image::ChildPic);
+  }
+}
+
+// The root of a list that holds a branch only. Its label is also where the choice goes, so that a
+// list of cash or bank accounts goes to the boxes of its kind.
+void frmWarehouseSelect::addRoot(const QString& code)
+{
+  if (code == u"1001")
+    TreeTarget = QStringLiteral("现金");
+  else if (code == u"1002")
+    TreeTarget = QStringLiteral("银行存款");
+  TreeView.addTop(code + "_", code + "{" + TreeTarget + "}", Tree::Image::ParentPic);
+}
+
+void frmWarehouseSelect::Select()
+{
+  const QString code = Trim(session.SelectedCode);
+  if (session.SelectedCode.isEmpty()) {
+    desk().inform(QStringLiteral("请选择名称！"));
+    return;
+  }
+  if (code.size() <= 1) {
+    desk().inform(QStringLiteral("不允许选择根目录！"));
+    return;
+  }
+  const Recordset rs = OpenRecordset(session, "select Name from " + TreeTable + " where Code='" + code + "'");
+  const QString name = rs.eof() ? QString() : rs.text("Name");
+  TreeWriteBack::write(caller, {TreeTable, TreeKind, TreeTarget, code, name});
+  close();
+}
+
+void frmWarehouseSelect::ToolAdd_Click()
+{
+  if (TreeTable == ChartOfAccounts)
+    Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("现金银行资料"), {QStringLiteral("现金银行设置")});
+  else if (TreeTable == u"TabWarehouseType")
+    Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("仓库资料"), {QStringLiteral("仓库分类设置")});
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "screen/Controls.h"
+#include "screen/Form.h"
+#include "screen/Tree.h"
+
+struct Session;
+struct TreePickerCall;
+
+// The dialog that picks one node of a coded tree: an account of the chart, and by design also a
+// warehouse. Any node below the top level can be taken, a group as well as a leaf; the bill refuses
+// groups when it is saved. Arrows move in the tree, Enter takes the node, Esc leaves.
+//
+// The node clicked last is kept in the session, so that it can be taken again when the dialog next
+// comes up.
+class frmWarehouseSelect : public Form {
+  Q_OBJECT
+
+public:
+  frmWarehouseSelect(Session& ofSession, Form& ofCaller, const TreePickerCall& call);
+
+  // Builds the tree anew from the table and the WHERE text. RunTimeError if it cannot be read.
+  void cmdLoad_Click();
+
+private:
+  void wire();
+  QString listStatement() const;
+  void loadNodes();
+  void addRoot(const QString& code);
+  void Select();
+  void ToolAdd_Click();
+
+  Session& session;
+  Form& caller;
+  const QString TreeTable;
+  const QString TreeWhere;
+  const QString TreeKind;
+  QString TreeTarget; // where the choice goes, and the label of a root that the list does not hold
+
+  Menu File{this, "File"};
+  MenuItem FEixt{&File, "FEixt"};
+  Container Toolbar1{this, "Toolbar1"};
+  ToolButton ToolSelect{&Toolbar1, "ToolSelect"};
+  ToolButton ToolAdd{&Toolbar1, "ToolAdd"};
+  ToolButton ToolRefresh{&Toolbar1, "ToolRefresh"};
+  ToolButton ToolExit{&Toolbar1, "ToolExit"};
+  Tree TreeView{this, "TreeView"};
+};
