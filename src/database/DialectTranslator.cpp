@@ -32,9 +32,14 @@ QString refusalOf(const QString& sql, const Tokens& tokens)
 {
   if (hasBrokenCharacter(sql))
     return QStringLiteral("语句含有无效字符");
-  for (const SqlToken& token : tokens)
+  for (const SqlToken& token : tokens) {
     if (token.open)
       return QStringLiteral("语句中的引号或日期没有结束：%1").arg(token.text.left(60));
+    // The system writes none: it is a value out of its quotes, or two signs ("a--5"), and would cut
+    // the rest of the statement off.
+    if (token.kind == SqlToken::Blank && !token.text[0].isSpace())
+      return QStringLiteral("语句中不允许注释：%1").arg(token.text.left(60));
+  }
   const std::size_t first = skipBlanks(tokens, 0);
   static constexpr const char* Allowed[] = {"select", "insert", "update", "delete"};
   bool allowed = false;

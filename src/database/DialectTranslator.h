@@ -14,7 +14,7 @@ struct Translation {
 };
 
 // For the embedded engine. Refused: anything but one select, insert, update or delete; a text or
-// date that does not end; a NUL character or half a surrogate pair, which drivers cut off silently.
+// date that does not end; a comment; a NUL character or half a surrogate pair, which drivers cut off silently.
 Translation forEmbedded(const QString& sql);
 
 } // namespace DialectTranslator

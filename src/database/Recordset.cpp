@@ -17,7 +17,7 @@ bool Recordset::bof() const
 bool Recordset::eof() const
 {
   requireOpen();
-  return m_at >= m_rows.rows();
+  return m_at >= m_rows.rows() || m_rows.rows() == 0;
 }
 
 void Recordset::moveFirst()

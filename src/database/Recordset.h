@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/RowSet.h"
+#include "platform/Trim.h"
 
 #include <QString>
 
@@ -28,7 +29,7 @@ public:
   // is not open, there is no such field, or there is no current row.
   Value field(const QString& name) const;
   QString text(const QString& name) const { return field(name).toText(); }
-  QString trimmed(const QString& name) const { return text(name).trimmed(); }
+  QString trimmed(const QString& name) const { return Trim(text(name)); }
   double number(const QString& name) const { return field(name).toNumber(); }
 
   // All rows, for a list that shows them as they are.

@@ -17,11 +17,22 @@ bool isDigit(char c)
   return c >= '0' && c <= '9';
 }
 
-// "yyyy-MM-dd" and nothing else: the form in which this system writes, compared byte by byte.
+int twoDigits(const char* text)
+{
+  return isDigit(text[0]) && isDigit(text[1]) ? (text[0] - '0') * 10 + (text[1] - '0') : -1;
+}
+
+// "yyyy-MM-dd" and nothing else, the form in which this system writes, compared byte by byte. It must
+// be a day that exists, or it would stand among the dates here and behind them elsewhere; the 29th of
+// February is left to the slow way.
 bool isIsoDay(const char* text, int size)
 {
-  return size == 10 && isDigit(text[0]) && isDigit(text[1]) && isDigit(text[2]) && isDigit(text[3]) && text[4] == '-' && isDigit(text[5]) &&
-         isDigit(text[6]) && text[7] == '-' && isDigit(text[8]) && isDigit(text[9]);
+  if (size != 10 || text[0] < '1' || text[0] > '9' || !isDigit(text[1]) || twoDigits(text + 2) < 0 || text[4] != '-' || text[7] != '-')
+    return false;
+  static constexpr int DaysOf[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const int month = twoDigits(text + 5);
+  const int day = twoDigits(text + 8);
+  return month >= 1 && month <= 12 && day >= 1 && day <= DaysOf[month];
 }
 
 // Compares as bytes; the shorter of two that agree comes first.

@@ -1,0 +1,260 @@
+#include "database/EmbeddedEngine.h"
+
+#include "database/Connection.h"
+#include "platform/RunTimeError.h"
+#include "support/Printing.h"
+#include "support/RawDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// Gives up the rights of the administrator for a while, since nothing is read-only to him.
+struct AsOrdinaryUser {
+  AsOrdinaryUser()
+  {
+    if (geteuid() == 0)
+      worked = seteuid(65534) == 0;
+  }
+  ~AsOrdinaryUser()
+  {
+    if (getuid() == 0)
+      worked = seteuid(0) == 0;
+  }
+  bool worked = true;
+};
+
+struct EmbeddedEngineTest : testing::Test {
+  QTemporaryDir folder;
+  QString path = folder.filePath(u"set.mdb"_s);
+
+  // A file with the table Bill(Code, Datee, Moneyy) and these rows.
+  void makeFile(const QString& rows = u"('B1','2022-06-08',1.5)"_s)
+  {
+    RawDatabase file(path);
+    file.run(u"create table Bill(Code text collate nocase primary key, Datee text collate ZDATE, Moneyy real);"
+             "create index BillDatee on Bill(Datee)"_s);
+    if (!rows.isEmpty())
+      file.run(u"insert into Bill values"_s + rows);
+  }
+
+  std::unique_ptr<Engine> open()
+  {
+    auto opening = EmbeddedEngine::open(path, 20ms);
+    EXPECT_TRUE(opening.engine) << shown(opening.error.description);
+    return std::move(opening.engine);
+  }
+
+  // The first column of a query's rows, joined; or the words of the error.
+  QString firstColumn(const QString& sql)
+  {
+    const StatementResult result = open()->execute(sql);
+    if (result.error)
+      return u"error: "_s + result.error->description;
+    QStringList values;
+    for (std::int64_t row = 0; row < result.rows.rows(); ++row)
+      values.append(result.rows.value(row, 0).toText());
+    return values.join(u' ');
+  }
+
+  void write(const QByteArray& content)
+  {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  QString refusal()
+  {
+    const auto opening = EmbeddedEngine::open(path, 20ms);
+    EXPECT_FALSE(opening.engine);
+    EXPECT_NE(opening.error.number, 0);
+    return opening.error.description;
+  }
+};
+
+} // namespace
+
+TEST_F(EmbeddedEngineTest, OpensOnlyADatabaseFileThatIsThere)
+{
+  EXPECT_EQ(refusal(), u"找不到数据库文件："_s + path);
+  EXPECT_FALSE(QFile::exists(path)) << "opening must not make a file";
+  write({});
+  EXPECT_EQ(refusal(), u"不可识别的数据库格式："_s + path);
+  write("This is a text, and a long one, with more characters than a header has.");
+  EXPECT_EQ(refusal(), u"不可识别的数据库格式："_s + path);
+  QFile::remove(path);
+  QDir().mkdir(path);
+  EXPECT_EQ(refusal(), u"不是数据库文件："_s + path);
+}
+
+TEST_F(EmbeddedEngineTest, ADamagedFileIsAnErrorAndNoCrash)
+{
+  makeFile();
+  QFile file(path);
+  ASSERT_TRUE(file.resize(1000));
+  const auto cutOff = EmbeddedEngine::open(path, 20ms);
+  EXPECT_TRUE(!cutOff.engine || cutOff.engine->execute(u"select * from Bill"_s).error);
+  write(QByteArray("SQLite format 3\0", 16) + QByteArray(5000, '\xA5'));
+  const auto garbage = EmbeddedEngine::open(path, 20ms);
+  EXPECT_TRUE(!garbage.engine || garbage.engine->execute(u"select * from Bill"_s).error);
+}
+
+TEST_F(EmbeddedEngineTest, AReadOnlyFileIsReadAndNotWritten)
+{
+  constexpr QFile::Permissions Readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+  makeFile();
+  QFile(folder.path()).setPermissions(Readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther);
+  QFile(path).setPermissions(Readable);
+  {
+    const AsOrdinaryUser user;
+    ASSERT_TRUE(user.worked);
+    const auto engine = open();
+    EXPECT_EQ(engine->execute(u"select * from Bill"_s).rows.rows(), 1);
+    const StatementResult result = engine->execute(u"delete from Bill"_s);
+    ASSERT_TRUE(result.error);
+    EXPECT_EQ(result.error->description, u"attempt to write a readonly database"_s);
+  }
+  QFile(folder.path()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  EXPECT_EQ(firstColumn(u"select Code from Bill"_s), u"B1"_s);
+}
+
+TEST_F(EmbeddedEngineTest, AFileLockedByAnotherProgramIsAnErrorUntilItIsFree)
+{
+  makeFile();
+  RawDatabase other(path);
+  const auto engine = open();
+  other.run(u"begin exclusive"_s);
+  EXPECT_TRUE(engine->execute(u"select * from Bill"_s).error);
+  EXPECT_TRUE(engine->execute(u"delete from Bill"_s).error);
+  EXPECT_EQ(refusal(), u"database is locked"_s);
+  other.run(u"commit"_s);
+  EXPECT_EQ(engine->execute(u"select * from Bill"_s).rows.rows(), 1);
+}
+
+TEST_F(EmbeddedEngineTest, AReadRecordsetBlocksNobody)
+{
+  makeFile(u"('B1','2022-06-08',1),('B2','2022-06-08',2)"_s);
+  const auto engine = open();
+  const StatementResult read = engine->execute(u"select * from Bill"_s);
+  RawDatabase(path).run(u"delete from Bill where Code='B1'"_s);
+  EXPECT_EQ(read.rows.rows(), 2);
+}
+
+TEST_F(EmbeddedEngineTest, DatesCompareByTheDayHoweverTheyAreWritten)
+{
+  makeFile(u"('a','2022-6-1',0),('b','2022/06/01',0),('c','2022-06-01 09:00:00',0),('d','2021-12-31',0),('e','2022-10-1',0),"
+           "('f','',0),('g','abc',0),('h','2022-02-30',0),('i','2024-02-29',0)"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill where Datee=#2022-06-01# order by Code"_s), u"a b c"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill where Datee<'2022-06-01'"_s), u"d"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill where Datee>#2022-6-1# and Datee<='2024-2-29' order by Code"_s), u"e i"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill order by Datee,Code"_s), u"d a b c e i f h g"_s);
+}
+
+TEST_F(EmbeddedEngineTest, TheOrderOfDatesIsOneOrder)
+{
+  // An index over an order that contradicts itself loses rows.
+  const QStringList dates{u"2022-13-01"_s, u"2022-06-08"_s, u"2023/1/1"_s,   u"2023-01-01"_s, u"2022-02-29"_s, u"2022-2-28"_s,
+                          u"2022-03-01"_s, u"0000-01-01"_s, u"2024-02-29"_s, u"2024-2-29"_s,  u"2024-03-01"_s, u"x"_s};
+  makeFile({});
+  RawDatabase file(path);
+  for (qsizetype i = 0; i < dates.size(); ++i)
+    file.run(u"insert into Bill values('%1','%2',0)"_s.arg(i).arg(dates[i]));
+  EXPECT_EQ(file.rows(u"pragma integrity_check"_s), u"ok"_s);
+  for (const QString& a : dates)
+    for (const QString& b : dates)
+      for (const QString& c : dates) {
+        const QString sql = u"select '%1'<='%2' collate ZDATE and '%2'<='%3' collate ZDATE and not '%1'<='%3' collate ZDATE"_s;
+        EXPECT_EQ(file.rows(sql.arg(a, b, c)), u"0"_s) << shown(a + u' ' + b + u' ' + c);
+      }
+}
+
+TEST_F(EmbeddedEngineTest, TextsCompareWithoutTheCaseOfLatinLetters)
+{
+  makeFile(u"('fkd华联','2022-06-08',0)"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill where Code='FKD华联'"_s), u"fkd华联"_s);
+  EXPECT_EQ(firstColumn(u"select Code from Bill where Code like 'FKD%'"_s), u"fkd华联"_s);
+}
+
+TEST_F(EmbeddedEngineTest, ValuesKeepTheirKind)
+{
+  makeFile(u"('B1',null,1.5)"_s);
+  const StatementResult result = open()->execute(u"select Code, Datee, Moneyy, 7 as Seven, 'a😀' as Emoji, '' as Empty from Bill"_s);
+  ASSERT_EQ(result.rows.rows(), 1);
+  EXPECT_EQ(result.rows.value(0, 0).kind(), Value::Kind::Text);
+  EXPECT_TRUE(result.rows.value(0, 1).isNull());
+  EXPECT_EQ(result.rows.value(0, 1).toText(), u""_s);
+  EXPECT_EQ(result.rows.value(0, 2).toNumber(), 1.5);
+  EXPECT_EQ(result.rows.value(0, 3).kind(), Value::Kind::Integer);
+  EXPECT_EQ(result.rows.value(0, 4).toText(), u"a😀"_s);
+  EXPECT_FALSE(result.rows.value(0, 5).isNull());
+  EXPECT_EQ(result.rows.column(u"SEVEN"_s), 3);
+}
+
+TEST_F(EmbeddedEngineTest, AStatementThatFailsLeavesTheRestUnharmed)
+{
+  makeFile(u"('B1','2022-06-08',1.5)"_s);
+  const auto engine = open();
+  for (const QString& sql : {
+           u"insert into Bill values('B1','2022-06-09',2)"_s,
+           u"insert into Bill values('B2')"_s,
+           u"insert into Bill values('B2','2022-06-09',2),('b1','',0)"_s,
+           u"insert into Bill values('O'Neill','2022-06-09',2)"_s,
+           u"insert into Bill values('x');drop table Bill;--','2022-06-09',2)"_s,
+           u"delete from Bil"_s,
+           u"update Bill set Nothing=1"_s,
+           u"drop table Bill"_s,
+           u"attach 'other' as other"_s,
+           u"select * from pragma_table_info('Bill')"_s,
+           u"select load_extension('x')"_s,
+           u"delete from sqlite_master"_s,
+       })
+    EXPECT_TRUE(engine->execute(sql).error) << shown(sql);
+  EXPECT_EQ(RawDatabase(path).rows(u"select * from Bill"_s), u"B1|2022-06-08|1.5"_s);
+  EXPECT_FALSE(engine->execute(u"insert into Bill values('B2','2022-06-09',2)"_s).error);
+}
+
+TEST_F(EmbeddedEngineTest, WritesGiveNoRows)
+{
+  makeFile();
+  const auto engine = open();
+  EXPECT_FALSE(engine->execute(u"update Bill set Moneyy=2"_s).isQuery);
+  EXPECT_FALSE(engine->execute(u"insert into Bill values('B2','',0) returning Code"_s).isQuery);
+  EXPECT_TRUE(engine->execute(u"select * from Bill where 1=0"_s).isQuery);
+}
+
+TEST_F(EmbeddedEngineTest, ALongValueIsNotCut)
+{
+  makeFile();
+  const QString value = QString(10000, u'款');
+  const auto engine = open();
+  EXPECT_FALSE(engine->execute(u"update Bill set Datee='"_s + value + u"'"_s).error);
+  EXPECT_EQ(engine->execute(u"select Datee from Bill"_s).rows.value(0, 0).toText(), value);
+}
+
+TEST_F(EmbeddedEngineTest, AConnectionOpensWhatItsTextNames)
+{
+  makeFile();
+  Connection connection;
+  EXPECT_TRUE(connection.run(u"select 1"_s).error) << "not open yet";
+  EXPECT_TRUE(connection.open({}));
+  EXPECT_TRUE(connection.open(u"Driver={Nothing};Server=x"_s));
+  QString windowsPath = path;
+  windowsPath.replace(u'/', u'\\');
+  for (const QString& name : {path, windowsPath}) {
+    EXPECT_FALSE(connection.open(u"Provider = Microsoft.Jet.OLEDB.4.0;Data Source = "_s + name + u";Jet OLEDB:Database Password='x'"_s));
+    EXPECT_TRUE(connection.isOpen());
+    EXPECT_EQ(connection.run(u"select * from Bill"_s).recordset.recordCount(), 1);
+  }
+  connection.close();
+  EXPECT_FALSE(connection.isOpen());
+}

@@ -1,0 +1,98 @@
+#include "database/Recordset.h"
+
+#include "platform/RunTimeError.h"
+#include "support/Printing.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Recordset threeCodes()
+{
+  RowSet rows({u"Code"_s, u"Num"_s});
+  for (const char* code : {" a ", "b", "c\n"}) {
+    rows.appendText(code, qsizetype(qstrlen(code)));
+    rows.appendNull();
+  }
+  return Recordset(std::move(rows));
+}
+
+// The number of the run-time error that an access raises; 0 if it raises none.
+template <typename Access> int errorOf(Access access)
+{
+  try {
+    access();
+  } catch (const RunTimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+} // namespace
+
+TEST(Recordset, OneThatDidNotOpenNeverReadsAsNothing)
+{
+  Recordset closed;
+  EXPECT_FALSE(closed.isOpen());
+  EXPECT_EQ(errorOf([&] { closed.eof(); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.bof(); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.text(u"Code"_s); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.number(u"Num"_s); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.recordCount(); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.moveNext(); }), RunTimeError::Closed);
+  EXPECT_EQ(errorOf([&] { closed.rows(); }), RunTimeError::Closed);
+}
+
+TEST(Recordset, FieldsAreFoundByNameInAnyCase)
+{
+  const Recordset rs = threeCodes();
+  EXPECT_EQ(rs.trimmed(u"CODE"_s), u"a"_s);
+  EXPECT_EQ(rs.text(u"code"_s), u" a "_s);
+  EXPECT_TRUE(rs.field(u"Num"_s).isNull());
+  EXPECT_EQ(errorOf([&] { rs.field(u"Name"_s); }), RunTimeError::NoSuchField);
+}
+
+TEST(Recordset, MovesToBothEndsAndOneBeyond)
+{
+  Recordset rs = threeCodes();
+  EXPECT_EQ(rs.recordCount(), 3);
+  rs.movePrevious();
+  EXPECT_TRUE(rs.bof());
+  EXPECT_EQ(errorOf([&] { rs.field(u"Code"_s); }), RunTimeError::NoCurrentRecord);
+  rs.moveNext();
+  EXPECT_EQ(rs.trimmed(u"Code"_s), u"a"_s);
+  rs.moveLast();
+  EXPECT_EQ(rs.trimmed(u"Code"_s), u"c\n"_s) << "only blanks are trimmed";
+  rs.moveNext();
+  EXPECT_TRUE(rs.eof());
+  EXPECT_EQ(errorOf([&] { rs.field(u"Code"_s); }), RunTimeError::NoCurrentRecord);
+  rs.moveFirst();
+  EXPECT_EQ(rs.text(u"Code"_s), u" a "_s);
+}
+
+TEST(Recordset, WithoutRowsItIsAtBothEndsWhereverItIsMoved)
+{
+  Recordset rs{RowSet({u"Code"_s})};
+  const auto isAtBothEnds = [&] { return rs.bof() && rs.eof(); };
+  EXPECT_TRUE(isAtBothEnds());
+  rs.moveLast();
+  EXPECT_TRUE(isAtBothEnds());
+  rs.moveFirst();
+  EXPECT_TRUE(isAtBothEnds());
+  rs.movePrevious();
+  EXPECT_TRUE(isAtBothEnds());
+}
+
+TEST(Value, ReadsAsTextNumberAndWholeNumber)
+{
+  EXPECT_EQ(Value::ofReal(12.50).toText(), u"12.5"_s);
+  EXPECT_EQ(Value::ofReal(1e20).toText(), u"100000000000000000000"_s);
+  EXPECT_EQ(Value::ofInteger(-7).toText(), u"-7"_s);
+  EXPECT_EQ(Value::ofText(u"12abc"_s).toNumber(), 12);
+  EXPECT_EQ(Value().toNumber(), 0);
+  EXPECT_EQ(Value::ofReal(2.5).toInteger(), 2);
+  EXPECT_EQ(Value::ofReal(3.5).toInteger(), 4);
+  EXPECT_EQ(Value::ofText(u"1e300"_s).toInteger(), 0);
+}
