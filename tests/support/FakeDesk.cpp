@@ -29,3 +29,10 @@ void FakeDesk::show(Form& form)
   shown.append(&form);
   form.opened();
 }
+
+void FakeDesk::showModal(Form& form)
+{
+  show(form);
+  if (inDialog)
+    inDialog(form);
+}

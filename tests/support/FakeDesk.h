@@ -4,6 +4,7 @@
 #include "screen/Form.h"
 
 #include <QList>
+#include <functional>
 
 // An operator who answers each box with the next of his prepared answers and remembers what he was
 // shown. Without a prepared answer he presses OK, or the button that declines.
@@ -12,6 +13,8 @@ public:
   QList<Answer> answers;
   QList<Box> boxes;
   QList<Form*> shown;
+  // What the operator does in a dialog; the dialog stays open behind it if he does not close it.
+  std::function<void(Form&)> inDialog;
   int beeps = 0;
   bool busy = false;
 
@@ -20,7 +23,7 @@ public:
 
   Answer ask(const Box& box) override;
   void show(Form& form) override;
-  void showModal(Form& form) override { show(form); }
+  void showModal(Form& form) override;
   void beep() override { ++beeps; }
   void setBusy(bool isBusy) override { busy = isBusy; }
 };
