@@ -1,6 +1,5 @@
 #include "session/ModReadWriteParameters.h"
 
-#include "platform/AnsiText.h"
 #include "platform/DateText.h"
 #include "platform/Machine.h"
 #include "platform/NumberText.h"
@@ -10,6 +9,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <variant>
 
 namespace ModReadWriteParameters {
@@ -70,11 +70,21 @@ public:
     for (QByteArray line : content.split('\n')) {
       if (line.endsWith('\r'))
         line.chop(1);
-      m_lines.append(line);
+      m_lines.append(ModChangeStr::ChangeStrDecode(line));
     }
     // What stands behind the last line break is no line.
-    if (!m_lines.isEmpty() && m_lines.last().isEmpty())
-      m_lines.removeLast();
+    m_lines.removeLast();
+  }
+
+  // True if at least one line has the name of a key, wherever it stands: otherwise this is no
+  // parameter file at all.
+  bool carriesAnyKey() const
+  {
+    const auto isOfKey = [](const QString& line) {
+      const QStringView name = QStringView(line).left(qMax<qsizetype>(0, line.indexOf(u'=')));
+      return std::any_of(std::begin(Fields), std::end(Fields), [name](const Field& field) { return name == QLatin1String(field.key); });
+    };
+    return std::any_of(m_lines.begin(), m_lines.end(), isOfKey);
   }
 
   // The value of a key, looked for from where the last search ended. Empty if the file ends first,
@@ -82,26 +92,21 @@ public:
   QString ReadParameter(const QString& key)
   {
     while (m_at < m_lines.size()) {
-      const QString line = ModChangeStr::ChangeStrDecode(m_lines[m_at++]);
+      const QString& line = m_lines[m_at++];
       const qsizetype equals = line.indexOf(u'=');
       const qsizetype colon = line.indexOf(u':');
       if (equals < 0 && colon < 0)
         return {};
       const bool isHeading = colon >= 0 && (equals < 0 || colon < equals);
-      if (isHeading || line.left(equals) != key)
-        continue;
-      m_foundAny = true;
-      return line.mid(equals + 1);
+      if (!isHeading && line.left(equals) == key)
+        return line.mid(equals + 1);
     }
     return {};
   }
 
-  bool foundAny() const { return m_foundAny; }
-
 private:
-  QList<QByteArray> m_lines;
+  QStringList m_lines;
   qsizetype m_at = 0;
-  bool m_foundAny = false;
 };
 
 void take(Params& params, const Field& field, const QString& value)
@@ -137,6 +142,14 @@ bool write(const QString& path, const QByteArray& content)
 
 } // namespace
 
+QStringList keys()
+{
+  QStringList names;
+  for (const Field& field : Fields)
+    names.append(QString::fromLatin1(field.key));
+  return names;
+}
+
 bool ReadSystemParameters(const Machine& machine, SessionParams& params)
 {
   QFile file(machine.inProgramFolder(QString::fromLatin1(FileName)));
@@ -145,15 +158,16 @@ bool ReadSystemParameters(const Machine& machine, SessionParams& params)
   const QByteArray content = file.read(LargestFile + 1);
   file.close();
   file.remove();
-  if (content.size() > LargestFile)
+  // Whoever writes one ends every line, so a file that ends inside a line was cut.
+  if (content.size() > LargestFile || !content.endsWith('\n'))
     return false;
 
   ParameterReader reader(content);
+  if (!reader.carriesAnyKey())
+    return false;
   SessionParams read;
   for (const Field& field : Fields)
     take(read, field, reader.ReadParameter(QString::fromLatin1(field.key)));
-  if (!reader.foundAny())
-    return false;
   read.OperateType = read.OperationsDirective;
   if (!DateText::parse(read.OperateDate))
     read.OperateDate = DateText::shortForm(machine.today());
@@ -175,11 +189,10 @@ QByteArray fileContent(const SessionParams& params, const Directives& directives
   bool held = true;
   for (const Field& field : Fields) {
     const QString line = QString::fromLatin1(field.key) + u'=' + give(written, field);
-    bool lineHeld = true;
-    AnsiText::encode(line, &lineHeld);
-    // A line break inside a value would end its line.
-    held = held && lineHeld && !line.contains(u'\n') && !line.contains(u'\r');
-    content += ModChangeStr::ChangeStrEncode(line) + "\r\n";
+    const QByteArray scrambled = ModChangeStr::ChangeStrEncode(line);
+    // Two control characters become line breaks when they are lowered, others open a pair.
+    held = held && ModChangeStr::ChangeStrDecode(scrambled) == Trim(line) && !scrambled.contains('\n') && !scrambled.contains('\r');
+    content += scrambled + "\r\n";
   }
   if (lossless)
     *lossless = held;

@@ -12,16 +12,20 @@ namespace ModReadWriteParameters {
 
 constexpr char FileName[] = "SysPar.dll";
 
+// The keys in the order of the file.
+QStringList keys();
+
 // Reads the file into `params` and deletes it. False, with nothing read, if there is no such file,
-// it cannot be read, it is too large to be one, or not one of its lines carries a key.
+// it cannot be read, it is too large to be one, it ends inside a line, or not one of its lines carries
+// a key.
 bool ReadSystemParameters(const Machine& machine, SessionParams& params);
 
 // Writes the session with these orders for the program about to be started. On any error shows
-// "参数存取失败！", leaves no file and gives false; a text that the code page cannot hold is one.
+// "参数存取失败！", leaves no file and gives false; a text that does not survive the trip is one.
 bool WriteSystemParameters(Session& session, const Directives& directives);
 
 // The same without a session, for whoever starts the first program: the bytes of the file.
-// `lossless` tells whether the code page holds every character.
+// `lossless` tells whether a reader will get every character back.
 QByteArray fileContent(const SessionParams& params, const Directives& directives, bool* lossless = nullptr);
 
 } // namespace ModReadWriteParameters

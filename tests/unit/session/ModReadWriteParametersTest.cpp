@@ -1,0 +1,271 @@
+#include "session/ModReadWriteParameters.h"
+
+#include "session/ModChangeStr.h"
+#include "support/FakeDesk.h"
+#include "support/FixedMachine.h"
+#include "support/Printing.h"
+
+#include "session/Session.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ModReadWriteParametersTest : testing::Test {
+  QTemporaryDir folder;
+  FixedMachine machine{folder.path()};
+  FakeDesk desk;
+  Session session{desk, machine};
+  QString path = folder.filePath(u"SysPar.dll"_s);
+
+  void writeBytes(const QByteArray& content)
+  {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  void writeLines(const QStringList& lines)
+  {
+    QByteArray content;
+    for (const QString& line : lines)
+      content += ModChangeStr::ChangeStrEncode(line) + "\r\n";
+    writeBytes(content);
+  }
+
+  bool read() { return ModReadWriteParameters::ReadSystemParameters(machine, session.params); }
+
+  SessionParams readLines(const QStringList& lines)
+  {
+    writeLines(lines);
+    EXPECT_TRUE(read());
+    return session.params;
+  }
+
+  QStringList storedLines()
+  {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QStringList lines;
+    for (const QByteArray& line : file.readAll().split('\n'))
+      lines.append(ModChangeStr::ChangeStrDecode(line.endsWith('\r') ? line.chopped(1) : line));
+    return lines;
+  }
+};
+
+} // namespace
+
+TEST_F(ModReadWriteParametersTest, TheFileIsWrittenLineByLineInItsFixedOrder)
+{
+  SessionParams& params = session.params;
+  params.SoftType = u" ZV "_s;
+  params.OperatorsNum = 3;
+  params.DatabaseType = u"Access "_s;
+  params.AccountVisionClass = -1;
+  params.IsLotMoney = true;
+  params.ConDataName = u" A001.mdb "_s;
+  params.OperateType = u"付款"_s;
+  params.UserName = u"系统管理员"_s;
+  params.OperateDate = u"2022-06-08"_s;
+  params.OperationsDirective = u"付款"_s;
+  ASSERT_TRUE(ModReadWriteParameters::WriteSystemParameters(session, {u" 打印 "_s, {}, u"TabPayfundBill"_s, u"FKD202206080001"_s, {}}));
+  const QStringList expected{
+      u"SoftType=ZV"_s,
+      u"OperatorsNum= 3"_s,
+      u"DatabaseType=Access"_s,
+      u"VisionNum="_s,
+      u"VisionType="_s,
+      u"AccountVisionType="_s,
+      u"AccountVisionClass=-1"_s,
+      u"LoginType="_s,
+      u"CalCostType="_s,
+      u"IsJXC=0"_s,
+      u"demoData=0"_s,
+      u"IsAccessSQL=0"_s,
+      u"IsLotMoney=1"_s,
+      u"ConDataName= A001.mdb"_s,
+      u"ConDataRemark="_s,
+      u"PrintModleName="_s,
+      u"ConDataBaseUID="_s,
+      u"ConDataBasePWD="_s,
+      u"ConServerIP="_s,
+      u"ConPortNum="_s,
+      u"OperateType=付款"_s,
+      u"UserName=系统管理员"_s,
+      u"UserPSW="_s,
+      u"UserNum= 0"_s,
+      u"OperateDate=2022-06-08"_s,
+      u"CloudAccount="_s,
+      u"CloudAccount2="_s,
+      u"OperationsDirective=打印"_s,
+      u"OperationsDirective2="_s,
+      u"OperationsDirective3=TabPayfundBill"_s,
+      u"OperationsDirective4=FKD202206080001"_s,
+      u"OperationsDirective5="_s,
+      u""_s,
+  };
+  EXPECT_EQ(storedLines(), expected);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(file.readAll().startsWith("QU8`ktOoajN\r\n")) << "SoftType=ZV, byte for byte";
+}
+
+TEST_F(ModReadWriteParametersTest, WhatWasWrittenIsReadAndTheFileIsGone)
+{
+  session.params.UserName = u"赵=钱:孙 "_s;
+  session.params.UserPSW = u"a\nb"_s;
+  session.params.IsJXC = true;
+  session.params.DatabaseType = u"Access"_s;
+  session.params.OperateType = u"收款"_s;
+  ASSERT_TRUE(ModReadWriteParameters::WriteSystemParameters(session, {u"付款"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+  session.params = {};
+  ASSERT_TRUE(read());
+  EXPECT_FALSE(QFile::exists(path));
+  EXPECT_EQ(session.params.UserName, u"赵=钱:孙"_s) << "blanks at the end of a line are lost";
+  EXPECT_EQ(session.params.UserPSW, u"a\nb"_s);
+  EXPECT_TRUE(session.params.IsJXC);
+  EXPECT_TRUE(session.params.IsAccessSQL);
+  EXPECT_EQ(session.params.OperateType, u"付款"_s) << "the order, not what the file says";
+  EXPECT_EQ(session.params.OperateDate, u"2022-06-08"_s) << "none was given";
+  EXPECT_EQ(session.params.OperationsDirective5, u"5"_s);
+  EXPECT_FALSE(read()) << "it can be read once";
+}
+
+TEST_F(ModReadWriteParametersTest, KeysAreLookedForOnlyForward)
+{
+  EXPECT_EQ(readLines({u"UserName=甲"_s, u"ConDataName=A"_s, u"OperationsDirective=付款"_s}).ConDataName, u""_s)
+      << "SoftType, which is not there, has used the whole file up";
+  const QStringList all = {u"SoftType="_s,           u"OperatorsNum=1"_s,
+                           u"DatabaseType=SQL"_s,    u"VisionNum="_s,
+                           u"VisionType=a:b=c"_s,    u"[标题]:"_s,
+                           u"Unknown=1"_s,           u"a:b=c"_s,
+                           u"AccountVisionType=x"_s, u"AccountVisionClass=7"_s,
+                           u"LoginType="_s,          u"calcosttype=no"_s,
+                           u"CalCostType=yes"_s};
+  const SessionParams params = readLines(all);
+  EXPECT_EQ(params.VisionType, u"a:b=c"_s);
+  EXPECT_EQ(params.AccountVisionType, u"x"_s) << "behind a heading, an unknown key and a heading with a value";
+  EXPECT_EQ(params.AccountVisionClass, 7);
+  EXPECT_EQ(params.CalCostType, u"yes"_s);
+  EXPECT_EQ(params.UserName, u""_s);
+}
+
+TEST_F(ModReadWriteParametersTest, AnEmptyLineEndsTheSearchForOneKey)
+{
+  const SessionParams params = readLines({u"SoftType=a"_s, u""_s, u"DatabaseType=SQL"_s, u"neither"_s, u"VisionType=b"_s});
+  EXPECT_EQ(params.OperatorsNum, 0);
+  EXPECT_EQ(params.DatabaseType, u"SQL"_s);
+  EXPECT_EQ(params.VisionNum, u""_s);
+  EXPECT_EQ(params.VisionType, u"b"_s);
+}
+
+TEST_F(ModReadWriteParametersTest, YesIsOneAndNumbersAreNumericPrefixes)
+{
+  const auto linesUntil = [](const QString& number, const QString& flag) {
+    return QStringList{u"SoftType="_s,          u"OperatorsNum="_s + number, u"DatabaseType="_s, u"VisionNum="_s,   u"VisionType="_s,
+                       u"AccountVisionType="_s, u"AccountVisionClass="_s,    u"LoginType="_s,    u"CalCostType="_s, u"IsJXC="_s + flag};
+  };
+  for (const QString& yes : {u"1"_s, u" 1"_s}) // "IsJXC=1 " loses its blank when it is scrambled
+    EXPECT_TRUE(readLines(linesUntil(u"0"_s, yes)).IsJXC) << shown(yes);
+  for (const QString& no : {u""_s, u"0"_s, u"true"_s, u"11"_s, u"-1"_s})
+    EXPECT_FALSE(readLines(linesUntil(u"0"_s, no)).IsJXC) << shown(no);
+  EXPECT_EQ(readLines(linesUntil(u" 12"_s, {})).OperatorsNum, 12);
+  EXPECT_EQ(readLines(linesUntil(u"-3x"_s, {})).OperatorsNum, -3);
+  EXPECT_EQ(readLines(linesUntil(u"abc"_s, {})).OperatorsNum, 0);
+  EXPECT_EQ(readLines(linesUntil(u"99999"_s, {})).OperatorsNum, 32767);
+}
+
+TEST_F(ModReadWriteParametersTest, ABlankBehindAStoredYesCountsAsYes)
+{
+  QStringList lines;
+  for (const char* key : {"SoftType", "OperatorsNum", "DatabaseType", "VisionNum", "VisionType", "AccountVisionType", "AccountVisionClass",
+                          "LoginType", "CalCostType"})
+    lines.append(QString::fromLatin1(key) + u'=');
+  writeLines(lines);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::Append));
+  file.write("\x1B\x2C\x38\x3E\x53\x45\x6E\x44\r\n"); // "IsJXC=1 "
+  file.close();
+  ASSERT_TRUE(read());
+  EXPECT_TRUE(session.params.IsJXC);
+}
+
+TEST_F(ModReadWriteParametersTest, TheSessionDateIsADate)
+{
+  session.params.OperateDate = u"2022/6/1"_s;
+  ModReadWriteParameters::WriteSystemParameters(session, {u"付款"_s});
+  ASSERT_TRUE(read());
+  EXPECT_EQ(session.params.OperateDate, u"2022/6/1"_s);
+  session.params.OperateDate = u"abc"_s;
+  ModReadWriteParameters::WriteSystemParameters(session, {u"付款"_s});
+  ASSERT_TRUE(read());
+  EXPECT_EQ(session.params.OperateDate, u"2022-06-08"_s);
+}
+
+TEST_F(ModReadWriteParametersTest, OnlyTheExactTypeAccessSpeaksItsDialect)
+{
+  for (const auto& [type, isAccess] : {std::pair{u"Access"_s, true}, {u"Access2"_s, false}, {u"access"_s, false}, {u"SQL"_s, false}})
+    EXPECT_EQ(readLines({u"SoftType="_s, u"OperatorsNum=0"_s, u"DatabaseType="_s + type}).IsAccessSQL, isAccess) << shown(type);
+}
+
+TEST_F(ModReadWriteParametersTest, AFileThatIsNoneIsNotReadAndLeavesTheSessionAlone)
+{
+  session.params.UserName = u"甲"_s;
+  EXPECT_FALSE(read()) << "absent";
+  QByteArray binary;
+  for (int i = 0; i < 5000; ++i)
+    binary.append(char(i * 7919 >> 3));
+  const auto bytesOf = [](const QStringList& lines) {
+    QByteArray content;
+    for (const QString& line : lines)
+      content += ModChangeStr::ChangeStrEncode(line) + "\r\n";
+    return content;
+  };
+  const QByteArray whole = bytesOf({u"SoftType=a"_s, u"OperatorsNum=1"_s, u"DatabaseType=Access"_s});
+  struct Row {
+    const char* what;
+    QByteArray content;
+  };
+  for (const auto& [what, content] : {
+           Row{"empty", {}},
+           Row{"empty lines", "\r\n\r\n\r\n"},
+           Row{"binary", binary},
+           Row{"zeros", QByteArray(5000, '\0')},
+           Row{"not scrambled", "SoftType=a\r\nOperatorsNum=1\r\n"},
+           Row{"huge", whole + QByteArray(4 << 20, 'a')},
+           Row{"one endless line", QByteArray(1 << 20, 'a')},
+           Row{"cut inside a line", whole.chopped(3)},
+       }) {
+    writeBytes(content);
+    EXPECT_FALSE(read()) << what;
+    EXPECT_FALSE(QFile::exists(path)) << what;
+  }
+  EXPECT_EQ(session.params.UserName, u"甲"_s);
+  QDir().mkdir(path);
+  EXPECT_FALSE(read()) << "a folder";
+}
+
+TEST_F(ModReadWriteParametersTest, WhatTheFileCannotHoldIsRefusedAndLeavesNoFile)
+{
+  for (const QString& value :
+       {u"😀"_s, QString(QChar(0xD800)), u"a"_s + QChar(0x0F) + u"b"_s, u"a"_s + QChar(0x12), QString(QChar(0)) + u"b"_s}) {
+    writeBytes("an older file");
+    session.params.UserPSW = value;
+    EXPECT_FALSE(ModReadWriteParameters::WriteSystemParameters(session, {u"打印"_s}));
+    ASSERT_EQ(desk.boxes.size(), 1);
+    EXPECT_EQ(desk.boxes[0].text, u"参数存取失败！"_s);
+    EXPECT_EQ(desk.boxes[0].icon, Desk::Icon::Stop);
+    EXPECT_FALSE(QFile::exists(path));
+    desk.boxes.clear();
+  }
+  session.params.UserPSW.clear();
+  machine.folder = folder.filePath(u"not-there"_s);
+  EXPECT_FALSE(ModReadWriteParameters::WriteSystemParameters(session, {u"打印"_s}));
+  EXPECT_EQ(desk.takeTexts(), u"参数存取失败！"_s);
+}
