@@ -1,6 +1,8 @@
 #include "accountset/AccountSet.h"
 
 #include "accountset/EmbeddedSchema.h"
+#include "accountset/RowWriter.h"
+#include "accountset/SampleFirm.h"
 #include "database/SqliteCollations.h"
 
 #include <QFile>
@@ -28,14 +30,27 @@ Database openInMemory()
   return Database(opened);
 }
 
-// In one transaction; empty if it worked.
-QString fill(sqlite3* database, Content)
+// Empty if the statements ran.
+QString run(sqlite3* database, const QByteArray& sql)
 {
-  const QByteArray sql = "begin;" + EmbeddedSchema::sql(Schema::allTables()).toUtf8() + "commit;";
-  if (SqliteCollations::registerAll(database) == SQLITE_OK &&
-      sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK)
-    return {};
-  return QString::fromUtf8(sqlite3_errmsg(database));
+  const int code = sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr);
+  return code == SQLITE_OK ? QString() : QString::fromUtf8(sqlite3_errmsg(database));
+}
+
+// In one transaction; empty if it worked.
+QString fill(sqlite3* database, Content content)
+{
+  if (SqliteCollations::registerAll(database) != SQLITE_OK)
+    return QString::fromUtf8(sqlite3_errmsg(database));
+  if (const QString reason = run(database, "begin;" + EmbeddedSchema::sql(Schema::allTables()).toUtf8()); !reason.isEmpty())
+    return reason;
+  if (content == Content::Demo) {
+    RowWriter rows(database);
+    SampleFirm::write(rows);
+    if (!rows.error().isEmpty())
+      return rows.error();
+  }
+  return run(database, "commit;");
 }
 
 QString writeNew(const QString& filePath, const Bytes& bytes, qint64 size)

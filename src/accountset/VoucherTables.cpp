@@ -93,8 +93,9 @@ constexpr Table Tables[] = {
     {"TabJXCAccount", JXCAccount, "JXCTabName"},
     {"TabWriteAccountant", WriteAccountant, "DateeY, DateeM"},
     {"TabWarrant", Warrant, "Code", {"JXCBillCode, Datee", "Datee"}},
-    // Lines of one partner on one account, or of an account that is kept without partners.
-    {"TabWarrantInf", WarrantInf, "BillCode, LineNum", {"WLHS, AccountantCode", "AccountantCode, Datee"}},
+    // A partner's lines are found by the partner. Those of an account kept without partners are found from
+    // the vouchers made by hand: an index by account would lead through every line the account has.
+    {"TabWarrantInf", WarrantInf, "BillCode, LineNum", {"WLHS, AccountantCode"}},
     {"TabAllAccount", AllAccount, "", {"DateeY, DateeM"}},
     {"TabDayAccount_Cash", DayAccount, "Code"},
     {"TabDayAccount_Bank", DayAccount, "Code"},

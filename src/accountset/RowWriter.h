@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <initializer_list>
+#include <map>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+// Writes rows into the tables of a new account set, by position as the family's programs do. Every
+// value is given as text; the columns make numbers of what is one. The first failure is kept, and
+// nothing is written after it.
+class RowWriter {
+public:
+  explicit RowWriter(sqlite3* database);
+  ~RowWriter();
+
+  // One row with a value for each column of the table, in their order.
+  void insert(const char* table, std::initializer_list<QStringView> values);
+
+  // Why a row could not be written; empty if all were.
+  const QString& error() const { return m_error; }
+
+private:
+  struct Finalize {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+  sqlite3_stmt* statementFor(const char* table, std::size_t columns);
+  void fail(const char* table);
+
+  sqlite3* m_database;
+  std::map<QByteArray, Statement> m_statements;
+  QString m_error;
+};
