@@ -1,0 +1,28 @@
+#include "program/ProgramScreens.h"
+
+namespace {
+
+template <typename Form> std::unique_ptr<Screen> make(Session& session)
+{
+  return std::make_unique<Form>(session);
+}
+
+struct Maker {
+  const char* name;
+  std::unique_ptr<Screen> (*make)(Session&);
+};
+
+// The entry names the screens; here they get their forms.
+constexpr std::initializer_list<Maker> Makers = {};
+
+} // namespace
+
+Screen* ProgramScreens::screen(const QString& name)
+{
+  if (const auto made = m_screens.find(name); made != m_screens.end())
+    return made->second.get();
+  for (const Maker& maker : Makers)
+    if (name == QLatin1String(maker.name))
+      return m_screens.emplace(name, maker.make(m_session)).first->second.get();
+  return nullptr;
+}

@@ -1,0 +1,149 @@
+#include "Player.h"
+
+#include "BoxAnswer.h"
+#include "PlaceText.h"
+#include "Unmet.h"
+#include "session/Mod_ZORVEKMain.h"
+
+#include <QDir>
+
+Player::Player(const Script& script, Scene& scene, const Options& options)
+    : m_script(script), m_scene(scene), m_options(options), m_stage(options.makeStage(*this)), m_checks(scene, *m_stage)
+{
+}
+
+Player::~Player() = default;
+
+Player::Verdict Player::play()
+{
+  playWhile([] { return true; });
+  m_stage->clear();
+  if (m_verdict.failedLine == 0 && m_checked == 0)
+    fail(m_script.directives.isEmpty() ? 1 : m_script.directives.last().line, QStringLiteral("the script checks nothing"));
+  return m_verdict;
+}
+
+void Player::playWhile(const std::function<bool()>& goesOn)
+{
+  while (!m_over && goesOn()) {
+    if (m_next == m_script.directives.size())
+      m_over = true;
+    else
+      takeNext([this](const Directive& directive) { perform(directive); });
+  }
+}
+
+void Player::takeNext(const std::function<void(const Directive&)>& play)
+{
+  const Directive& directive = m_script.directives[m_next++];
+  m_options.onLine(directive.line);
+  try {
+    play(directive);
+  } catch (const Unmet& unmet) {
+    fail(directive.line, unmet.why());
+  } catch (const std::exception& error) {
+    fail(directive.line, QStringLiteral("an error left the program untrapped: %1").arg(QString::fromUtf8(error.what())));
+  }
+}
+
+void Player::fail(int line, const QString& reason)
+{
+  m_over = true;
+  if (m_verdict.failedLine == 0)
+    m_verdict = {line, reason};
+}
+
+Desk::Answer Player::boxStands(const Desk::Box& box)
+{
+  Desk::Answer answer = BoxAnswer::declining(box, m_declined);
+  if (m_over) {
+    ++m_declined;
+    return answer;
+  }
+  if (m_next == m_script.directives.size())
+    fail(m_script.directives.last().line, QStringLiteral("a box is left at the end of the script: %1").arg(BoxAnswer::describe(box)));
+  else
+    takeNext([&](const Directive& directive) {
+      answer = BoxAnswer::of(directive, box);
+      ++m_checked;
+    });
+  return answer;
+}
+
+void Player::perform(const Directive& directive)
+{
+  if (directive.verb == Verb::Ended)
+    checkEnded();
+  else if (Checks::isCheck(directive.verb))
+    m_checks.perform(directive);
+  else if (!setScene(directive) && !act(directive))
+    throw Unmet(QStringLiteral("no box is there"));
+  m_checked += Checks::isCheck(directive.verb);
+}
+
+bool Player::setScene(const Directive& directive)
+{
+  switch (directive.verb) {
+  case Verb::AccountSet: return makeAccountSet(directive), true;
+  case Verb::Clock: return m_scene.setClock(directive.when), true;
+  case Verb::Session: return m_scene.setSession(directive.name, directive.text), true;
+  case Verb::Siblings: return m_scene.placeSiblings(directive.places), true;
+  case Verb::Sql: return m_scene.runSql(directive.text), true;
+  case Verb::Start:
+  case Verb::StartWithoutParameters: return start(directive), true;
+  default: return false;
+  }
+}
+
+bool Player::act(const Directive& directive)
+{
+  const ControlName& control = directive.control;
+  switch (directive.verb) {
+  case Verb::Type: return m_stage->type(control, directive.text), true;
+  case Verb::Key: return m_stage->press(directive.key), true;
+  case Verb::Focus: return m_stage->focus(control), true;
+  case Verb::Click: return directive.row < 0 ? m_stage->click(control) : m_stage->clickItem(control, directive.row), true;
+  case Verb::DoubleClick: return m_stage->doubleClick(control), true;
+  case Verb::Choose: return m_stage->choose(control, directive.text), true;
+  case Verb::SetDate: return m_stage->setDate(control, directive.when.date()), true;
+  case Verb::Cell:
+  case Verb::DoubleCell: return m_stage->clickCell(control, directive.row, directive.column, directive.verb == Verb::DoubleCell), true;
+  case Verb::Node:
+  case Verb::DoubleNode: return m_stage->clickNode(control, directive.text, directive.verb == Verb::DoubleNode), true;
+  case Verb::Wheel: return m_stage->wheel(control, directive.number), true;
+  case Verb::Close: return m_stage->close(), true;
+  case Verb::Screenshot:
+    if (!m_options.pictureFolder.isEmpty())
+      m_stage->screenshot(QDir(m_options.pictureFolder).filePath(directive.name));
+    return true;
+  default: return false;
+  }
+}
+
+void Player::makeAccountSet(const Directive& directive)
+{
+  if (!m_stage->topForm().isEmpty())
+    throw Unmet(QStringLiteral("the program still runs on the account set"));
+  m_scene.makeAccountSet(directive.word == u"demo" ? AccountSet::Content::Demo : AccountSet::Content::Empty);
+}
+
+void Player::start(const Directive& directive)
+{
+  if (const QString form = m_stage->topForm(); !form.isEmpty())
+    throw Unmet(QStringLiteral("the program still runs: %1 is open").arg(form));
+  if (directive.verb == Verb::Start)
+    m_scene.writeParameters(directive.places);
+  else
+    m_scene.removeParameters();
+  m_run.reset();
+  m_run = std::make_unique<Run>(m_stage->desk(), m_scene.machine());
+  Mod_ZORVEKMain::Main(m_run->session, m_run->screens);
+}
+
+void Player::checkEnded() const
+{
+  if (!m_run)
+    throw Unmet(QStringLiteral("expected the program to have ended, was not started"));
+  if (const QString form = m_stage->topForm(); !form.isEmpty())
+    throw Unmet(QStringLiteral("expected the program to have ended, was still showing %1").arg(form));
+}

@@ -1,0 +1,160 @@
+#include "Scene.h"
+
+#include "SideDatabase.h"
+#include "Unmet.h"
+#include "platform/DateText.h"
+#include "session/ModChangeStr.h"
+#include "session/ModReadWriteParameters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr char AccountSetName[] = "A001.mdb";
+constexpr int DirectiveCount = 5;
+
+QString directiveKey(int index)
+{
+  return index == 0 ? QStringLiteral("OperationsDirective") : QStringLiteral("OperationsDirective%1").arg(index + 1);
+}
+
+void require(bool done, const QString& what)
+{
+  if (!done)
+    throw Unmet(QStringLiteral("cannot %1").arg(what));
+}
+
+QStringList readDirectives(const QString& parameterFile)
+{
+  QHash<QString, QString> values;
+  QFile file(parameterFile);
+  if (file.open(QIODevice::ReadOnly))
+    for (const QByteArray& line : file.readAll().split('\n')) {
+      const QString text = ModChangeStr::ChangeStrDecode(line.endsWith('\r') ? line.chopped(1) : line);
+      values.insert(text.section(u'=', 0, 0), text.section(u'=', 1));
+    }
+  QStringList directives;
+  for (int i = 0; i < DirectiveCount; ++i)
+    directives.append(values.value(directiveKey(i)));
+  return directives;
+}
+
+} // namespace
+
+// Notes down what was started, and then starts it as the program's own machine does.
+class Scene::RecordingMachine : public FixedMachine {
+public:
+  using FixedMachine::FixedMachine;
+
+  QList<StartedProgram> programs;
+
+  bool startProgram(const QString& path) override
+  {
+    programs.append({QFileInfo(path).fileName(), readDirectives(inProgramFolder(ModReadWriteParameters::FileName))});
+    return m_real.startProgram(path);
+  }
+
+private:
+  ThisMachine m_real;
+};
+
+Scene::Scene(const QString& folder, const QString& shelf)
+    : m_folder(folder), m_shelf(shelf), m_machine(std::make_unique<RecordingMachine>(folder))
+{
+  for (const char* name : {"Data", "PrintTemp", "TempFile"})
+    require(QDir(folder).mkpath(QString::fromLatin1(name)), QStringLiteral("make the folder %1").arg(file(name)));
+}
+
+Scene::~Scene() = default;
+
+Machine& Scene::machine()
+{
+  return *m_machine;
+}
+
+QString Scene::file(const QString& name) const
+{
+  return QDir(m_folder).filePath(QString(name).replace(u'\\', u'/'));
+}
+
+QString Scene::accountSetPath() const
+{
+  return file(QStringLiteral("Data/") + AccountSetName);
+}
+
+void Scene::makeAccountSet(AccountSet::Content content)
+{
+  const QString kept = QDir(m_shelf).filePath(content == AccountSet::Content::Demo ? "demo" : "empty");
+  if (!QFile::exists(kept)) {
+    const QString why = AccountSet::create(kept, content);
+    require(why.isEmpty(), QStringLiteral("make an account set: %1").arg(why));
+  }
+  QFile::remove(accountSetPath());
+  require(QFile::copy(kept, accountSetPath()), QStringLiteral("copy the account set"));
+}
+
+QList<QStringList> Scene::runSql(const QString& sql)
+{
+  if (!QFile::exists(accountSetPath()))
+    makeAccountSet(AccountSet::Content::Empty);
+  return SideDatabase::run(accountSetPath(), sql);
+}
+
+void Scene::setClock(const QDateTime& now)
+{
+  m_machine->clock = now;
+}
+
+void Scene::setSession(const QString& key, const QString& value)
+{
+  if (!ModReadWriteParameters::keys().contains(key))
+    throw Unmet(QStringLiteral("the parameter file has no key \"%1\"").arg(key));
+  m_session.insert(key, value);
+}
+
+void Scene::placeSiblings(const QStringList& names)
+{
+  for (const QString& name : names) {
+    QFile standIn(file(name));
+    require(standIn.open(QIODevice::WriteOnly) && standIn.write("#!/bin/sh\n") > 0, QStringLiteral("place %1").arg(name));
+    standIn.close();
+    standIn.setPermissions(standIn.permissions() | QFile::ExeOwner | QFile::ExeUser);
+  }
+}
+
+QString Scene::valueOf(const QString& key, const QStringList& directives) const
+{
+  for (int i = 0; i < DirectiveCount; ++i)
+    if (key == directiveKey(i))
+      return directives.value(i);
+  const QHash<QString, QString> unlessTold = {
+      {"DatabaseType", "Access"},
+      {"ConDataName", AccountSetName},
+      {"UserName", "系统管理员"},
+      {"OperateDate", DateText::shortForm(m_machine->today())},
+  };
+  return m_session.value(key, unlessTold.value(key));
+}
+
+void Scene::writeParameters(const QStringList& directives)
+{
+  if (!QFile::exists(accountSetPath()))
+    makeAccountSet(AccountSet::Content::Empty);
+  QByteArray content;
+  for (const QString& key : ModReadWriteParameters::keys())
+    content += ModChangeStr::ChangeStrEncode(key + u'=' + valueOf(key, directives)) + "\r\n";
+  QFile parameters(file(ModReadWriteParameters::FileName));
+  require(parameters.open(QIODevice::WriteOnly) && parameters.write(content) == content.size(), "write the parameter file");
+}
+
+void Scene::removeParameters()
+{
+  QFile::remove(file(ModReadWriteParameters::FileName));
+}
+
+QList<Scene::StartedProgram>& Scene::started()
+{
+  return m_machine->programs;
+}
