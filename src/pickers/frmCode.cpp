@@ -134,8 +134,8 @@ void frmCode::FillMSH(const QString& left, const QString& right)
 {
   BaseSql = left;
   desk().setBusy(true);
-  MSH.clear();
   MSH.setRows(2);
+  MSH.clear();
   layOutGrid();
   showRows(OpenRecordset(session, left + right));
   loadTree();
@@ -172,7 +172,7 @@ void frmCode::showRows(const Recordset& rs)
   // An empty list leaves one blank row.
   if (texts.isEmpty())
     texts.append({QStringLiteral("1")});
-  MSH.setBlock(1, texts);
+  MSH.setBlock(1, std::move(texts));
 }
 
 // A category whose parent is not there ends the load with a box; the dialog goes on with those that

@@ -58,7 +58,11 @@ void Grid::removeRow(int row)
   if (row < 0 || row >= rows() || rows() == 1)
     return;
   m_rows.removeAt(row);
-  m_colors.clear();
+  QHash<QPair<int, int>, int> kept;
+  for (auto cell = m_colors.cbegin(); cell != m_colors.cend(); ++cell)
+    if (cell.key().first != row)
+      kept.insert({cell.key().first - (cell.key().first > row ? 1 : 0), cell.key().second}, cell.value());
+  m_colors = kept;
   keepCurrentInside();
   emit layoutChanged();
 }
@@ -76,15 +80,19 @@ void Grid::setText(int row, int col, const QString& text)
   emit cellChanged(row, col);
 }
 
-void Grid::setBlock(int firstRow, const QList<QStringList>& texts)
+void Grid::setBlock(int firstRow, QList<QStringList> texts)
 {
-  const int end = firstRow + int(texts.size());
-  m_rows.reserve(end);
-  while (m_rows.size() < end)
+  m_rows.reserve(firstRow + texts.size());
+  while (m_rows.size() < firstRow)
     m_rows.append(Row{QStringList(cols()), DefaultRowHeight});
-  for (int i = 0; i < texts.size(); ++i) {
-    m_rows[firstRow + i].texts = texts[i];
-    m_rows[firstRow + i].texts.resize(cols());
+  for (QStringList& line : texts) {
+    if (line.size() != cols())
+      line.resize(cols());
+    if (firstRow < m_rows.size())
+      m_rows[firstRow].texts = std::move(line);
+    else
+      m_rows.append(Row{std::move(line), DefaultRowHeight});
+    ++firstRow;
   }
   emit layoutChanged();
 }

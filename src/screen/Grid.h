@@ -40,7 +40,7 @@ public:
   QString text(int row, int col) const;
   void setText(int row, int col, const QString& text);
   // Makes `texts` the rows from `firstRow` on, one list a row, in one step; the grid grows as needed.
-  void setBlock(int firstRow, const QList<QStringList>& texts);
+  void setBlock(int firstRow, QList<QStringList> texts);
 
   int rowHeight(int row) const;
   void setRowHeight(int row, int height);
