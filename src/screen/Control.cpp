@@ -51,8 +51,12 @@ void Control::setCaption(const QString& caption)
 
 void Control::click()
 {
-  if (isReachable())
-    form().handle([this] { clicked(); });
+  if (!isReachable())
+    return;
+  form().handle([this] {
+    form().setFocus(*this);
+    clicked();
+  });
 }
 
 void Control::doubleClick()

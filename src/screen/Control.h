@@ -56,7 +56,8 @@ public:
   std::function<void()> onFocusIn;
   std::function<void()> onFocusOut;
 
-  // Events. Nothing happens on a control that is not reachable.
+  // Events. Nothing happens on a control that is not reachable. A click takes the focus to a control
+  // that can hold it.
   void click();
   void doubleClick();
   // The handlers' part of a key press: onKey here and of the form, then Tab, which moves the focus. True if the key is

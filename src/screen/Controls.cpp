@@ -51,6 +51,14 @@ void TextBox::replaceSelection(const QString& with)
     m_anchor = m_caret = caret;
 }
 
+qsizetype TextBox::caretMoved(int step) const
+{
+  const qsizetype to = qBound<qsizetype>(0, m_caret + step, m_text.size());
+  // Never between the halves of one character.
+  const bool insidePair = to > 0 && to < m_text.size() && m_text[to].isLowSurrogate() && m_text[to - 1].isHighSurrogate();
+  return insidePair ? to + step : to;
+}
+
 void TextBox::edit(const Key& key)
 {
   const bool selected = m_anchor != m_caret;
@@ -60,23 +68,28 @@ void TextBox::edit(const Key& key)
       replaceSelection(key.text);
     return;
   case Key::Backspace:
-    if (!selected && m_caret > 0)
-      m_anchor = m_caret - 1;
+    if (!selected)
+      m_anchor = caretMoved(-1);
     if (!m_readOnly)
       replaceSelection({});
     return;
   case Key::Delete:
-    if (!selected && m_caret < m_text.size())
-      m_anchor = m_caret + 1;
+    if (!selected)
+      m_anchor = caretMoved(1);
     if (!m_readOnly)
       replaceSelection({});
     return;
-  case Key::Left: m_anchor = m_caret = selected ? qMin(m_anchor, m_caret) : qMax<qsizetype>(0, m_caret - 1); return;
-  case Key::Right: m_anchor = m_caret = selected ? qMax(m_anchor, m_caret) : qMin(m_text.size(), m_caret + 1); return;
+  case Key::Left: m_anchor = m_caret = selected ? qMin(m_anchor, m_caret) : caretMoved(-1); return;
+  case Key::Right: m_anchor = m_caret = selected ? qMax(m_anchor, m_caret) : caretMoved(1); return;
   case Key::Home: m_anchor = m_caret = 0; return;
   case Key::End: m_anchor = m_caret = m_text.size(); return;
   default: return;
   }
+}
+
+ComboBox::ComboBox(QObject* parent, const QString& name) : TextBox(parent, name)
+{
+  setReadOnly(true);
 }
 
 void ComboBox::setItems(const QStringList& items)

@@ -58,6 +58,8 @@ protected:
 
 private:
   void replaceSelection(const QString& with);
+  // Where one character ahead (1) or back (-1) of the caret is.
+  qsizetype caretMoved(int step) const;
 
   QString m_text;
   qsizetype m_anchor = 0;
@@ -70,7 +72,7 @@ class ComboBox : public TextBox {
   Q_OBJECT
 
 public:
-  using TextBox::TextBox;
+  ComboBox(QObject* parent, const QString& name);
 
   QStringList items() const { return m_items; }
   void setItems(const QStringList& items);

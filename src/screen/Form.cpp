@@ -2,6 +2,8 @@
 
 #include "platform/RunTimeError.h"
 
+#include <QScopeGuard>
+
 Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(desk) {}
 
 Form::~Form() = default;
@@ -40,11 +42,12 @@ void Form::setFocus(Control& control)
   handle([&] {
     Control* const left = m_focused;
     m_focused = &control;
+    // The window follows even if a handler below ends with an error.
+    const auto tellWindow = qScopeGuard([this] { emit focusMoved(m_focused); });
     if (left && left->onFocusOut)
       left->onFocusOut();
     if (m_focused == &control && control.onFocusIn)
       control.onFocusIn();
-    emit focusMoved(m_focused);
   });
 }
 

@@ -6,6 +6,7 @@ Grid::Grid(QObject* parent, const QString& name) : Control(parent, name)
 {
   setCols(2);
   setRows(2);
+  setCurrent(m_fixedRows, m_fixedCols);
 }
 
 void Grid::setRows(int rows)

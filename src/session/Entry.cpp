@@ -6,8 +6,6 @@
 #include "session/ModReadWriteParameters.h"
 #include "session/Screen.h"
 
-#include <optional>
-
 namespace Mod_ZORVEKMain {
 namespace {
 
@@ -19,6 +17,8 @@ struct Order {
   const char16_t* title = u"";
   const char16_t* formCaption = u"";
   const char16_t* HXMode = u"";
+  // The list screens need no making ready.
+  bool initializes = true;
 };
 
 // A new working screen, by OperateType.
@@ -30,9 +30,9 @@ constexpr Order NewScreens[] = {
     {u"其他收入", "frmFeeElseIncome", u"其他收入单", u"其他收入"},
     {u"费用抵冲(客户)", "frmFeeSustain"},
     {u"费用抵冲(供应商)", "frmFeeSustain"},
-    {u"开票勾对", "frmGouDui", u"开票勾对"},
-    {u"开票金额汇总表", "frmGouDuiTogather", u"开票金额汇总表"},
-    {u"收付款核销查询", "frmSFKHeXiao", u"", u"", u"收付款核销查询"},
+    {u"开票勾对", "frmGouDui", u"开票勾对", u"", u"", false},
+    {u"开票金额汇总表", "frmGouDuiTogather", u"开票金额汇总表", u"", u"", false},
+    {u"收付款核销查询", "frmSFKHeXiao", u"", u"", u"收付款核销查询", false},
 };
 
 // A stored bill to be looked at, by OperationsDirective2. Both source-bill views of the write-off go
@@ -40,7 +40,6 @@ constexpr Order NewScreens[] = {
 struct View {
   Order order;
   bool fillsBill = true;
-  bool initializes = true;
   bool hidesWriteOff = false;
 };
 
@@ -54,9 +53,9 @@ constexpr View Views[] = {
     {{u"费用开支", "frmFeeElseIncome"}},
     {{u"其他收入", "frmFeeElseIncome"}},
     {{u"费用抵冲", "frmFeeSustain"}},
-    {{u"收付款核销查询", "frmSFKHeXiao", u"", u"", u"收付款核销查询"}, false, false},
-    {{u"收款核销查询原单", "frmGathefund"}, true, false, true},
-    {{u"付款核销查询原单", "frmGathefund"}, true, false, true},
+    {.order = {u"收付款核销查询", "frmSFKHeXiao", u"", u"", u"收付款核销查询", false}, .fillsBill = false},
+    {.order = {u"收款核销查询原单", "frmGathefund", u"", u"", u"", false}, .hidesWriteOff = true},
+    {.order = {u"付款核销查询原单", "frmGathefund", u"", u"", u"", false}, .hidesWriteOff = true},
 };
 
 QString text(const char16_t* literal)
@@ -83,11 +82,11 @@ Screen* prepare(Screens& screens, const Order& order)
 }
 
 // Shows a screen; what comes behind the showing is the screen's own event already.
-Screen* show(Session& session, Screen* screen, std::optional<bool> initialize)
+Screen* show(Session& session, Screen* screen, const Order& order, bool keepScreen)
 {
   session.desk.show(*screen);
-  if (initialize)
-    screen->handle([&] { screen->frm_Initialize(*initialize); });
+  if (order.initializes)
+    screen->handle([&] { screen->frm_Initialize(keepScreen); });
   return screen;
 }
 
@@ -98,7 +97,7 @@ Screen* openNewScreen(Session& session, Screens& screens)
     if (key != text(order.key))
       continue;
     Screen* const screen = prepare(screens, order);
-    return screen ? show(session, screen, false) : nullptr;
+    return screen ? show(session, screen, order, false) : nullptr;
   }
   return nullptr;
 }
@@ -116,7 +115,7 @@ Screen* openView(Session& session, Screens& screens)
       writeOff->setVisible(false);
     if (view.fillsBill)
       screen->FillBill(Trim(session.params.OperationsDirective3), Trim(session.params.OperationsDirective4));
-    return show(session, screen, view.initializes ? std::optional(true) : std::nullopt);
+    return show(session, screen, view.order, true);
   }
   return nullptr;
 }
