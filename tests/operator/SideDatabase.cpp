@@ -45,8 +45,8 @@ Statement prepare(sqlite3* database, const QByteArray& sql)
   Statement statement(prepared);
   if (!statement)
     throw Unmet(QStringLiteral("there is no statement"));
-  if (!QByteArray(behind).trimmed().isEmpty())
-    throw Unmet(QStringLiteral("there is a second statement: %1").arg(QString::fromUtf8(behind)));
+  if (const QByteArray rest = QByteArray(behind).trimmed(); !rest.isEmpty())
+    throw Unmet(QStringLiteral("there is a second statement: %1").arg(QString::fromUtf8(rest)));
   return statement;
 }
 

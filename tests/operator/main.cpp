@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QHash>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -52,13 +53,23 @@ QStringList scriptsAt(const QString& path)
   return found;
 }
 
-// Where the program folder of a script lies below the folder that is kept: by its path below the
-// folder that was asked for.
-QString folderNameOf(const QString& script, const QString& askedFor)
-{
-  const QString below = script == askedFor ? QFileInfo(script).fileName() : QDir(askedFor).relativeFilePath(script);
-  return below.endsWith(u".op") ? below.chopped(3) : below;
-}
+// Names the program folders: by the script's path below the folder that was asked for, and with a
+// number behind if that name is taken.
+class FolderNames {
+public:
+  QString nameOf(const QString& script, const QString& askedFor)
+  {
+    const QFileInfo asked(askedFor);
+    const QString below =
+        asked.isDir() ? QDir(asked.absoluteFilePath()).relativeFilePath(QFileInfo(script).absoluteFilePath()) : asked.fileName();
+    const QString name = below.size() > 3 && below.endsWith(u".op") ? below.chopped(3) : below;
+    const int times = ++m_times[name];
+    return times == 1 ? name : name + u'-' + QString::number(times);
+  }
+
+private:
+  QHash<QString, int> m_times;
+};
 
 void print(const QString& line)
 {
@@ -103,9 +114,10 @@ int main(int count, char** texts)
   const QTemporaryDir temporary;
   const QString base = arguments.keep.isEmpty() ? temporary.filePath(QStringLiteral("programs")) : QDir(arguments.keep).absolutePath();
   Tally tally;
+  FolderNames names;
   for (const QString& path : arguments.paths)
     for (const QString& script : scriptsAt(path)) {
-      const QString folder = QDir(base).filePath(folderNameOf(script, path));
+      const QString folder = QDir(base).filePath(names.nameOf(script, path));
       QDir(folder).removeRecursively();
       tally.add(script,
                 ScriptProcess::play({script, folder, temporary.path(), arguments.keep.isEmpty() ? QString() : base, arguments.desktop}));

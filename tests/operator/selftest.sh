@@ -1,0 +1,24 @@
+#!/bin/bash
+# Plays the scripts of selftest/, each of which must fail, and compares where and why with what the
+# script says of itself in its line "#! LINE: REASON". Called with the player and its options; ends
+# with "N passed, N failed".
+set -u -o pipefail
+folder=$(dirname "$0")/selftest
+passed=0
+failed=0
+while IFS= read -r line; do
+  case $line in
+  "FAILED "*) path=${line#FAILED } told=${path#*:} path=${path%%:*} ;;
+  "ok "*) path=${line#ok } told=passed ;;
+  *) continue ;;
+  esac
+  expected=$(sed -n 's/^#! //p' "$path")
+  if [ "$told" = "$expected" ]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    printf 'FAILED %s: expected "%s", was "%s"\n' "$path" "$expected" "$told"
+  fi
+done < <("$@" "$folder")
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -eq "$(find "$folder" -name '*.op' | wc -l)" ]
