@@ -9,15 +9,15 @@ using enum Presence;
 
 // Payment and receipt.
 constexpr Column FundBill[] = {
-    {"Code", Text, Required}, {"Datee", Date},     {"UnitCode", Text},  {"UnitName", Text}, {"Operator", Text},
-    {"SumMoney", Money},      {"Remark", Text},    {"BillType", Text},  {"State", Text},    {"Report", Text},
-    {"SaleMan", Text},        {"MoneyName", Text}, {"MoneyRate", Rate}, {"Auditing", Text},
+    {"Code", Text, Required}, {"Datee", Date},     {"UnitCode", Text},    {"UnitName", Text}, {"Operator", Text},
+    {"SumMoney", Money},      {"Remark", Text},    {"BillType", Text},    {"State", Text},    {"Report", Text},
+    {"SaleMan", Text},        {"MoneyName", Text}, {"MoneyRate", Single}, {"Auditing", Text},
 };
 
 constexpr Column FundBillInf[] = {
     {"LineNo", Integer}, {"Datee", Date},          {"BillCode", Text, Required}, {"UnitCode", Text},
     {"UnitName", Text},  {"AccountantCode", Text}, {"AccountantName", Text},     {"Moneyy", Money},
-    {"Remark", Text},    {"State", Text},          {"MoneyName", Text},          {"MoneyRate", Rate},
+    {"Remark", Text},    {"State", Text},          {"MoneyName", Text},          {"MoneyRate", Single},
     {"Auditing", Text},
 };
 
@@ -26,31 +26,31 @@ constexpr Column KeepTake[] = {
     {"Code", Text, Required}, {"Datee", Date},        {"SumMoney", Money},    {"AccountCodeC", Text},
     {"AccountNameC", Text},   {"AccountCodeR", Text}, {"AccountNameR", Text}, {"Operator", Text},
     {"Remark", Text},         {"BillType", Text},     {"State", Text},        {"Report", Text},
-    {"SaleMan", Text},        {"MoneyName", Text},    {"MoneyRate", Rate},    {"Auditing", Text},
+    {"SaleMan", Text},        {"MoneyName", Text},    {"MoneyRate", Single},  {"Auditing", Text},
 };
 
 // Expense and other income.
 constexpr Column FeeBill[] = {
-    {"Code", Text, Required}, {"Datee", Date},    {"SumMoney", Money},  {"Cash", Money},     {"Credit", Money},   {"CashCode", Text},
-    {"CreditCode", Text},     {"CashName", Text}, {"CreditName", Text}, {"Operator", Text},  {"Remark", Text},    {"BillType", Text},
-    {"State", Text},          {"Report", Text},   {"SaleMan", Text},    {"MoneyName", Text}, {"MoneyRate", Rate}, {"Auditing", Text},
+    {"Code", Text, Required}, {"Datee", Date},    {"SumMoney", Money},  {"Cash", Money},     {"Credit", Money},     {"CashCode", Text},
+    {"CreditCode", Text},     {"CashName", Text}, {"CreditName", Text}, {"Operator", Text},  {"Remark", Text},      {"BillType", Text},
+    {"State", Text},          {"Report", Text},   {"SaleMan", Text},    {"MoneyName", Text}, {"MoneyRate", Single}, {"Auditing", Text},
 };
 
 constexpr Column FeeBillInf[] = {
     {"LineNo", Integer}, {"Datee", Date}, {"Code", Text, Required}, {"AccountCode", Text}, {"AccountName", Text}, {"Moneyy", Money},
-    {"Remark", Text},    {"State", Text}, {"MoneyName", Text},      {"MoneyRate", Rate},   {"Auditing", Text},
+    {"Remark", Text},    {"State", Text}, {"MoneyName", Text},      {"MoneyRate", Single}, {"Auditing", Text},
 };
 
 constexpr Column Sustain[] = {
-    {"Code", Text, Required}, {"Datee", Date},   {"UnitCode", Text},  {"UnitName", Text},  {"Operator", Text},
-    {"SumMoney", Money},      {"Remark", Text},  {"BillType", Text},  {"State", Text},     {"SustainType", Text},
-    {"Report", Text},         {"SaleMan", Text}, {"MoneyName", Text}, {"MoneyRate", Rate}, {"Auditing", Text},
+    {"Code", Text, Required}, {"Datee", Date},   {"UnitCode", Text},  {"UnitName", Text},    {"Operator", Text},
+    {"SumMoney", Money},      {"Remark", Text},  {"BillType", Text},  {"State", Text},       {"SustainType", Text},
+    {"Report", Text},         {"SaleMan", Text}, {"MoneyName", Text}, {"MoneyRate", Single}, {"Auditing", Text},
 };
 
 constexpr Column SustainInf[] = {
     {"LineNo", Integer},      {"Datee", Date},          {"Code", Text, Required}, {"UnitCode", Text}, {"UnitName", Text},
     {"AccountantCode", Text}, {"AccountantName", Text}, {"Moneyy", Money},        {"Remark", Text},   {"State", Text},
-    {"MoneyName", Text},      {"MoneyRate", Rate},      {"Auditing", Text},
+    {"MoneyName", Text},      {"MoneyRate", Single},    {"Auditing", Text},
 };
 
 // The day of the link is kept as its writer put it, with the blank ahead of it.

@@ -18,7 +18,7 @@ QString typeOf(ColumnType type)
   case ColumnType::Text: return QStringLiteral("text collate %1").arg(QLatin1String(SqliteCollations::Text));
   case ColumnType::Date: return QStringLiteral("text collate %1").arg(QLatin1String(SqliteCollations::Date));
   case ColumnType::Money:
-  case ColumnType::Rate: return QStringLiteral("numeric");
+  case ColumnType::Single: return QStringLiteral("numeric");
   case ColumnType::Integer: return QStringLiteral("integer");
   case ColumnType::Binary: return QStringLiteral("blob");
   }

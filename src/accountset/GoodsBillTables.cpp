@@ -25,7 +25,7 @@ constexpr Column GoodsBill[] = {
     {"State", Text},
     {"InvoiceType", Text},
     {"MoneyName", Text},
-    {"MoneyRate", Rate},
+    {"MoneyRate", Single},
     {"Auditing", Text},
 };
 

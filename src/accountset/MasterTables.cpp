@@ -31,7 +31,7 @@ constexpr Column ClientOfSale[] = {
 };
 
 constexpr Column ClientTurn[] = {
-    {"Code", Text, Required}, {"Datee", Date}, {"Num", Integer}, {"SumMoney", Money}, {"MoneyRate", Rate}, {"MoneyName", Text},
+    {"Code", Text, Required}, {"Datee", Date}, {"Num", Integer}, {"SumMoney", Money}, {"MoneyRate", Single}, {"MoneyName", Text},
 };
 
 constexpr Column Provide[] = {{"Code", Text, Required}, {"Name", Text}, {"ParentCode", Text}, {"TypeCode", Text}};
@@ -43,8 +43,6 @@ constexpr Column Ware[] = {
 constexpr Column Stuff[] = {{"Code", Text, Required}, {"Name", Text}, {"ParentCode", Text}, {"DepartmentCode", Text}};
 
 constexpr Column Category[] = {{"Code", Text, Required}, {"Name", Text}, {"ParentCode", Text}};
-
-constexpr Column Attribute[] = {{"Code", Text, Required}, {"Name", Text}};
 
 constexpr Table Tables[] = {
     // A chart under repair may hold one code twice; who walks it has to say what that means.
@@ -61,7 +59,7 @@ constexpr Table Tables[] = {
     {"TabWareType", Category, "Code", {"ParentCode"}},
     {"TabDepartmentType", Category, "Code", {"ParentCode"}},
     {"TabWarehouseType", Category, "Code", {"ParentCode"}},
-    {"TabAttribute", Attribute, "Code"},
+    {"TabAttribute", Category, "Code"},
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "accountset/SampleCashBills.h"
 
 #include "accountset/SampleCalendar.h"
+#include "accountset/SampleMoney.h"
 #include "accountset/SamplePartners.h"
 
 #include <algorithm>
@@ -8,11 +9,6 @@
 
 namespace SampleFirm {
 namespace {
-
-constexpr Currency yuan(int count)
-{
-  return Currency::ofTenThousandths(std::int64_t(count) * 10000);
-}
 
 // Money that settles no goods bill yet.
 struct Advance {
@@ -118,12 +114,6 @@ CashBill partnerBill(const CashKind& kind, const QDate& day, const Partner* part
 CashBill fundBill(bool isReceipt, const QDate& day, const Partner* partner, std::vector<AccountAmount> lines)
 {
   return partnerBill(isReceipt ? Receipt : Payment, day, partner, std::move(lines), isReceipt ? ReceivableAccount : PayableAccount);
-}
-
-// Half of it in whole yuan.
-Currency halfOf(Currency money)
-{
-  return yuan(int(money.tenThousandths() / 2 / yuan(1).tenThousandths()));
 }
 
 // What a partner settles on a day: all his open bills before it, of the last one half if he is slow.

@@ -2,6 +2,7 @@
 
 #include "accountset/RowWriter.h"
 #include "accountset/SampleCalendar.h"
+#include "accountset/SampleMoney.h"
 #include "accountset/SamplePartners.h"
 #include "accountset/SampleWares.h"
 #include "platform/DateText.h"
@@ -36,22 +37,6 @@ struct Invoice {
   int taxPercent;
 };
 constexpr Invoice Invoices[] = {{u"增值税发票", 13}, {u"普通发票", 3}, {u"收据", 0}};
-
-constexpr std::int64_t Cent = 100; // in ten-thousandths
-
-// Rounded to cents, half away from zero.
-Currency percentOf(Currency money, int percent)
-{
-  const std::int64_t hundredths = money.tenThousandths() * percent / Cent;
-  return Currency::ofTenThousandths((hundredths + 50) / 100 * Cent);
-}
-
-// Half of it in whole yuan.
-Currency halfOf(Currency money)
-{
-  constexpr std::int64_t Yuan = 10000;
-  return Currency::ofTenThousandths(money.tenThousandths() / 2 / Yuan * Yuan);
-}
 
 bool isMatched(const QDate& day, int line)
 {

@@ -47,7 +47,7 @@ void writeVoucherSettings(RowWriter& rows)
     rows.insert("TabAccountantNameSet", {book, book == u"1" ? u"1" : u"0"});
   for (const auto& [type, word] : {std::pair{u"记账凭证", u"记"}, {u"收款凭证", u"收"}, {u"付款凭证", u"付"}, {u"转账凭证", u"转"}})
     rows.insert("TabWarrantTypeSet", {type, word});
-  // Closed is the last month but the two that the firm works in.
+  // Closed up to the first month, whose vouchers are posted.
   rows.insert("TabWriteAccountant", {u"2022", u"3", u"已结账"});
   rows.insert("TabWriteAccountant", {u"2022", u"4", u"已结账"});
   rows.insert("TabWriteAccountant", {u"2022", u"5", u"未审核"});

@@ -1,14 +1,10 @@
 #include "accountset/SampleWares.h"
 
 #include "accountset/RowWriter.h"
+#include "accountset/SampleMoney.h"
 
 namespace SampleFirm {
 namespace {
-
-constexpr Currency fen(int count)
-{
-  return Currency::ofTenThousandths(std::int64_t(count) * 100);
-}
 
 constexpr Ware Wares[] = {
     {u"1001", u"电饭煲", u"5升", u"台", u"DFB", u"101", u"01", fen(12800), fen(16800)},
@@ -58,7 +54,7 @@ void writeWares(RowWriter& rows)
   for (const auto& [code, name, parent] : Warehouses)
     rows.insert("TabWarehouseType", {code, name, parent});
   for (const auto& [code, name] : Attributes)
-    rows.insert("TabAttribute", {code, name});
+    rows.insert("TabAttribute", {code, name, u"0"});
   for (const Ware& ware : Wares)
     rows.insert("TabWare", {ware.code, ware.name, u"0", ware.spec, ware.unit, ware.mnemonic, ware.category});
 }

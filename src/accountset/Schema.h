@@ -17,7 +17,7 @@ enum class ColumnType {
   Text,    // compared without regard to the case of Latin letters
   Date,    // a day, compared as a day however it is written
   Money,   // an amount or a quantity, kept as it was entered
-  Rate,    // an exchange rate, single precision
+  Single,  // single precision: an exchange rate, the size of a font
   Integer, // counts, line numbers, flags (1 is on)
   Binary,
 };

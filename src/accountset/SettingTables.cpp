@@ -10,7 +10,7 @@ using enum Presence;
 
 constexpr Column DotSet[] = {{"Name", Text, Required}, {"Num", Integer}};
 
-constexpr Column MoneyType[] = {{"Name", Text, Required}, {"Rate", Rate}, {"IsBWB", Text}};
+constexpr Column MoneyType[] = {{"Name", Text, Required}, {"Rate", Single}, {"IsBWB", Text}};
 
 constexpr Column SysSetNew[] = {{"Name", Text, Required}, {"IsAllow", Integer}};
 
@@ -25,13 +25,14 @@ constexpr Column CompanyInf[] = {{"Name", Text}};
 
 constexpr Column AccountAreaSet[] = {{"DateeM", Integer, Required}, {"DateeD", Integer}};
 
-constexpr Column Turn[] = {{"Datee", Date, Required}};
+// Who finds the last closing passes over rows without a day.
+constexpr Column Turn[] = {{"Datee", Date}};
 
 constexpr Column PrintMSHSet[] = {
     {"TabName", Text, Required},    {"ColOrder", Integer, Required}, {"ColWidth", Integer},      {"ColElseName", Text},
-    {"HeadAlign", Integer},         {"HeadFontName", Text},          {"HeadFontSize", Rate},     {"HeadFontBold", Text},
+    {"HeadAlign", Integer},         {"HeadFontName", Text},          {"HeadFontSize", Single},   {"HeadFontBold", Text},
     {"HeadFontItalic", Text},       {"HeadFontUnderline", Text},     {"HeadForeColor", Integer}, {"ContentAlign", Integer},
-    {"ContentFontName", Text},      {"ContentFontSize", Rate},       {"ContentFontBold", Text},  {"ContentFontItalic", Text},
+    {"ContentFontName", Text},      {"ContentFontSize", Single},     {"ContentFontBold", Text},  {"ContentFontItalic", Text},
     {"ContentFontUnderline", Text}, {"ContentForeColor", Integer},
 };
 
@@ -47,8 +48,8 @@ constexpr Table Tables[] = {
     {"TabCloudAccountLoginInf", CloudAccountLoginInf, "Account, Account2"},
     {"TabCompanyInf", CompanyInf, ""},
     {"TabAccountAreaSet", AccountAreaSet, "DateeM"},
-    {"TabTurn", Turn, "Datee"},
-    {"TabTurnDay", Turn, "Datee"},
+    {"TabTurn", Turn, "", {"Datee"}},
+    {"TabTurnDay", Turn, "", {"Datee"}},
     {"TabPrintMSHSet", PrintMSHSet, "TabName, ColOrder"},
     // A template is offered by the kind of bill and fetched by its name.
     {"TabExcelTable", ExcelTable, "TabType, TabName", {"TabName"}},

@@ -75,7 +75,7 @@ constexpr Column WarrantInf[] = {
     {"Price", Money},
     {"ZDYHS", Text},
     {"MoneyName", Text},
-    {"MoneyRate", Rate},
+    {"MoneyRate", Single},
 };
 
 constexpr Column AllAccount[] = {
