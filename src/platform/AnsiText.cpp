@@ -19,7 +19,7 @@ bool endsInsidePair(const QByteArray& bytes)
 QByteArray encode(const QString& text, bool* lossless)
 {
   QStringEncoder encoder("GBK", QStringConverter::Flag::Stateless);
-  const QByteArray bytes = encoder.encode(text);
+  QByteArray bytes = encoder.encode(text);
   if (lossless)
     *lossless = decode(bytes) == text;
   return bytes;
