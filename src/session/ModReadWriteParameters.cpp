@@ -176,19 +176,12 @@ bool ReadSystemParameters(const Machine& machine, SessionParams& params)
   return true;
 }
 
-QByteArray fileContent(const SessionParams& params, const Directives& directives, bool* lossless)
+QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless)
 {
-  SessionParams written = params;
-  written.OperationsDirective = Trim(directives.first);
-  written.OperationsDirective2 = Trim(directives.second);
-  written.OperationsDirective3 = Trim(directives.third);
-  written.OperationsDirective4 = Trim(directives.fourth);
-  written.OperationsDirective5 = Trim(directives.fifth);
-
   QByteArray content;
   bool held = true;
-  for (const Field& field : Fields) {
-    const QString line = QString::fromLatin1(field.key) + u'=' + give(written, field);
+  for (const QString& key : keys()) {
+    const QString line = key + u'=' + values.value(key);
     const QByteArray scrambled = ModChangeStr::ChangeStrEncode(line);
     // Two control characters become line breaks when they are lowered, others open a pair.
     held = held && ModChangeStr::ChangeStrDecode(scrambled) == Trim(line) && !scrambled.contains('\n') && !scrambled.contains('\r');
@@ -202,8 +195,17 @@ QByteArray fileContent(const SessionParams& params, const Directives& directives
 bool WriteSystemParameters(Session& session, const Directives& directives)
 {
   const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
+  SessionParams params = session.params;
+  params.OperationsDirective = Trim(directives.first);
+  params.OperationsDirective2 = Trim(directives.second);
+  params.OperationsDirective3 = Trim(directives.third);
+  params.OperationsDirective4 = Trim(directives.fourth);
+  params.OperationsDirective5 = Trim(directives.fifth);
+  QHash<QString, QString> values;
+  for (const Field& field : Fields)
+    values.insert(QString::fromLatin1(field.key), give(params, field));
   bool lossless = false;
-  const QByteArray content = fileContent(session.params, directives, &lossless);
+  const QByteArray content = fileContent(values, &lossless);
   if (lossless && write(path, content))
     return true;
   QFile::remove(path);

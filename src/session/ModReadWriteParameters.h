@@ -2,6 +2,9 @@
 
 #include "session/SessionParams.h"
 
+#include <QHash>
+#include <QStringList>
+
 class Machine;
 struct Session;
 
@@ -24,8 +27,8 @@ bool ReadSystemParameters(const Machine& machine, SessionParams& params);
 // "参数存取失败！", leaves no file and gives false; a text that does not survive the trip is one.
 bool WriteSystemParameters(Session& session, const Directives& directives);
 
-// The same without a session, for whoever starts the first program: the bytes of the file.
-// `lossless` tells whether a reader will get every character back.
-QByteArray fileContent(const SessionParams& params, const Directives& directives, bool* lossless = nullptr);
+// The bytes of a file with these values, by key; a key without one is empty. For whoever starts the
+// first program. `lossless` tells whether a reader will get every character back.
+QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless = nullptr);
 
 } // namespace ModReadWriteParameters

@@ -1,0 +1,60 @@
+#include "session/ModReadWriteParameters.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTextStream>
+
+// Writes the parameter file with which the next program in a folder starts:
+// order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]].
+
+namespace {
+
+constexpr int Done = 0;
+constexpr int Failed = 1;
+constexpr int WrongUse = 2;
+constexpr int MostOrders = 5;
+
+int complain(const QString& text, int status)
+{
+  QTextStream(stderr) << "order: " << text << "\n";
+  return status;
+}
+
+QString orderKey(qsizetype index)
+{
+  return QStringLiteral("OperationsDirective") + (index > 0 ? QString::number(index + 1) : QString());
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+  const QCoreApplication application(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments().mid(1);
+  if (arguments.isEmpty() || arguments[0].startsWith(u'-'))
+    return complain(QStringLiteral("usage: order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]]"), WrongUse);
+
+  QHash<QString, QString> values{{QStringLiteral("DatabaseType"), QStringLiteral("Access")},
+                                 {QStringLiteral("UserName"), QStringLiteral("系统管理员")}};
+  qsizetype orders = 0;
+  for (const QString& argument : arguments.mid(1)) {
+    const QString key = argument.section(u'=', 0, 0);
+    if (argument.contains(u'=') && !ModReadWriteParameters::keys().contains(key))
+      return complain(QStringLiteral("the parameter file has no key \"%1\"").arg(key), WrongUse);
+    if (argument.contains(u'='))
+      values.insert(key, argument.section(u'=', 1));
+    else if (orders < MostOrders)
+      values.insert(orderKey(orders++), argument);
+    else
+      return complain(QStringLiteral("there are five orders at most"), WrongUse);
+  }
+
+  bool lossless = false;
+  const QByteArray content = ModReadWriteParameters::fileContent(values, &lossless);
+  if (!lossless)
+    return complain(QStringLiteral("a value holds what the file cannot"), Failed);
+  QFile file(arguments[0] + u'/' + QString::fromLatin1(ModReadWriteParameters::FileName));
+  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+    return complain(file.fileName() + QStringLiteral(": ") + file.errorString(), Failed);
+  return Done;
+}

@@ -1,0 +1,50 @@
+#include "database/EmbeddedEngine.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+// Shows what stands in an account set: rows FILE "select ...". The statement may be in either dialect;
+// one that writes is carried out.
+
+namespace {
+
+constexpr int Done = 0;
+constexpr int Failed = 1;
+constexpr int WrongUse = 2;
+
+int complain(const QString& text, int status)
+{
+  QTextStream(stderr) << "rows: " << text << "\n";
+  return status;
+}
+
+QString line(const RowSet& rows, std::int64_t row)
+{
+  QStringList values;
+  for (int column = 0; column < rows.names().size(); ++column) {
+    const Value value = rows.value(row, column);
+    values.append(value.isNull() ? QStringLiteral("NULL") : value.toText());
+  }
+  return values.join(QStringLiteral(" | "));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+  const QCoreApplication application(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments();
+  if (arguments.size() != 3)
+    return complain(QStringLiteral("usage: rows FILE STATEMENT"), WrongUse);
+  const auto opening = EmbeddedEngine::open(arguments[1]);
+  if (!opening.engine)
+    return complain(opening.error.description, Failed);
+  const StatementResult result = opening.engine->execute(arguments[2]);
+  if (result.error)
+    return complain(result.error->description, Failed);
+  QTextStream out(stdout);
+  out << result.rows.names().join(QStringLiteral(" | ")) << "\n";
+  for (std::int64_t row = 0; row < result.rows.rows(); ++row)
+    out << line(result.rows, row) << "\n";
+  return Done;
+}
