@@ -1,6 +1,6 @@
 # Reads what "ctest --verbose" prints, shows the failures and one line for each group of tests, and ends
 # with "N passed, N failed" over all groups. A group ends with such a line of its own; one that dies before
-# it counts as a failure. Exit status 0 only if nothing failed.
+# it counts as a failure, and one that has none as a single test. Exit status 0 only if nothing failed.
 
 # What a group prints comes behind its number: "2: FAILED tests/scripts/...".
 /^[0-9]+: / {
@@ -12,7 +12,7 @@
     passed[group] = counts[1]
     failed[group] = counts[3]
     told[group] = 1
-  } else if (line !~ /^(Test command: |Working Directory: |Environment variables: ?$| [A-Z_]+=|Test timeout computed|ok |\[=====|\[  PASSED  \]|$)/) {
+  } else if (line !~ /^(Test command: |Working Directory: |Environment variables: ?$| [A-Z_]+=|Test timeout computed|(ok|skipped) |\[=====|\[  PASSED  \]|$)/) {
     print line
   }
   next
@@ -27,7 +27,10 @@
   sub(/^[0-9]+: /, "", name)
   sub(/ .*$/, "", name)
   group += 0
-  if ($0 !~ /   Passed  /) {
+  if ($0 ~ /   Passed  /) {
+    if (!told[group])
+      passed[group] = 1
+  } else {
     if (!told[group])
       print name " ended without its result:" substr($0, index($0, "***") + 3)
     if (failed[group] == 0)
