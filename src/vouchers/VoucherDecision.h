@@ -1,0 +1,20 @@
+#pragma once
+
+struct Session;
+
+namespace Vouchers {
+
+struct VoucherBill;
+
+enum class VoucherDecision {
+  Refused,   // the message has been shown and nothing may be saved
+  Wanted,    // after the save: GenerateVoucher
+  NotWanted, // after the save: DeleteVoucher
+};
+
+// Asked at save, behind the form's own checks and ahead of the first statement that writes: whether
+// the bill is to have a voucher by the settings of its kind. Refuses a partner without the account
+// that the voucher needs, and a bill whose voucher is posted.
+VoucherDecision DecideVoucher(Session& session, const VoucherBill& bill);
+
+} // namespace Vouchers
