@@ -23,7 +23,11 @@ install_missing() {
   done
   [ ${#missing[@]} = 0 ] && return
   echo "Installing ${missing[*]}"
-  as_root apt-get -qq update && as_root apt-get -qq -y --no-install-recommends install "${missing[@]}" >/dev/null
+  local told
+  if ! told=$(as_root apt-get -q update 2>&1 && as_root apt-get -q -y --no-install-recommends install "${missing[@]}" 2>&1); then
+    echo "$told"
+    return 1
+  fi
 }
 
 # Configures a preset, the first time, and builds targets of it (all without any named).

@@ -13,7 +13,7 @@
     failed[group] = counts[3]
     told[group] = 1
   } else if (line !~ /^(Test command: |Working Directory: |Environment variables: ?$| [A-Z_]+=|Test timeout computed|(ok|skipped) |\[=====|\[  PASSED  \]|$)/) {
-    print line
+    lines[group] = lines[group] line "\n"
   }
   next
 }
@@ -31,6 +31,7 @@
     if (!told[group])
       passed[group] = 1
   } else {
+    printf "%s", lines[group]
     if (!told[group])
       print name " ended without its result:" substr($0, index($0, "***") + 3)
     if (failed[group] == 0)
