@@ -14,7 +14,7 @@ constexpr int BookCount = 3;
 
 // The header of a voucher, as far as every one of its lines repeats it.
 struct VoucherEntry {
-  QString Code;
+  QString Code = {};
   std::array<qint16, BookCount> WarrantNum = {};
   std::array<qint16, BookCount> AccountBook = {};
   QString ZD;

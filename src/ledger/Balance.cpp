@@ -1,0 +1,84 @@
+#include "ledger/Balance.h"
+
+#include "ledger/BalanceStatement.h"
+#include "ledger/BillFilter.h"
+#include "platform/DateText.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+
+#include <optional>
+
+namespace ModFuntion {
+namespace {
+
+// Without a closing all movements count.
+QDate beforeAllBills()
+{
+  return QDate(1900, 1, 1);
+}
+
+// A failed statement has shown its box; the balance goes on as if it had found nothing.
+bool hasRow(const Recordset& rs)
+{
+  return rs.isOpen() && !rs.eof();
+}
+
+QString mainBook(Session& session)
+{
+  const Recordset rs = OpenRecordset(session, "select * from TabAccountantNameSet  where Main=1 ");
+  return hasRow(rs) ? rs.trimmed("Code") : QStringLiteral("1");
+}
+
+std::optional<QDate> lastClosing(Session& session, const QDate& date)
+{
+  const Recordset rs =
+      OpenRecordset(session, QString("select max(Datee) as Dateee from TabTurn ") + " where Datee<=" + SqlDialect::date(session, date));
+  return hasRow(rs) ? DateText::parse(rs.text("Dateee")) : std::nullopt;
+}
+
+// The first row, not a sum: with all currencies taken together only one of them is opened with.
+Currency openingBalance(Session& session, const QString& code, const std::optional<QDate>& closing, const QString& moneyName)
+{
+  const QString list = isAllCurrencies(moneyName) ? "  SumMoney*MoneyRate as SumMoney  " : "  SumMoney  ";
+  const QString which = closing ? " and Datee=" + SqlDialect::date(session, *closing) : QString(" and Num=1");
+  const Recordset rs = OpenRecordset(session, "select   " + list + " from TabClientTurn   " + " where  Code='" + code + "' " + which +
+                                                  BuildBillFilter({.moneyName = moneyName}));
+  return hasRow(rs) ? Currency::ofDouble(rs.number("SumMoney")) : Currency();
+}
+
+} // namespace
+
+TogatherData GetOutstandingBalance(Session& session, const QString& code, const QDate& date, const QString& moneyName, bool auditedOnly)
+{
+  const QString book = mainBook(session);
+  const auto closing = lastClosing(session, date);
+  const Currency opening = openingBalance(session, code, closing, moneyName);
+  const Recordset moved =
+      OpenRecordset(session, movementStatement(session, {code, closing.value_or(beforeAllBills()), date, moneyName, auditedOnly, book}));
+  const auto sum = [&moved](const char* name) { return hasRow(moved) ? Currency::ofDouble(moved.number(name)) : Currency(); };
+
+  const Currency sales = sum("SumMoneyy");
+  const Currency cashIn = sum("SumCashh");
+  const Currency bankIn = sum("SumCreditt");
+  const Currency purchases = sum("SumMoneyy_G");
+  const Currency cashOut = sum("SumCashh_G");
+  const Currency bankOut = sum("SumCreditt_G");
+  return {.EndBalance = opening + sales - (cashIn + bankIn) - (purchases - (cashOut + bankOut)),
+          .NetSales = sales - purchases,
+          .NetCash = cashIn - cashOut,
+          .NetBank = bankIn - bankOut,
+          .NetOther = {}};
+}
+
+bool IsClientAccountWLHS(Session& session, const QString& code, const QString& kind)
+{
+  const QString column = partnerAccountColumn(kind);
+  if (code.isEmpty() || column.isEmpty())
+    return false;
+  const Recordset rs =
+      OpenRecordset(session, QString("select TabAccountantType.WLHS ") + " from  TabAccountantType,TabClient " + " where TabClient.Code='" +
+                                 code + "' " + " and TabClient." + column + "=TabAccountantType.Code ");
+  return hasRow(rs) && rs.number("WLHS") == 1;
+}
+
+} // namespace ModFuntion

@@ -1,0 +1,180 @@
+#include "vouchers/VoucherLines.h"
+
+#include "ledger/AccountingCalendar.h"
+#include "ledger/MasterData.h"
+#include "ledger/Money.h"
+#include "platform/DateText.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+#include "vouchers/VoucherBill.h"
+#include "vouchers/VoucherLineRules.h"
+
+#include <QStringList>
+
+namespace Vouchers {
+namespace {
+
+QString quoted(const QString& text)
+{
+  return "'" + text + "'";
+}
+
+// What all lines of a voucher have in common, each a value as it stands in the statement.
+struct Frame {
+  QString Datee;
+  QString DateeY;
+  QString DateeM;
+  QString Summary;
+  QString MoneyName = {};
+  QString MoneyRate = {};
+};
+
+// The account and the amount of one line, as they were read.
+struct Entry {
+  QString account;
+  QString name;
+  QString allName;
+  Value amount;
+};
+
+class LineWriter {
+public:
+  LineWriter(Session& session, const VoucherBill& bill, const VoucherRules& rules, const VoucherEntry& voucher)
+      : m_session(session), m_bill(bill), m_rules(rules), m_voucher(voucher)
+  {
+  }
+
+  // `accounts` are the partner's, not open for a bill without one.
+  void write(const Recordset& header, const Recordset& accounts)
+  {
+    m_frame = frameOf(header);
+    for (const VoucherLineRule& rule : m_rules.lines)
+      write(rule, header, accounts);
+  }
+
+private:
+  Frame frameOf(const Recordset& header)
+  {
+    const QDate date = DateText::parse(header.text("Datee")).value_or(QDate());
+    Frame frame{quoted(DateText::shortForm(date)), quoted(ModFuntion::GetAccountingYear(m_session, date)),
+                quoted(ModFuntion::GetAccountingMonth(m_session, date)),
+                quoted("第" + header.trimmed("Code") + QString::fromUtf16(m_rules.suffix))};
+    if (m_rules.inBaseMoney) {
+      frame.MoneyName = quoted(ModFuntion::GetBaseMoneyName(m_session));
+      frame.MoneyRate = NumberText::ofSingle(ModFuntion::GetBaseMoneyRate(m_session));
+    } else {
+      frame.MoneyName = quoted(Trim(m_bill.TxtMoneyName));
+      frame.MoneyRate = NumberText::ofDouble(NumberText::numericPrefix(m_bill.TxtMoneyRate));
+    }
+    return frame;
+  }
+
+  void write(const VoucherLineRule& rule, const Recordset& header, const Recordset& accounts)
+  {
+    switch (rule.source) {
+    case LineSource::None: break;
+    case LineSource::Partner: writeOwn(rule, header, accounts.eof() ? QString() : accounts.text(rule.account)); break;
+    case LineSource::Header: writeOwn(rule, header, header.text(rule.account)); break;
+    case LineSource::Rows: writeRows(rule, header.text("Code")); break;
+    }
+  }
+
+  // A line whose amount stands in the header.
+  void writeOwn(const VoucherLineRule& rule, const Recordset& header, const QString& account)
+  {
+    const Value amount = header.field(rule.amount);
+    if (rule.evenIfZero || amount.toNumber() != 0)
+      insert(rule, {account, header.text(rule.name), ModFuntion::GetAccountPath(m_session, account, true), amount});
+    else if (rule.number != NextNumber)
+      m_number = rule.number;
+  }
+
+  void writeRows(const VoucherLineRule& rule, const QString& billCode)
+  {
+    const QString table = m_rules.rowTable;
+    Recordset rows = OpenRecordset(m_session, "select " + table + "." + rule.account + " as AccountantCode, " + table + "." + rule.name +
+                                                  " as AccountantName," + table + "." + rule.amount + " as Moneyy," +
+                                                  " TabAccountantType.AllName as AccountantAllName " + " from " + table +
+                                                  ",TabAccountantType " + " where " + table + "." + m_rules.rowKey + "='" + billCode + "'" +
+                                                  " and " + table + "." + rule.account + "=TabAccountantType.Code ");
+    for (; !rows.eof(); rows.moveNext())
+      if (rows.number("Moneyy") != 0)
+        insert(rule, {rows.text("AccountantCode"), rows.text("AccountantName"), rows.text("AccountantAllName"), rows.field("Moneyy")});
+  }
+
+  // The partner, where the account is kept by partners. The value asked for beside it is of a kind that
+  // no account has, so that column stays blank in every line.
+  QString trackedPartner(const QString& account) const
+  {
+    return *m_rules.partnerAccounts ? ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("往来核算"), account, Trim(m_bill.TxtCode))
+                                    : QString();
+  }
+
+  // The values stand in the order of the table's columns.
+  void insert(const VoucherLineRule& rule, const Entry& entry)
+  {
+    m_number = rule.number == NextNumber ? m_number + 1 : rule.number;
+    const QString zero = QStringLiteral("0");
+    const QString amount = entry.amount.isNull() ? zero : entry.amount.toText();
+    const QString blank = quoted({});
+    QStringList values = {QString::number(m_number),
+                          m_frame.Datee,
+                          m_frame.DateeY,
+                          m_frame.DateeM,
+                          quoted(Trim(m_voucher.Code)),
+                          m_frame.Summary,
+                          quoted(entry.account),
+                          quoted(entry.name),
+                          quoted(entry.allName),
+                          rule.side == Side::Debtor ? amount : zero,
+                          rule.side == Side::Lender ? amount : zero,
+                          quoted(QStringLiteral("未审核"))};
+    for (const qint16 number : m_voucher.WarrantNum)
+      values += QString::number(number);
+    for (const qint16 membership : m_voucher.AccountBook)
+      values += QString::number(membership);
+    values += {quoted(m_voucher.ZD),
+               quoted(trackedPartner(entry.account)),
+               blank, // BMHS
+               blank, // GRHS
+               zero,
+               zero,
+               quoted(ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {})),
+               m_frame.MoneyName,
+               m_frame.MoneyRate};
+    OpenRecordset(m_session, "insert into TabWarrantInf values(" + values.join(",") + " )");
+  }
+
+  Session& m_session;
+  const VoucherBill& m_bill;
+  const VoucherRules& m_rules;
+  const VoucherEntry& m_voucher;
+  Frame m_frame;
+  int m_number = 0;
+};
+
+Recordset partnerAccounts(Session& session, const VoucherBill& bill)
+{
+  const VoucherRules* const rules = voucherRulesFor(bill.headerTable, {});
+  if (!rules || !*rules->partnerAccounts)
+    return {};
+  return OpenRecordset(session, QString("select ") + rules->partnerAccounts + " from TabClient where code='" + Trim(bill.TxtCode) + "' ");
+}
+
+} // namespace
+
+void WriteVoucherLines(Session& session, const VoucherBill& bill, const QString& billSelectSql, const VoucherEntry& voucher)
+{
+  const Recordset accounts = partnerAccounts(session, bill);
+  OpenRecordset(session, "delete from TabWarrantInf where BillCode='" + voucher.Code + "'");
+  const Recordset header = OpenRecordset(session, billSelectSql);
+  if (header.eof())
+    return;
+  const bool isOffset = bill.headerTable == u"TabSustain";
+  if (const VoucherRules* const rules = voucherRulesFor(bill.headerTable, isOffset ? header.trimmed("SustainType") : QString()))
+    LineWriter(session, bill, *rules, voucher).write(header, accounts);
+}
+
+} // namespace Vouchers
