@@ -105,6 +105,8 @@ QStringList leftovers(const QList<File>& files, const QStringList& compiled)
       continue;
     }
     const auto names = [&](const File& other) {
+      if (file.path.endsWith(u".ui"_s))
+        return other.text.contains(file.name().section(u'.', 0, 0));
       if (!file.isHeader())
         return other.text.contains(file.name());
       return other.text.contains(u'/' + file.name() + u'"') || other.text.contains(u'"' + file.name() + u'"');
