@@ -2,10 +2,12 @@
 
 #include "platform/DateText.h"
 #include "platform/NumberText.h"
+#include "platform/RunTimeError.h"
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
+#include <limits>
 #include <optional>
 
 namespace ModFuntion {
@@ -120,7 +122,10 @@ qint16 GetNextWarrantNum(Session& session, const QDate& periodStart, const QDate
                                                   SqlDialect::date(session, periodEnd) + " and AccountBook" + bookText + "=1 ");
   if (rs.eof() || rs.field("WarrantNumm").isNull())
     return 1;
-  return qint16(rs.field("WarrantNumm").toInteger() + 1);
+  const std::int64_t next = rs.field("WarrantNumm").toInteger() + 1;
+  if (next > std::numeric_limits<qint16>::max())
+    throw RunTimeError(RunTimeError::Overflow, QStringLiteral("溢出"));
+  return qint16(next);
 }
 
 } // namespace ModFuntion

@@ -30,6 +30,7 @@ QString LastDayOfMonth(const Session& session, const QString& month, const QStri
 bool GetClosingGuard(Session& session, const QDate& date, bool showMessage);
 
 // The next voucher number of a book (1 to 3) within a period, from the vouchers that belong to it.
+// Numbers have sixteen bits; RunTimeError (overflow) behind the last.
 qint16 GetNextWarrantNum(Session& session, const QDate& periodStart, const QDate& periodEnd, int book);
 
 } // namespace ModFuntion
