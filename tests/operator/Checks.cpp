@@ -70,7 +70,9 @@ void Checks::perform(const Directive& directive)
                         m_stage.cell(directive.control, directive.row, directive.column));
   case Verb::GridMeasure:
     return requireEqual(what + u' ' + directive.word, directive.number, m_stage.measure(directive.control, directive.word));
-  case Verb::GridWidth: return checkGridWidth(directive);
+  case Verb::GridWidth:
+    return requireEqual(QStringLiteral("%1 width %2").arg(what).arg(directive.column), directive.number,
+                        m_stage.columnWidth(directive.control, directive.column));
   case Verb::Tree: return requireEqualLines(what, directive.lines, m_stage.tree(directive.control));
   case Verb::Expect: return checkRows(directive);
   case Verb::Started: return checkStarted(directive);
@@ -92,12 +94,6 @@ void Checks::checkState(const Directive& directive)
   const QString state = opposites.value(directive.word, directive.word);
   if (m_stage.is(directive.control, state) != (state == directive.word))
     throw Unmet(QStringLiteral("%1: expected to be %2, was not").arg(directive.control.text(), directive.word));
-}
-
-void Checks::checkGridWidth(const Directive& directive)
-{
-  requireEqual(QStringLiteral("%1 width %2").arg(directive.control.text()).arg(directive.column), directive.number,
-               m_stage.columnWidth(directive.control, directive.column, directive.number));
 }
 
 void Checks::checkRows(const Directive& directive)

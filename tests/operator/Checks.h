@@ -17,7 +17,6 @@ public:
 
 private:
   void checkState(const Directive& directive);
-  void checkGridWidth(const Directive& directive);
   void checkRows(const Directive& directive);
   void checkStarted(const Directive& directive);
   void checkNotStarted();

@@ -40,7 +40,7 @@ QString ModelStage::topForm()
 void ModelStage::clear()
 {
   while (!m_forms.isEmpty())
-    m_forms.last()->close();
+    m_forms.takeLast()->close();
 }
 
 void ModelStage::show(Form& form)
@@ -126,6 +126,8 @@ void ModelStage::type(const ControlName& name, const QString& text)
   auto* const box = qobject_cast<TextBox*>(&control);
   if (!box && !qobject_cast<Grid*>(&control))
     throw Unmet(QStringLiteral("%1 is no text box").arg(name.text()));
+  if (auto* const drop = qobject_cast<ComboBox*>(&control); drop && !drop->isEditable())
+    throw Unmet(QStringLiteral("%1 is not typed into, an item is chosen").arg(name.text()));
   focus(name);
   if (box) {
     box->selectAll();
@@ -160,9 +162,7 @@ void ModelStage::click(const ControlName& name)
 {
   if (qobject_cast<MenuItemArray*>(&find(name)))
     throw Unmet(QStringLiteral("%1 is an item array, and no item is told").arg(name.text()));
-  Control& control = reach(name);
-  giveFocus(control);
-  control.click();
+  reach(name).click();
 }
 
 void ModelStage::clickItem(const ControlName& name, int index)
@@ -175,7 +175,6 @@ void ModelStage::clickItem(const ControlName& name, int index)
 void ModelStage::doubleClick(const ControlName& name)
 {
   Control& control = reach(name);
-  giveFocus(control);
   control.click();
   control.doubleClick();
 }
@@ -274,7 +273,7 @@ int ModelStage::measure(const ControlName& name, const QString& what)
   return what == u"row" ? grid.row() : grid.col();
 }
 
-int ModelStage::columnWidth(const ControlName& name, int column, int)
+int ModelStage::columnWidth(const ControlName& name, int column)
 {
   auto& grid = find<Grid>(name, "grid");
   requireCell(grid, 0, column);

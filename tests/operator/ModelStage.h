@@ -32,7 +32,7 @@ public:
   QStringList items(const ControlName& name) override;
   QString cell(const ControlName& grid, int row, int column) override;
   int measure(const ControlName& grid, const QString& what) override;
-  int columnWidth(const ControlName& grid, int column, int expected) override;
+  int columnWidth(const ControlName& grid, int column) override;
   QStringList tree(const ControlName& name) override;
   void screenshot(const QString&) override {}
 

@@ -135,7 +135,7 @@ void Player::start(const Directive& directive)
     m_scene.writeParameters(directive.places);
   else
     m_scene.removeParameters();
-  m_run.reset();
+  m_stage->clear();
   m_run = std::make_unique<Run>(m_stage->desk(), m_scene.machine());
   Mod_ZORVEKMain::Main(m_run->session, m_run->screens);
 }

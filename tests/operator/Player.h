@@ -64,7 +64,7 @@ private:
   Options m_options;
   std::unique_ptr<Stage> m_stage;
   Checks m_checks;
-  std::unique_ptr<Run> m_run; // goes ahead of the stage that its forms stand on
+  std::unique_ptr<Run> m_run;
   Verdict m_verdict;
   qsizetype m_next = 0;
   int m_checked = 0;

@@ -1,5 +1,6 @@
 #include "ScriptProcess.h"
 
+#include "DesktopStage.h"
 #include "ModelStage.h"
 #include "Player.h"
 
@@ -86,6 +87,9 @@ Result playHere(const Task& task, const Report& report)
     if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
         !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
       qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt would warn of every script.
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+      qputenv("XDG_RUNTIME_DIR", task.shelf.toLocal8Bit());
     const QApplication application(count, texts);
     // The program may end and be started again in one script.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -33,7 +33,7 @@ public:
   virtual Desk& desk() = 0;
   // Name of the topmost form; empty if none is open.
   virtual QString topForm() = 0;
-  // Closes whatever form is still open.
+  // Closes whatever form is still open. Behind it no window knows a form any more.
   virtual void clear() = 0;
 
   // Acting
@@ -59,8 +59,8 @@ public:
   virtual QString cell(const ControlName& grid, int row, int column) = 0;
   // By the words of "grid NAME …": rows, cols, row, col.
   virtual int measure(const ControlName& grid, const QString& what) = 0;
-  // In twips; `expected`, if it cannot be told from the width that is there.
-  virtual int columnWidth(const ControlName& grid, int column, int expected) = 0;
+  // In twips.
+  virtual int columnWidth(const ControlName& grid, int column) = 0;
   // The texts of all nodes from top to bottom, two blanks ahead for each level.
   virtual QStringList tree(const ControlName& name) = 0;
   // Saves the picture of the topmost window, if there are windows.

@@ -12,7 +12,7 @@ while IFS= read -r line; do
   "ok "*) path=${line#ok } told=passed ;;
   *) continue ;;
   esac
-  expected=$(sed -n 's/^#! //p' "$path")
+  expected=$(sed -n 's/\r$//; s/^\(\xef\xbb\xbf\)\?#! //p' "$path")
   if [ "$told" = "$expected" ]; then
     passed=$((passed + 1))
   else
