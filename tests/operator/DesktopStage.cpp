@@ -19,6 +19,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
@@ -36,6 +37,14 @@ template <typename Kind> Kind& as(const Face& face, const ControlName& name, con
   throw Unmet(QStringLiteral("%1 is no %2").arg(name.text(), QString::fromLatin1(kind)));
 }
 
+// The model that the shell gives a view of its kind.
+template <typename Model> Model& modelOf(const QAbstractItemView& view)
+{
+  if (auto* const model = dynamic_cast<Model*>(view.model()))
+    return *model;
+  throw Unmet(QStringLiteral("%1 shows no control").arg(view.objectName()));
+}
+
 // Lets the program do what it has put off: layouts, the activation of a new window, repaints.
 void settle()
 {
@@ -49,6 +58,17 @@ void clickAt(QWidget* widget, QPoint at, bool twice)
   if (twice)
     QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
   settle();
+}
+
+// Where a widget takes a click: a check box only on its mark and text, whatever room it has.
+QPoint clickPlace(const QWidget& widget)
+{
+  const bool isCheck = qobject_cast<const QCheckBox*>(&widget) || qobject_cast<const QRadioButton*>(&widget);
+  if (!isCheck)
+    return widget.rect().center();
+  QStyleOptionButton option;
+  option.initFrom(&widget);
+  return widget.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &widget).center();
 }
 
 Qt::Key keyOf(const Key& key)
@@ -165,8 +185,7 @@ void trigger(QAction& action)
 // one beside them.
 class Table {
 public:
-  Table(const Face& face, const ControlName& name)
-      : m_view(as<QTableView>(face, name, "grid")), m_model(dynamic_cast<GridModel&>(*m_view.model()))
+  Table(const Face& face, const ControlName& name) : m_view(as<QTableView>(face, name, "grid")), m_model(modelOf<GridModel>(m_view))
   {
     m_model.settle();
   }
@@ -282,18 +301,27 @@ void DesktopStage::modalStands(QWidget& window)
     standing->close();
 }
 
+Face DesktopStage::reach(const ControlName& name)
+{
+  const Face face = Widgets::reach(name);
+  if (!face.window->isActiveWindow()) {
+    face.window->activateWindow();
+    QTest::qWaitForWindowActive(face.window);
+  }
+  return face;
+}
+
 void DesktopStage::giveFocus(const Face& face, const ControlName& name)
 {
   if (!face.widget || face.widget->focusPolicy() == Qt::NoFocus)
     throw Unmet(QStringLiteral("%1 takes no focus").arg(name.text()));
-  face.window->activateWindow();
   face.widget->setFocus(Qt::OtherFocusReason);
   settle();
 }
 
 void DesktopStage::type(const ControlName& name, const QString& text)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   auto* edit = qobject_cast<QLineEdit*>(face.widget);
   if (auto* const drop = qobject_cast<QComboBox*>(face.widget)) {
     edit = drop->lineEdit();
@@ -328,23 +356,23 @@ void DesktopStage::press(const Key& key)
 
 void DesktopStage::focus(const ControlName& name)
 {
-  giveFocus(Widgets::reach(name), name);
+  giveFocus(reach(name), name);
 }
 
 void DesktopStage::click(const ControlName& name)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   if (face.action && Widgets::actions(face, name).size() > 1)
     throw Unmet(QStringLiteral("%1 is an item array, and no item is told").arg(name.text()));
   if (face.action)
     trigger(*face.action);
   else
-    clickAt(face.widget, face.widget->rect().center(), false);
+    clickAt(face.widget, clickPlace(*face.widget), false);
 }
 
 void DesktopStage::clickItem(const ControlName& name, int index)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   const QList<QAction*> actions = Widgets::actions(face, name);
   if (index >= actions.size())
     throw Unmet(QStringLiteral("%1 has %2 items, counted from 0").arg(name.text()).arg(actions.size()));
@@ -353,15 +381,15 @@ void DesktopStage::clickItem(const ControlName& name, int index)
 
 void DesktopStage::doubleClick(const ControlName& name)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   if (!face.widget)
     throw Unmet(QStringLiteral("%1 takes no double click").arg(name.text()));
-  clickAt(face.widget, face.widget->rect().center(), true);
+  clickAt(face.widget, clickPlace(*face.widget), true);
 }
 
 void DesktopStage::choose(const ControlName& name, const QString& item)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   const QStringList all = Widgets::items(face, name);
   if (!all.contains(item))
     throw Unmet(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), all.join(QStringLiteral(" | "))));
@@ -382,7 +410,7 @@ void DesktopStage::choose(const ControlName& name, const QString& item)
 
 void DesktopStage::setDate(const ControlName& name, const QDate& date)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   auto& picker = as<QDateEdit>(face, name, "date picker");
   giveFocus(face, name);
   picker.setDate(date);
@@ -391,7 +419,7 @@ void DesktopStage::setDate(const ControlName& name, const QDate& date)
 
 void DesktopStage::clickCell(const ControlName& name, int row, int column, bool twice)
 {
-  const Table table(Widgets::reach(name), name);
+  const Table table(reach(name), name);
   table.require(row, column);
   if (table.isHidden(row, column))
     throw Unmet(QStringLiteral("the cell %1 %2 of %3 is hidden").arg(row).arg(column).arg(name.text()));
@@ -400,8 +428,8 @@ void DesktopStage::clickCell(const ControlName& name, int row, int column, bool 
 
 void DesktopStage::clickNode(const ControlName& name, const QString& key, bool twice)
 {
-  auto& tree = as<QTreeView>(Widgets::reach(name), name, "tree");
-  auto& model = dynamic_cast<TreeModel&>(*tree.model());
+  auto& tree = as<QTreeView>(reach(name), name, "tree");
+  const auto& model = modelOf<TreeModel>(tree);
   const QModelIndex node = model.indexOf(key);
   if (!node.isValid())
     throw Unmet(QStringLiteral("%1 has no node %2").arg(name.text(), key));
@@ -413,7 +441,7 @@ void DesktopStage::clickNode(const ControlName& name, const QString& key, bool t
 
 void DesktopStage::wheel(const ControlName& name, int step)
 {
-  const Face face = Widgets::reach(name);
+  const Face face = reach(name);
   QWidget* const area = as<QTableView>(face, name, "grid").viewport();
   giveFocus(face, name);
   const QPoint at = area->rect().center();
@@ -482,7 +510,7 @@ int DesktopStage::columnWidth(const ControlName& name, int column)
 QStringList DesktopStage::tree(const ControlName& name)
 {
   QStringList texts;
-  listNodes(*as<QTreeView>(Widgets::find(name), name, "tree").model(), {}, 0, texts);
+  listNodes(modelOf<TreeModel>(as<QTreeView>(Widgets::find(name), name, "tree")), {}, 0, texts);
   return texts;
 }
 

@@ -40,6 +40,8 @@ private:
   void boxStands(QMessageBox& box) override;
   void modalStands(QWidget& window) override;
 
+  // For acting: the window has the focus then, as under the operator's hand.
+  Widgets::Face reach(const ControlName& name);
   void giveFocus(const Widgets::Face& face, const ControlName& name);
 
   Encounters& m_encounters;

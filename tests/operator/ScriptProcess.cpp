@@ -59,7 +59,11 @@ Result playHere(const Task& task, const Report& report)
     if (script.playedFor == (task.desktop ? Script::For::ViewModelOnly : Script::For::DesktopOnly))
       return {Outcome::Skipped};
     Scene scene(task.programFolder, task.shelf);
-    const auto makeStage = [&](Encounters& encounters) -> std::unique_ptr<Stage> { return std::make_unique<ModelStage>(encounters); };
+    const auto makeStage = [&](Encounters& encounters) -> std::unique_ptr<Stage> {
+      if (task.desktop)
+        return std::make_unique<DesktopStage>(encounters);
+      return std::make_unique<ModelStage>(encounters);
+    };
     Player player(script, scene, {makeStage, task.pictureFolder, [&](int line) { report.begins(line); }});
     const Player::Verdict verdict = player.play();
     return {verdict.failedLine == 0 ? Outcome::Passed : Outcome::Failed, verdict.failedLine, verdict.reason};
@@ -68,6 +72,13 @@ Result playHere(const Task& task, const Report& report)
   } catch (const std::exception& error) {
     return {Outcome::Failed, 0, QString::fromUtf8(error.what())};
   }
+}
+
+// Without a display the window system says at every window what it cannot do.
+void passOn(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+  if (!message.startsWith(u"This plugin does not support"))
+    std::fprintf(stderr, "%s\n", message.toUtf8().constData());
 }
 
 [[noreturn]] void playAndExit(const Task& task, const Report& report)
@@ -90,6 +101,7 @@ Result playHere(const Task& task, const Report& report)
     // Qt would warn of every script.
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
       qputenv("XDG_RUNTIME_DIR", task.shelf.toLocal8Bit());
+    qInstallMessageHandler(passOn);
     const QApplication application(count, texts);
     // The program may end and be started again in one script.
     QApplication::setQuitOnLastWindowClosed(false);
