@@ -306,7 +306,8 @@ Face DesktopStage::reach(const ControlName& name)
   const Face face = Widgets::reach(name);
   if (!face.window->isActiveWindow()) {
     face.window->activateWindow();
-    QTest::qWaitForWindowActive(face.window);
+    if (!QTest::qWaitForWindowActive(face.window))
+      throw Unmet(QStringLiteral("the window of %1 does not come to the front").arg(topForm()));
   }
   return face;
 }
@@ -319,28 +320,19 @@ void DesktopStage::giveFocus(const Face& face, const ControlName& name)
   settle();
 }
 
-void DesktopStage::type(const ControlName& name, const QString& text)
+bool DesktopStage::markText(const ControlName& name)
 {
   const Face face = reach(name);
-  auto* edit = qobject_cast<QLineEdit*>(face.widget);
-  if (auto* const drop = qobject_cast<QComboBox*>(face.widget)) {
-    edit = drop->lineEdit();
-    if (!edit)
-      throw Unmet(QStringLiteral("%1 is not typed into, an item is chosen").arg(name.text()));
-  }
+  const auto* const drop = qobject_cast<QComboBox*>(face.widget);
+  if (drop && !drop->lineEdit())
+    throw Unmet(QStringLiteral("%1 is not typed into, an item is chosen").arg(name.text()));
+  auto* const edit = drop ? drop->lineEdit() : qobject_cast<QLineEdit*>(face.widget);
   if (!edit && !qobject_cast<QTableView*>(face.widget))
     throw Unmet(QStringLiteral("%1 is no text box").arg(name.text()));
   giveFocus(face, name);
-  if (edit) {
+  if (edit)
     edit->selectAll();
-    if (text.isEmpty() && !edit->text().isEmpty())
-      return press({Key::Delete, {}, false});
-  }
-  for (const char32_t character : text.toUcs4()) {
-    if (m_encounters.isOver())
-      return;
-    press(Key::character(QString::fromUcs4(&character, 1)));
-  }
+  return edit && !edit->text().isEmpty();
 }
 
 void DesktopStage::press(const Key& key)
@@ -387,23 +379,18 @@ void DesktopStage::doubleClick(const ControlName& name)
   clickAt(face.widget, clickPlace(*face.widget), true);
 }
 
-void DesktopStage::choose(const ControlName& name, const QString& item)
+void DesktopStage::choose(const ControlName& name, int item)
 {
   const Face face = reach(name);
-  const QStringList all = Widgets::items(face, name);
-  if (!all.contains(item))
-    throw Unmet(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), all.join(QStringLiteral(" | "))));
-  const int row = int(all.indexOf(item));
   giveFocus(face, name);
   if (auto* const drop = qobject_cast<QComboBox*>(face.widget)) {
     drop->showPopup();
-    drop->view()->setCurrentIndex(drop->model()->index(row, drop->modelColumn()));
+    drop->view()->setCurrentIndex(drop->model()->index(item, drop->modelColumn()));
     QTest::keyClick(drop->view(), Qt::Key_Return);
-    settle();
-    return;
+    return settle();
   }
   auto& list = as<QListView>(face, name, "drop-down or list");
-  const QModelIndex index = list.model()->index(row, 0);
+  const QModelIndex index = list.model()->index(item, 0);
   list.scrollTo(index);
   clickAt(list.viewport(), list.visualRect(index).center(), false);
 }

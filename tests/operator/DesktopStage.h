@@ -13,13 +13,13 @@ public:
   QString topForm() override;
   void clear() override;
 
-  void type(const ControlName& name, const QString& text) override;
+  bool markText(const ControlName& name) override;
   void press(const Key& key) override;
   void focus(const ControlName& name) override;
   void click(const ControlName& name) override;
   void clickItem(const ControlName& name, int index) override;
   void doubleClick(const ControlName& name) override;
-  void choose(const ControlName& name, const QString& item) override;
+  void choose(const ControlName& name, int item) override;
   void setDate(const ControlName& name, const QDate& date) override;
   void clickCell(const ControlName& grid, int row, int column, bool twice) override;
   void clickNode(const ControlName& tree, const QString& key, bool twice) override;

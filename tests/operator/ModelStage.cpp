@@ -120,7 +120,7 @@ void ModelStage::giveFocus(Control& control)
     control.form().setFocus(control);
 }
 
-void ModelStage::type(const ControlName& name, const QString& text)
+bool ModelStage::markText(const ControlName& name)
 {
   Control& control = reach(name);
   auto* const box = qobject_cast<TextBox*>(&control);
@@ -128,17 +128,10 @@ void ModelStage::type(const ControlName& name, const QString& text)
     throw Unmet(QStringLiteral("%1 is no text box").arg(name.text()));
   if (auto* const drop = qobject_cast<ComboBox*>(&control); drop && !drop->isEditable())
     throw Unmet(QStringLiteral("%1 is not typed into, an item is chosen").arg(name.text()));
-  focus(name);
-  if (box) {
+  giveFocus(control);
+  if (box)
     box->selectAll();
-    if (text.isEmpty() && !box->text().isEmpty())
-      return press({Key::Delete, {}, false});
-  }
-  for (const char32_t character : text.toUcs4()) {
-    if (m_encounters.isOver())
-      return;
-    press(Key::character(QString::fromUcs4(&character, 1)));
-  }
+  return box && !box->text().isEmpty();
 }
 
 void ModelStage::press(const Key& key)
@@ -179,19 +172,14 @@ void ModelStage::doubleClick(const ControlName& name)
   control.doubleClick();
 }
 
-void ModelStage::choose(const ControlName& name, const QString& item)
+void ModelStage::choose(const ControlName& name, int item)
 {
-  const QStringList all = items(name);
-  if (!all.contains(item))
-    throw Unmet(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), all.join(QStringLiteral(" | "))));
   Control& control = reach(name);
   giveFocus(control);
   if (auto* const box = qobject_cast<ComboBox*>(&control))
-    box->choose(item);
-  else if (auto* const list = qobject_cast<ListBox*>(&control))
-    list->select(int(all.indexOf(item)));
+    box->choose(box->items().value(item));
   else
-    throw Unmet(QStringLiteral("%1 is no drop-down or list").arg(name.text()));
+    find<ListBox>(name, "drop-down or list").select(item);
 }
 
 void ModelStage::setDate(const ControlName& name, const QDate& date)

@@ -99,12 +99,12 @@ bool Player::act(const Directive& directive)
 {
   const ControlName& control = directive.control;
   switch (directive.verb) {
-  case Verb::Type: return m_stage->type(control, directive.text), true;
+  case Verb::Type: return type(control, directive.text), true;
   case Verb::Key: return m_stage->press(directive.key), true;
   case Verb::Focus: return m_stage->focus(control), true;
   case Verb::Click: return directive.row < 0 ? m_stage->click(control) : m_stage->clickItem(control, directive.row), true;
   case Verb::DoubleClick: return m_stage->doubleClick(control), true;
-  case Verb::Choose: return m_stage->choose(control, directive.text), true;
+  case Verb::Choose: return choose(control, directive.text), true;
   case Verb::SetDate: return m_stage->setDate(control, directive.when.date()), true;
   case Verb::Cell:
   case Verb::DoubleCell: return m_stage->clickCell(control, directive.row, directive.column, directive.verb == Verb::DoubleCell), true;
@@ -118,6 +118,27 @@ bool Player::act(const Directive& directive)
     return true;
   default: return false;
   }
+}
+
+void Player::type(const ControlName& name, const QString& text)
+{
+  const bool holdsText = m_stage->markText(name);
+  if (text.isEmpty() && holdsText)
+    m_stage->press({Key::Delete, {}, false});
+  for (const char32_t character : text.toUcs4()) {
+    // What a letter has set off may have ended the script.
+    if (m_over)
+      return;
+    m_stage->press(Key::character(QString::fromUcs4(&character, 1)));
+  }
+}
+
+void Player::choose(const ControlName& name, const QString& item)
+{
+  const QStringList items = m_stage->items(name);
+  if (!items.contains(item))
+    throw Unmet(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), items.join(QStringLiteral(" | "))));
+  m_stage->choose(name, int(items.indexOf(item)));
 }
 
 void Player::makeAccountSet(const Directive& directive)

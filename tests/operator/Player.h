@@ -44,7 +44,6 @@ private:
   // Encounters
   Desk::Answer boxStands(const Desk::Box& box) override;
   void modalStands(const std::function<bool()>& stands) override { playWhile(stands); }
-  bool isOver() const override { return m_over; }
 
   void playWhile(const std::function<bool()>& goesOn);
   // Plays the next directive by `play`, and notes the failure if it throws.
@@ -55,6 +54,8 @@ private:
   // False if the verb is not of that group.
   bool setScene(const Directive& directive);
   bool act(const Directive& directive);
+  void type(const ControlName& name, const QString& text);
+  void choose(const ControlName& name, const QString& item);
   void start(const Directive& directive);
   void makeAccountSet(const Directive& directive);
   void checkEnded() const;

@@ -17,8 +17,6 @@ public:
   // A form stands over all others and the program waits for its end. Returns when `stands` is false,
   // or when nothing more is to be played; the stage then closes the form itself.
   virtual void modalStands(const std::function<bool()>& stands) = 0;
-  // True if the script has failed or is over, so that an action under way is to be left.
-  virtual bool isOver() const = 0;
 };
 
 // Where a script is played: on the view models, or on the real windows. It plays the operator's hand
@@ -37,14 +35,17 @@ public:
   virtual void clear() = 0;
 
   // Acting
-  virtual void type(const ControlName& name, const QString& text) = 0;
+  // Gives a text box the focus and marks what it holds; true if it holds something. A grid takes the
+  // focus alone, and what is typed is its own affair.
+  virtual bool markText(const ControlName& name) = 0;
   // To the control in focus.
   virtual void press(const Key& key) = 0;
   virtual void focus(const ControlName& name) = 0;
   virtual void click(const ControlName& name) = 0;
   virtual void clickItem(const ControlName& name, int index) = 0;
   virtual void doubleClick(const ControlName& name) = 0;
-  virtual void choose(const ControlName& name, const QString& item) = 0;
+  // By its place among items().
+  virtual void choose(const ControlName& name, int item) = 0;
   virtual void setDate(const ControlName& name, const QDate& date) = 0;
   virtual void clickCell(const ControlName& grid, int row, int column, bool twice) = 0;
   virtual void clickNode(const ControlName& tree, const QString& key, bool twice) = 0;
