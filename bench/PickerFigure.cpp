@@ -1,0 +1,163 @@
+#include "accountset/AccountSet.h"
+#include "database/SqliteCollations.h"
+#include "pickers/CodePicker.h"
+#include "screen/Controls.h"
+#include "screen/Form.h"
+#include "session/Session.h"
+#include "support/FakeDesk.h"
+#include "support/FixedMachine.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+// The code picker over 20,000 partners in 40 categories: opened, refreshed and searched, beside the
+// bare query read into memory.
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int Partners = 20000;
+constexpr int Categories = 40;
+constexpr char ListSql[] = "select Code,Name from TabClient order by code";
+constexpr char SearchSql[] = "select Code,Name from TabClient     where Name  like '%商%'order by Code  ";
+
+class ManyPartners {
+public:
+  ManyPartners()
+  {
+    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
+    const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
+    if (const QString reason = AccountSet::create(path, AccountSet::Content::Empty); !reason.isEmpty())
+      qFatal("%s", qPrintable(reason));
+    if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
+      qFatal("cannot open %s", qPrintable(path));
+    fill();
+    m_session.params.DatabaseType = QStringLiteral("Access");
+    m_session.params.IsAccessSQL = true;
+    m_session.params.ConDataName = QStringLiteral("A001.mdb");
+    m_session.params.UserName = QStringLiteral("系统管理员");
+  }
+  ~ManyPartners() { sqlite3_close(m_database); }
+
+  // Reads a query into memory, as a program without any screen would.
+  void readBare(const char* sql)
+  {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(m_database, sql, -1, &statement, nullptr);
+    std::vector<std::vector<std::string>> rows;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+      std::vector<std::string>& row = rows.emplace_back();
+      for (int column = 0; column < sqlite3_column_count(statement); ++column)
+        row.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                         std::size_t(sqlite3_column_bytes(statement, column)));
+    }
+    sqlite3_finalize(statement);
+    if (rows.size() != Partners)
+      qFatal("%s finds %zu rows", sql, rows.size());
+    benchmark::DoNotOptimize(rows);
+  }
+
+  // Opens the picker; `operate` then stands for the operator.
+  void pick(const std::function<void(Form&)>& operate)
+  {
+    m_desk.inDialog = operate;
+    CodePicker::pick(m_session, m_caller, {QString::fromLatin1(ListSql), QStringLiteral("TabClient"), QStringLiteral("选择往来单位")});
+  }
+
+private:
+  void run(const QString& sql)
+  {
+    if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+      qFatal("%s", sqlite3_errmsg(m_database));
+  }
+
+  void fill()
+  {
+    run(QStringLiteral("begin; insert into TabClientType(Code,Name,ParentCode) values('1','往来单位','0')"));
+    for (int i = 0; i < Categories; ++i)
+      run(QStringLiteral("insert into TabClientType(Code,Name,ParentCode) values('%1','地区%1','1')").arg(101 + i));
+    for (int i = 0; i < Partners; ++i)
+      run(QStringLiteral("insert into TabClient(Code,Name,Address,TypeCode) values('K%1','华联商厦第%2分店','人民路%2号','%3')")
+              .arg(i, 5, 10, QChar(u'0'))
+              .arg(i)
+              .arg(101 + i % Categories));
+    run(QStringLiteral("commit"));
+  }
+
+  QTemporaryDir m_folder{"figures-XXXXXX"};
+  FakeDesk m_desk;
+  FixedMachine m_machine{m_folder.path()};
+  sqlite3* m_database = nullptr;
+  Form m_caller{m_desk, QStringLiteral("frmPayfund")};
+  Session m_session{m_desk, m_machine};
+};
+
+ManyPartners& manyPartners()
+{
+  static ManyPartners Partners;
+  return Partners;
+}
+
+// The time from the caller's call until the dialog stands.
+void open(benchmark::State& state)
+{
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    const auto start = Clock::now();
+    manyPartners().pick([&](Form&) { state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count()); });
+  }
+}
+
+void refresh(benchmark::State& state)
+{
+  manyPartners().pick([&](Form& dialog) {
+    for (auto iteration : state) {
+      Q_UNUSED(iteration)
+      dialog.find<Button>(QStringLiteral("CmdRefresh"))->click();
+    }
+  });
+}
+
+void search(benchmark::State& state)
+{
+  manyPartners().pick([&](Form& dialog) {
+    TextBox& name = *dialog.find<TextBox>(QStringLiteral("TxtName"));
+    name.setText(QStringLiteral("商"));
+    for (auto iteration : state) {
+      Q_UNUSED(iteration)
+      name.press({Key::Enter, {}, false});
+    }
+  });
+}
+
+void bareList(benchmark::State& state)
+{
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    manyPartners().readBare(ListSql);
+  }
+}
+
+void bareSearch(benchmark::State& state)
+{
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    manyPartners().readBare(SearchSql);
+  }
+}
+
+} // namespace
+
+BENCHMARK(open)->Name("PickerOpen/program")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(refresh)->Name("PickerRefresh/program")->Unit(benchmark::kMillisecond);
+BENCHMARK(search)->Name("PickerSearch/program")->Unit(benchmark::kMillisecond);
+BENCHMARK(bareList)->Name("PickerList/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK(bareSearch)->Name("PickerSearch/floor")->Unit(benchmark::kMillisecond);

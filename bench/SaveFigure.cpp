@@ -1,0 +1,109 @@
+#include "PaymentScreen.h"
+
+#include "database/SqliteCollations.h"
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <sqlite3.h>
+#include <vector>
+
+// A new payment of 20 lines, beside the same statements run bare through SQLite's C API.
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int Lines = 20;
+
+double secondsSince(Clock::time_point start)
+{
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+std::vector<std::string>* recording = nullptr;
+
+int record(unsigned, void*, void* statement, void*)
+{
+  char* const sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt*>(statement));
+  if (recording && sql)
+    recording->push_back(sql);
+  sqlite3_free(sql);
+  return 0;
+}
+
+int traceNewConnection(sqlite3* database, char**, const sqlite3_api_routines*)
+{
+  return sqlite3_trace_v2(database, SQLITE_TRACE_STMT, record, nullptr);
+}
+
+// The statements that one save runs, as SQLite gets them.
+const std::vector<std::string>& statementsOfASave()
+{
+  static const std::vector<std::string> Statements = [] {
+    std::vector<std::string> statements;
+    sqlite3_auto_extension(reinterpret_cast<void (*)()>(traceNewConnection));
+    PaymentScreen screen;
+    screen.fillIn(Lines);
+    recording = &statements;
+    screen.save();
+    recording = nullptr;
+    sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(traceNewConnection));
+    return statements;
+  }();
+  return Statements;
+}
+
+void require(int code, sqlite3* database)
+{
+  if (code != SQLITE_OK && code != SQLITE_DONE)
+    qFatal("%s", sqlite3_errmsg(database));
+}
+
+void saveThroughTheScreen(benchmark::State& state)
+{
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    PaymentScreen screen;
+    screen.fillIn(Lines);
+    const auto start = Clock::now();
+    screen.save();
+    state.SetIterationTime(secondsSince(start));
+  }
+}
+
+void runBare(sqlite3* database, const std::string& sql)
+{
+  sqlite3_stmt* statement = nullptr;
+  require(sqlite3_prepare_v2(database, sql.c_str(), -1, &statement, nullptr), database);
+  int step = SQLITE_ROW;
+  while (step == SQLITE_ROW)
+    step = sqlite3_step(statement);
+  require(step, database);
+  sqlite3_finalize(statement);
+}
+
+void saveBare(benchmark::State& state)
+{
+  const std::vector<std::string>& statements = statementsOfASave();
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    const QTemporaryDir folder{"figures-XXXXXX"};
+    sqlite3* database = nullptr;
+    require(sqlite3_open(PaymentScreen::freshAccountSet(folder).toUtf8().constData(), &database), database);
+    require(SqliteCollations::registerAll(database), database);
+    require(
+        sqlite3_exec(database, "pragma journal_mode=delete; pragma synchronous=full; select * from TabDotSet", nullptr, nullptr, nullptr),
+        database);
+    const auto start = Clock::now();
+    for (const std::string& sql : statements)
+      runBare(database, sql);
+    state.SetIterationTime(secondsSince(start));
+    sqlite3_close(database);
+  }
+}
+
+} // namespace
+
+BENCHMARK(saveThroughTheScreen)->Name("Save/program")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveBare)->Name("Save/floor")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

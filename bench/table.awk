@@ -1,0 +1,22 @@
+# Reads Google Benchmark's CSV with its medians and prints the figures beside their floors.
+
+function row(figure, unit, ours, floor, limit) {
+  if (floor > 0)
+    printf "%-28s %9.2f %9.2f %s %7.2f x  (at most %s x)\n", figure, ours, floor, unit, ours / floor, limit
+  else
+    printf "%-28s %9.4f %9s %s %9s  (at most %s %s)\n", figure, ours, "-", unit, "", limit, unit
+}
+
+$1 ~ /_median"?$/ {
+  gsub(/"/, "", $1)
+  split($1, parts, "/")
+  time[parts[1] "/" parts[2]] = $3
+  memory[parts[1] "/" parts[2]] = $NF
+}
+END {
+  printf "%-28s %9s %9s\n", "", "program", "floor"
+  row("Start, painted and ready", "ms", time["Start/program"], time["Start/floor"], "1.4")
+  row("Start, peak memory", "MB", memory["Start/program"], memory["Start/floor"], "1.4")
+  row("Save of 20 lines", "ms", time["Save/program"], time["Save/floor"], "1.3")
+  row("One keystroke of 200 lines", "ms", time["Typing/program"], 0, "2")
+}
