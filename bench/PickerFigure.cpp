@@ -156,8 +156,8 @@ void bareSearch(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(open)->Name("PickerOpen/program")->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(refresh)->Name("PickerRefresh/program")->Unit(benchmark::kMillisecond);
-BENCHMARK(search)->Name("PickerSearch/program")->Unit(benchmark::kMillisecond);
-BENCHMARK(bareList)->Name("PickerList/floor")->Unit(benchmark::kMillisecond);
-BENCHMARK(bareSearch)->Name("PickerSearch/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK(open)->Name("PickerOpen/program")->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(refresh)->Name("PickerRefresh/program")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(search)->Name("PickerSearch/program")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareList)->Name("PickerList/floor")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareSearch)->Name("PickerSearch/floor")->Iterations(5)->Unit(benchmark::kMillisecond);

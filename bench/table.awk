@@ -19,4 +19,7 @@ END {
   row("Start, peak memory", "MB", memory["Start/program"], memory["Start/floor"], "1.4")
   row("Save of 20 lines", "ms", time["Save/program"], time["Save/floor"], "1.3")
   row("One keystroke of 200 lines", "ms", time["Typing/program"], 0, "2")
+  row("Code picker, open", "ms", time["PickerOpen/program"], time["PickerList/floor"], "2")
+  row("Code picker, refresh", "ms", time["PickerRefresh/program"], time["PickerList/floor"], "2")
+  row("Code picker, search", "ms", time["PickerSearch/program"], time["PickerSearch/floor"], "2")
 }
