@@ -1,0 +1,55 @@
+#include "desktop/CellEditorBinding.h"
+
+#include "desktop/FormWindow.h"
+#include "desktop/GridModel.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
+
+CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view)
+    : CellEditorBinding(window, control, view, *new QLineEdit(view.viewport()))
+{
+}
+
+CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& face)
+    : TextBinding(window, control, face), m_editor(control), m_view(view), m_face(face)
+{
+  face.setObjectName(control.name());
+  face.setFrame(false);
+  face.hide();
+  for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
+    connect(bar, &QScrollBar::valueChanged, this, &CellEditorBinding::lay);
+  connect(view.horizontalHeader(), &QHeaderView::sectionResized, this, &CellEditorBinding::lay);
+  connect(view.model(), &QAbstractItemModel::modelReset, this, &CellEditorBinding::lay);
+}
+
+void CellEditorBinding::show()
+{
+  if (m_editor.isShown() && m_face.isHidden()) {
+    auto* const model = static_cast<GridModel*>(m_view.model());
+    model->settle();
+    m_view.scrollTo(model->indexOf(m_editor.grid().row(), m_editor.grid().col()));
+  }
+  lay();
+  TextBinding::show();
+}
+
+void CellEditorBinding::lay()
+{
+  if (!m_editor.isShown())
+    return;
+  const Grid& grid = m_editor.grid();
+  const auto* const model = static_cast<const GridModel*>(m_view.model());
+  const QModelIndex cell = model->indexOf(grid.row(), grid.col());
+  m_face.setGeometry(m_view.visualRect(cell));
+  m_face.setAlignment(model->data(cell, Qt::TextAlignmentRole).value<Qt::Alignment>());
+  m_face.raise();
+}
+
+bool CellEditorBinding::openPicker()
+{
+  formWindow().act([this] { m_editor.doubleClick(); });
+  return true;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "desktop/TextBindings.h"
+#include "screen/CellEditor.h"
+
+class QTableView;
+
+// The box that lies over the current cell of a grid. It moves with its cell when the view scrolls or
+// is laid out anew, and has the cell's colour and alignment.
+class CellEditorBinding : public TextBinding {
+  Q_OBJECT
+
+public:
+  // The face is made here, over the cells of the view that shows the editor's grid.
+  CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view);
+
+  void show() override;
+
+protected:
+  // In a cell that has a picker the double click opens it.
+  bool openPicker() override;
+
+private:
+  CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& face);
+  void lay();
+
+  CellEditor& m_editor;
+  QTableView& m_view;
+  QLineEdit& m_face;
+};

@@ -1,0 +1,154 @@
+#include "desktop/ControlBindings.h"
+
+#include "desktop/Actions.h"
+#include "desktop/CellEditorBinding.h"
+#include "desktop/FormWindow.h"
+#include "desktop/GridBinding.h"
+#include "desktop/PlainBindings.h"
+#include "desktop/TreeBinding.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace {
+
+template <typename Kind, typename Face, typename Bound> Binding* bind(FormWindow& window, Control& control, QWidget& widget)
+{
+  auto* const kind = qobject_cast<Kind*>(&control);
+  auto* const face = qobject_cast<Face*>(&widget);
+  return kind && face ? new Bound(window, *kind, *face) : nullptr;
+}
+
+// Which face shows which kind of control. The first row that fits holds.
+Binding* (*const Binds[])(FormWindow&, Control&, QWidget&) = {
+    bind<ComboBox, QComboBox, ComboBinding>,
+    bind<TextBox, QLineEdit, TextBinding>,
+    bind<DatePicker, QDateEdit, DateBinding>,
+    bind<Option, QRadioButton, ButtonBinding>,
+    bind<CheckBox, QCheckBox, ButtonBinding>,
+    bind<Button, QPushButton, ButtonBinding>,
+    bind<ImageButton, QToolButton, PictureButtonBinding>,
+    bind<ToolButton, QToolButton, PictureButtonBinding>,
+    bind<Label, QLabel, LabelBinding>,
+    bind<Grid, QTableView, GridBinding>,
+    bind<Tree, QTreeView, TreeBinding>,
+    bind<ListBox, QListWidget, ListBinding>,
+    bind<ProgressBar, QProgressBar, ProgressBinding>,
+    bind<Container, QGroupBox, GroupBinding>,
+    bind<Container, QWidget, WidgetBinding>,
+};
+
+Binding* bindWidget(FormWindow& window, Control& control)
+{
+  auto* const widget = window.window().findChild<QWidget*>(control.name());
+  if (!widget)
+    return nullptr;
+  for (const auto& bindKind : Binds)
+    if (Binding* const made = bindKind(window, control, *widget))
+      return made;
+  return nullptr;
+}
+
+// The face of the container that holds a control.
+template <typename Face> Face* holder(const FormWindow& window, const Control& control)
+{
+  return window.window().findChild<Face*>(control.parent()->objectName());
+}
+
+QAction* actionNamed(QWidget& owner, const Control& control)
+{
+  if (auto* const designed = owner.findChild<QAction*>(control.name()))
+    return designed;
+  if (Actions::startsGroup(control) && !owner.actions().isEmpty()) {
+    QAction* const line = new QAction(&owner);
+    line->setSeparator(true);
+    owner.addAction(line);
+  }
+  QAction* const made = new QAction(&owner);
+  made->setObjectName(control.name());
+  owner.addAction(made);
+  return made;
+}
+
+Binding* bindToolButton(FormWindow& window, Control& control)
+{
+  auto* const bar = holder<QToolBar>(window, control);
+  if (!bar)
+    return nullptr;
+  QAction* const action = actionNamed(*bar, control);
+  action->setIcon(Actions::icon(control));
+  if (QWidget* const button = bar->widgetForAction(action))
+    button->setFocusPolicy(Qt::NoFocus);
+  return new ActionBinding(window, control, *action);
+}
+
+Binding* bindMenu(FormWindow& window, Menu& control)
+{
+  auto* menu = window.window().findChild<QMenu*>(control.name());
+  if (!menu) {
+    auto* const above = holder<QMenu>(window, control);
+    auto* const bar = window.window().findChild<QMenuBar*>();
+    if (!above && !bar)
+      return nullptr;
+    menu = above ? above->addMenu(QString()) : bar->addMenu(QString());
+    menu->setObjectName(control.name());
+  }
+  return new MenuBinding(window, control, *menu);
+}
+
+Binding* bindMenuEntry(FormWindow& window, Control& control)
+{
+  auto* const menu = holder<QMenu>(window, control);
+  if (!menu)
+    return nullptr;
+  if (auto* const items = qobject_cast<MenuItemArray*>(&control))
+    return new ItemArrayBinding(window, *items, *menu);
+  return new ActionBinding(window, control, *actionNamed(*menu, control));
+}
+
+// VS and HS are the bars of the area that the form's panel lies in.
+Binding* bindScrollBar(FormWindow& window, ScrollBar& control)
+{
+  auto* const area = window.window().findChild<QScrollArea*>();
+  if (!area)
+    return nullptr;
+  return new ScrollBarBinding(window, control, control.name() == u"HS" ? *area->horizontalScrollBar() : *area->verticalScrollBar());
+}
+
+Binding* bindCellEditor(FormWindow& window, CellEditor& control)
+{
+  auto* const view = window.window().findChild<QTableView*>(control.grid().name());
+  return view && view->model() ? new CellEditorBinding(window, control, *view) : nullptr;
+}
+
+} // namespace
+
+Binding* bindControl(FormWindow& window, Control& control)
+{
+  if (auto* const editor = qobject_cast<CellEditor*>(&control))
+    return bindCellEditor(window, *editor);
+  if (auto* const menu = qobject_cast<Menu*>(&control))
+    return bindMenu(window, *menu);
+  if (auto* const bar = qobject_cast<ScrollBar*>(&control))
+    return bindScrollBar(window, *bar);
+  if (qobject_cast<MenuItem*>(&control) || qobject_cast<MenuItemArray*>(&control))
+    return bindMenuEntry(window, control);
+  if (Binding* const designed = bindWidget(window, control))
+    return designed;
+  return qobject_cast<ToolButton*>(&control) ? bindToolButton(window, control) : nullptr;
+}

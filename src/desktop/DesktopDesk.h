@@ -1,0 +1,43 @@
+#pragma once
+
+#include "screen/Desk.h"
+
+#include <memory>
+#include <vector>
+
+class FormWindow;
+class QMessageBox;
+class QWidget;
+
+// Someone who looks on while the program waits for the operator, and may act in his place: the player
+// of operator scripts. Called from inside the wait, just behind the coming up of what waits.
+class DeskObserver {
+public:
+  virtual ~DeskObserver() = default;
+  virtual void boxStands(QMessageBox& box) = 0;
+  virtual void modalStands(QWidget& window) = 0;
+};
+
+// The operator at the screen: boxes, windows, beep and pointer of the desktop. One lives as long as
+// the program, with an application around it. A form that has no window design stops the program.
+class DesktopDesk : public Desk {
+public:
+  explicit DesktopDesk(DeskObserver* observer = nullptr);
+  ~DesktopDesk() override;
+
+  Answer ask(const Box& box) override;
+  void show(Form& form) override;
+  void showModal(Form& form) override;
+  void beep() override;
+  void setBusy(bool busy) override;
+
+private:
+  // The window of the form that was shown last and is still open; null if there is none.
+  QWidget* topWindow() const;
+  FormWindow& open(Form& form, QWidget* parent);
+  std::unique_ptr<FormWindow> take(FormWindow& window);
+
+  DeskObserver* m_observer;
+  std::vector<std::unique_ptr<FormWindow>> m_windows; // in the order in which they came up
+  bool m_isBusy = false;
+};

@@ -1,0 +1,156 @@
+#include "desktop/FormWindow.h"
+
+#include "desktop/ControlBindings.h"
+#include "desktop/Keys.h"
+#include "desktop/WidgetBinding.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QKeyEvent>
+
+FormWindow::FormWindow(Form& shownForm, std::unique_ptr<QWidget> designedWindow) : m_form(shownForm), m_window(std::move(designedWindow))
+{
+  m_window->setObjectName(m_form.name());
+  m_window->setWindowTitle(m_form.caption());
+  m_window->installEventFilter(this);
+  connect(&m_form, &Control::changed, this, [this] { m_window->setWindowTitle(m_form.caption()); });
+  connect(&m_form, &Form::focusMoved, this, &FormWindow::moveFocus);
+  connect(&m_form, &Form::closed, this, &FormWindow::formClosed);
+  bindControls();
+  setTabOrder();
+  if (m_form.focused())
+    moveFocus(m_form.focused());
+}
+
+FormWindow::~FormWindow()
+{
+  // The bindings go ahead of the widgets that they watch.
+  qDeleteAll(m_bindings);
+}
+
+void FormWindow::bindControls()
+{
+  for (Control* control : m_form.controls()) {
+    Binding* const binding = bindControl(*this, *control);
+    if (!binding)
+      continue;
+    m_bindings.insert(control, binding);
+    keepInStep(*binding);
+  }
+}
+
+void FormWindow::keepInStep(Binding& binding)
+{
+  binding.show();
+  Control* const control = &binding.control();
+  connect(control, &Control::changed, &binding, [this, control, &binding] {
+    binding.show();
+    for (const Control* held : control->findChildren<Control*>())
+      if (Binding* const inner = bindingOf(*held))
+        inner->show();
+  });
+}
+
+FormWindow::Unmatched FormWindow::unmatched() const
+{
+  Unmatched lists;
+  for (const Control* control : m_form.controls())
+    if (!bindingOf(*control))
+      lists.controls.append(control->name());
+  for (const QObject* object : m_window->findChildren<QObject*>()) {
+    const bool isFace = object->isWidgetType() || qobject_cast<const QAction*>(object);
+    const QString name = object->objectName();
+    if (isFace && !name.isEmpty() && name.front().isUpper() && !m_form.find(name))
+      lists.widgets.append(name);
+  }
+  return lists;
+}
+
+void FormWindow::act(const std::function<void()>& event)
+{
+  ++m_depth;
+  event();
+  if (--m_depth > 0 || m_closed)
+    return;
+  settleFocus();
+  emit settled();
+}
+
+void FormWindow::focusCameTo(Control& control, Qt::FocusReason reason)
+{
+  // Qt's other reasons are not the operator: it passes the focus on from a widget that is hidden or
+  // disabled, or gives it back when a window or a menu has gone.
+  if (reason == Qt::MouseFocusReason || reason == Qt::OtherFocusReason || reason == Qt::ShortcutFocusReason)
+    act([&] { m_form.setFocus(control); });
+}
+
+void FormWindow::moveFocus(Control* control)
+{
+  const Binding* const binding = bindingOf(*control);
+  QWidget* const widget = binding ? binding->focusWidget() : nullptr;
+  if (widget && m_window->focusWidget() != widget)
+    widget->setFocus();
+}
+
+void FormWindow::settleFocus()
+{
+  Control* const focused = m_form.focused();
+  if (focused && focused->isReachable())
+    moveFocus(focused);
+  else
+    adoptFocus();
+}
+
+// The control in focus can no longer be met, and Qt has passed the focus on.
+void FormWindow::adoptFocus()
+{
+  for (Binding* binding : std::as_const(m_bindings)) {
+    if (!binding->focusWidget() || binding->focusWidget() != m_window->focusWidget())
+      continue;
+    m_form.setFocus(binding->control());
+    return;
+  }
+}
+
+void FormWindow::setTabOrder()
+{
+  QWidget* previous = nullptr;
+  for (const Control* control : m_form.controls()) {
+    const Binding* const binding = control->takesFocus() ? bindingOf(*control) : nullptr;
+    QWidget* const widget = binding ? binding->focusWidget() : nullptr;
+    if (previous && widget)
+      QWidget::setTabOrder(previous, widget);
+    if (widget)
+      previous = widget;
+  }
+}
+
+QPoint FormWindow::popUpPlace() const
+{
+  return m_pressedTool ? m_pressedTool->mapToGlobal(m_pressedTool->rect().bottomLeft()) : QCursor::pos();
+}
+
+void FormWindow::formClosed()
+{
+  m_closed = true;
+  m_window->hide();
+  emit closed();
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event)
+{
+  if (watched != m_window.get() || m_closed)
+    return false;
+  if (event->type() == QEvent::Close) {
+    event->ignore();
+    act([this] { m_form.close(); });
+    return true;
+  }
+  if (event->type() != QEvent::KeyPress)
+    return false;
+  // A key that no control has met. Dialogs would close, or press a button of their own choice.
+  const auto key = keyOf(*static_cast<QKeyEvent*>(event));
+  if (key)
+    act([&] { m_form.handleKey(*key); });
+  return key.has_value();
+}

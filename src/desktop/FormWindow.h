@@ -1,0 +1,77 @@
+#pragma once
+
+#include "screen/Form.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+class Binding;
+class QAction;
+class QMenu;
+
+// A form and its window. For each control of the form it finds the widget, action or menu of the same
+// name and keeps the two in step; buttons of a toolbar and entries of menus that the window does not
+// have it makes from the controls. It decides nothing: what an event means is the form's business.
+//
+// Names that begin with a small letter are the window's own and need no control.
+class FormWindow : public QObject {
+  Q_OBJECT
+
+public:
+  FormWindow(Form& shownForm, std::unique_ptr<QWidget> designedWindow);
+  ~FormWindow() override;
+
+  Form& form() const { return m_form; }
+  QWidget& window() const { return *m_window; }
+  // True once the form has closed: the window is hidden, and hears of nothing any more.
+  bool isClosed() const { return m_closed; }
+
+  struct Unmatched {
+    QStringList controls; // without a face in the window
+    QStringList widgets;  // of the window, without a control
+  };
+  // What the two do not have in common; both are empty for a window that is rightly designed.
+  Unmatched unmatched() const;
+
+  // For the bindings.
+  // Runs an event of the operator. Behind it the window has settled: the focus is where the form
+  // has it, or on a control that can be met, and grids show their new layout.
+  void act(const std::function<void()>& event);
+  // A widget has got the focus.
+  void focusCameTo(Control& control, Qt::FocusReason reason);
+  // The binding of a control; null if it has no face.
+  Binding* bindingOf(const Control& control) const { return m_bindings.value(&control); }
+  // Where a menu opens that comes up by an order of the form: under the tool button whose press is
+  // under way, or at the pointer.
+  QPoint popUpPlace() const;
+  void setPressedTool(QWidget* button) { m_pressedTool = button; }
+
+signals:
+  // An event of the operator is over.
+  void settled();
+  // The form has closed and the window is gone from the screen.
+  void closed();
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void bindControls();
+  void keepInStep(Binding& binding);
+  void setTabOrder();
+  void moveFocus(Control* control);
+  void settleFocus();
+  void adoptFocus();
+  void formClosed();
+
+  Form& m_form;
+  std::unique_ptr<QWidget> m_window;
+  QHash<const Control*, Binding*> m_bindings;
+  QPointer<QWidget> m_pressedTool;
+  int m_depth = 0;
+  bool m_closed = false;
+};

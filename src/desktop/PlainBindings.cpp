@@ -1,0 +1,116 @@
+#include "desktop/PlainBindings.h"
+
+#include "desktop/Actions.h"
+#include "desktop/FormWindow.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+LabelBinding::LabelBinding(FormWindow& window, Label& control, QLabel& face) : WidgetBinding(window, control, face), m_label(face)
+{
+  face.setTextFormat(Qt::PlainText);
+}
+
+void LabelBinding::show()
+{
+  WidgetBinding::show();
+  m_label.setText(control().caption());
+}
+
+GroupBinding::GroupBinding(FormWindow& window, Container& control, QGroupBox& face) : WidgetBinding(window, control, face), m_group(face) {}
+
+void GroupBinding::show()
+{
+  WidgetBinding::show();
+  m_group.setTitle(control().caption());
+}
+
+ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButton& face)
+    : SelfActingBinding(window, control, face), m_button(face)
+{
+  // Which options go out when one is chosen is told by the form.
+  face.setAutoExclusive(false);
+  if (auto* const push = qobject_cast<QPushButton*>(&face))
+    push->setAutoDefault(false);
+  connect(&face, &QAbstractButton::clicked, this, [this] {
+    formWindow().act([this] { this->control().click(); });
+    show();
+  });
+}
+
+void ButtonBinding::show()
+{
+  SelfActingBinding::show();
+  m_button.setText(control().caption());
+  if (const auto* const box = qobject_cast<const CheckBox*>(&control()))
+    m_button.setChecked(box->isChecked());
+}
+
+PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face)
+    : WidgetBinding(window, control, face), m_button(face)
+{
+  face.setFocusPolicy(Qt::NoFocus);
+  face.setIcon(Actions::icon(control));
+  connect(&face, &QToolButton::clicked, this, [this] {
+    formWindow().setPressedTool(&m_button);
+    formWindow().act([this] { this->control().click(); });
+    formWindow().setPressedTool(nullptr);
+  });
+}
+
+void PictureButtonBinding::show()
+{
+  WidgetBinding::show();
+  m_button.setText(control().caption());
+}
+
+ListBinding::ListBinding(FormWindow& window, ListBox& control, QListWidget& face)
+    : SelfActingBinding(window, control, face), m_list(control), m_view(face)
+{
+  connect(&face, &QListWidget::itemPressed, this,
+          [this](QListWidgetItem* item) { formWindow().act([&] { m_list.select(m_view.row(item)); }); });
+  connect(&face, &QListWidget::itemDoubleClicked, this, [this] { formWindow().act([this] { m_list.doubleClick(); }); });
+}
+
+void ListBinding::show()
+{
+  SelfActingBinding::show();
+  const QSignalBlocker silent(m_view);
+  const QStringList items = m_list.items();
+  while (m_view.count() > items.size())
+    delete m_view.takeItem(m_view.count() - 1);
+  for (int i = 0; i < items.size(); ++i) {
+    if (i == m_view.count())
+      m_view.addItem(items[i]);
+    else
+      m_view.item(i)->setText(items[i]);
+  }
+  m_view.setCurrentRow(m_list.index());
+}
+
+ProgressBinding::ProgressBinding(FormWindow& window, ProgressBar& control, QProgressBar& face)
+    : WidgetBinding(window, control, face), m_progress(control), m_bar(face)
+{
+  face.setRange(0, 100);
+}
+
+void ProgressBinding::show()
+{
+  WidgetBinding::show();
+  m_bar.setValue(m_progress.value());
+  // The work that it tells of lets no event through.
+  if (m_bar.isVisible())
+    m_bar.repaint();
+}
+
+ScrollBarBinding::ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& face) : Binding(window, control)
+{
+  face.setObjectName(control.name());
+  connect(&face, &QScrollBar::rangeChanged, &control, [&control](int, int maximum) { control.setMaximum(maximum); });
+}

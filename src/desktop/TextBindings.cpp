@@ -1,0 +1,207 @@
+#include "desktop/TextBindings.h"
+
+#include "desktop/FormWindow.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDateEdit>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <QStyleOptionSpinBox>
+
+namespace {
+
+// The keys by which accounting users open what a field offers.
+bool isPickerKey(const QKeyEvent& event)
+{
+  const bool plainF4 = event.key() == Qt::Key_F4 && event.modifiers() == Qt::NoModifier;
+  return plainF4 || (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier);
+}
+
+// The image button that fills a field: ImgName for TxtName, ImgAccountC for TxtAccountNameC.
+Control* pickerOf(const Control& box)
+{
+  const QString field = box.name().mid(3);
+  for (const QString& name : {field, QString(field).remove(QStringLiteral("Name"))})
+    if (auto* const button = box.form().find<ImageButton>(QStringLiteral("Img") + name))
+      return button;
+  return nullptr;
+}
+
+} // namespace
+
+TextBinding::TextBinding(FormWindow& window, TextBox& control, QLineEdit& face)
+    : WidgetBinding(window, control, face), m_box(control), m_edit(face)
+{
+  connect(&face, &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
+  connect(&control, &TextBox::selectionWanted, this, &TextBinding::mark);
+}
+
+void TextBinding::show()
+{
+  WidgetBinding::show();
+  m_edit.setReadOnly(m_box.isReadOnly());
+  if (m_edit.text() != m_box.text())
+    m_edit.setText(m_box.text());
+}
+
+void TextBinding::mark(bool all)
+{
+  if (all)
+    m_edit.selectAll();
+  else
+    m_edit.end(false);
+}
+
+bool TextBinding::editsWith(const Key& key) const
+{
+  switch (key.code) {
+  case Key::Character:
+  case Key::Left:
+  case Key::Right:
+  case Key::Home:
+  case Key::End:
+  case Key::Backspace:
+  case Key::Delete: return true;
+  default: return false;
+  }
+}
+
+bool TextBinding::pressSpecial(const QKeyEvent& event)
+{
+  return isPickerKey(event) && openPicker();
+}
+
+bool TextBinding::openPicker()
+{
+  Control* const picker = pickerOf(m_box);
+  if (picker)
+    formWindow().act([&] { picker->click(); });
+  return picker;
+}
+
+bool TextBinding::eventFilter(QObject* watched, QEvent* event)
+{
+  if (watched != &m_edit || formWindow().isClosed())
+    return false;
+  if (event->type() == QEvent::InputMethod)
+    return commit(*static_cast<QInputMethodEvent*>(event));
+  if (event->type() == QEvent::MouseButtonDblClick && m_box.onDoubleClick) {
+    formWindow().act([this] { m_box.doubleClick(); });
+    return true;
+  }
+  return WidgetBinding::eventFilter(watched, event);
+}
+
+// What an input method has made of several keys passes the handlers letter by letter, as if typed.
+bool TextBinding::commit(const QInputMethodEvent& event)
+{
+  QString kept;
+  formWindow().act([&] {
+    for (const char32_t letter : event.commitString().toUcs4()) {
+      const QString text = QString::fromUcs4(&letter, 1);
+      if (!m_box.handleKey(Key::character(text)))
+        kept += text;
+    }
+  });
+  if (kept == event.commitString())
+    return false;
+  QInputMethodEvent rest;
+  rest.setCommitString(kept);
+  m_edit.removeEventFilter(this);
+  QCoreApplication::sendEvent(&m_edit, &rest);
+  m_edit.installEventFilter(this);
+  return true;
+}
+
+ComboBinding::ComboBinding(FormWindow& window, ComboBox& control, QComboBox& face)
+    : WidgetBinding(window, control, face), m_box(control), m_drop(face)
+{
+  face.setEditable(control.isEditable());
+  face.setInsertPolicy(QComboBox::NoInsert);
+  connect(&face, &QComboBox::textActivated, this, [this](const QString& text) {
+    formWindow().act([&] { m_box.choose(text); });
+    show();
+  });
+  if (!control.isEditable())
+    return;
+  face.setCompleter(nullptr);
+  connect(face.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
+}
+
+void ComboBinding::show()
+{
+  WidgetBinding::show();
+  const QSignalBlocker silent(m_drop);
+  showItems();
+  if (m_drop.currentText() == m_box.text())
+    return;
+  m_drop.setCurrentIndex(m_drop.findText(m_box.text(), Qt::MatchExactly));
+  if (m_box.isEditable())
+    m_drop.setEditText(m_box.text());
+}
+
+void ComboBinding::showItems()
+{
+  QStringList wanted = m_box.items();
+  // A text that is none of the items is to be seen all the same.
+  if (!m_box.isEditable() && !m_box.text().isEmpty() && !wanted.contains(m_box.text()))
+    wanted.append(m_box.text());
+  QStringList there;
+  for (int i = 0; i < m_drop.count(); ++i)
+    there.append(m_drop.itemText(i));
+  if (there == wanted)
+    return;
+  m_drop.clear();
+  m_drop.addItems(wanted);
+  m_drop.setCurrentIndex(-1);
+}
+
+bool ComboBinding::editsWith(const Key& key) const
+{
+  return key.code != Key::Enter && key.code != Key::Escape;
+}
+
+DateBinding::DateBinding(FormWindow& window, DatePicker& control, QDateEdit& face)
+    : WidgetBinding(window, control, face), m_picker(control), m_edit(face)
+{
+  face.setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+  face.setCalendarPopup(true);
+  connect(&face, &QDateEdit::dateChanged, this, [this](QDate date) { formWindow().act([&] { m_picker.setDate(date); }); });
+}
+
+void DateBinding::show()
+{
+  WidgetBinding::show();
+  const QSignalBlocker silent(m_edit);
+  if (m_edit.date() != m_picker.date())
+    m_edit.setDate(m_picker.date());
+}
+
+bool DateBinding::editsWith(const Key& key) const
+{
+  return key.code != Key::Enter && key.code != Key::Escape;
+}
+
+bool DateBinding::pressSpecial(const QKeyEvent& event)
+{
+  if (!isPickerKey(event))
+    return false;
+  openCalendar();
+  return true;
+}
+
+// The date edit opens its calendar for nothing but a press of its arrow.
+void DateBinding::openCalendar()
+{
+  QStyleOptionComboBox option;
+  option.initFrom(&m_edit);
+  option.editable = true;
+  const QRect arrow = m_edit.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &m_edit);
+  const QPointF at = arrow.center();
+  QMouseEvent press(QEvent::MouseButtonPress, at, m_edit.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&m_edit, &press);
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "desktop/WidgetBinding.h"
+#include "screen/Controls.h"
+
+class QComboBox;
+class QDateEdit;
+class QInputMethodEvent;
+class QLineEdit;
+
+// A text box. Typing changes the control letter by letter.
+class TextBinding : public WidgetBinding {
+  Q_OBJECT
+
+public:
+  TextBinding(FormWindow& window, TextBox& control, QLineEdit& face);
+
+  void show() override;
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool editsWith(const Key& key) const override;
+  bool pressSpecial(const QKeyEvent& event) override;
+  // What opens the picker of the field, if it has one.
+  virtual bool openPicker();
+
+private:
+  void mark(bool all);
+  bool commit(const QInputMethodEvent& event);
+
+  TextBox& m_box;
+  QLineEdit& m_edit;
+};
+
+// A drop-down, typed into or not.
+class ComboBinding : public WidgetBinding {
+  Q_OBJECT
+
+public:
+  ComboBinding(FormWindow& window, ComboBox& control, QComboBox& face);
+
+  void show() override;
+
+protected:
+  bool editsWith(const Key& key) const override;
+
+private:
+  void showItems();
+
+  ComboBox& m_box;
+  QComboBox& m_drop;
+};
+
+class DateBinding : public WidgetBinding {
+  Q_OBJECT
+
+public:
+  DateBinding(FormWindow& window, DatePicker& control, QDateEdit& face);
+
+  void show() override;
+
+protected:
+  bool editsWith(const Key& key) const override;
+  bool pressSpecial(const QKeyEvent& event) override;
+
+private:
+  void openCalendar();
+
+  DatePicker& m_picker;
+  QDateEdit& m_edit;
+};

@@ -1,0 +1,39 @@
+#include "desktop/Windows.h"
+
+#include "ui_frmCode.h"
+#include "ui_frmWarehouseSelect.h"
+
+#include <QDialog>
+#include <QMainWindow>
+
+namespace Windows {
+namespace {
+
+template <typename Design, typename Window> std::unique_ptr<QWidget> design(QWidget* parent)
+{
+  auto window = std::make_unique<Window>(parent);
+  Design().setupUi(window.get());
+  return window;
+}
+
+struct Maker {
+  const char* form;
+  std::unique_ptr<QWidget> (*make)(QWidget* parent);
+};
+
+constexpr Maker Makers[] = {
+    {"frmCode", design<Ui::frmCode, QDialog>},
+    {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
+};
+
+} // namespace
+
+std::unique_ptr<QWidget> make(const QString& form, QWidget* parent)
+{
+  for (const Maker& maker : Makers)
+    if (form == QLatin1String(maker.form))
+      return maker.make(parent);
+  return nullptr;
+}
+
+} // namespace Windows
