@@ -1,6 +1,7 @@
 #include "desktop/Actions.h"
 
 #include "desktop/FormWindow.h"
+#include "desktop/Icons.h"
 
 #include <QAction>
 #include <QMenu>
@@ -42,6 +43,9 @@ constexpr Face Faces[] = {
     {"FMSHFormat", nullptr, nullptr, true},
     {"FPrintSet", nullptr, nullptr, true},
     {"FExit", "exit", "Ctrl+F4", true},
+    {"ToolSelect", "select"},
+    {"ToolAdd", "add"},
+    {"ToolRefresh", "refresh", "F5"},
     {"MPDirect_Excel", nullptr, nullptr, true},
     {"MPrintSet_Excel", nullptr, nullptr, true},
 };
@@ -58,10 +62,9 @@ const Face* faceOf(const Control& control)
 
 QIcon icon(const Control& control)
 {
-  if (qobject_cast<const ImageButton*>(&control))
-    return QIcon(QStringLiteral(":/icons/pick.svg"));
   const Face* const face = faceOf(control);
-  return face && face->icon ? QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(face->icon))) : QIcon();
+  const char* const picture = qobject_cast<const ImageButton*>(&control) ? "pick" : face ? face->icon : nullptr;
+  return picture ? Icons::icon(picture) : QIcon();
 }
 
 QKeySequence shortcut(const Control& control)
@@ -84,18 +87,23 @@ ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face
   connect(&face, &QAction::triggered, this, &ActionBinding::trigger);
 }
 
-// A tool button and a menu item that do the same have the same key; it presses the one that asked for
-// it first.
+// A tool button and a menu item that do the same have the same key. It belongs to the menu item, which
+// shows it; the tool button tells of it.
 void ActionBinding::takeShortcut()
 {
   const QKeySequence key = Actions::shortcut(control());
-  QString tip = control().toolTip().isEmpty() ? control().caption() : control().toolTip();
-  if (!key.isEmpty())
-    tip += QStringLiteral(" (%1)").arg(key.toString(QKeySequence::NativeText));
-  m_action.setToolTip(tip);
-  for (const QAction* other : formWindow().window().findChildren<QAction*>())
-    if (!key.isEmpty() && other->shortcut() == key)
+  const QString tip = control().toolTip().isEmpty() ? control().caption() : control().toolTip();
+  m_action.setToolTip(key.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
+  if (key.isEmpty())
+    return;
+  const bool isMenuItem = qobject_cast<const MenuItem*>(&control());
+  for (QAction* other : formWindow().window().findChildren<QAction*>()) {
+    if (other->shortcut() != key)
+      continue;
+    if (!isMenuItem)
       return;
+    other->setShortcut({});
+  }
   m_action.setShortcut(key);
 }
 

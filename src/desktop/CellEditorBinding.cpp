@@ -1,5 +1,6 @@
 #include "desktop/CellEditorBinding.h"
 
+#include "desktop/Appearance.h"
 #include "desktop/FormWindow.h"
 #include "desktop/GridModel.h"
 
@@ -18,6 +19,8 @@ CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QT
 {
   face.setObjectName(control.name());
   face.setFrame(false);
+  face.setTextMargins(1, 0, 1, 0);
+  Appearance::markAsCellEditor(face);
   face.hide();
   for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
     connect(bar, &QScrollBar::valueChanged, this, &CellEditorBinding::lay);

@@ -44,10 +44,11 @@ void FormWindow::keepInStep(Binding& binding)
   binding.show();
   Control* const control = &binding.control();
   connect(control, &Control::changed, &binding, [this, control, &binding] {
-    binding.show();
+    // What a container holds goes first, so that it comes up complete.
     for (const Control* held : control->findChildren<Control*>())
       if (Binding* const inner = bindingOf(*held))
         inner->show();
+    binding.show();
   });
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/Windows.h"
 
 #include "ui_frmCode.h"
+#include "ui_frmPayfund.h"
 #include "ui_frmWarehouseSelect.h"
 
 #include <QDialog>
@@ -22,6 +23,7 @@ struct Maker {
 };
 
 constexpr Maker Makers[] = {
+    {"frmPayfund", design<Ui::frmPayfund, QMainWindow>},
     {"frmCode", design<Ui::frmCode, QDialog>},
     {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
 };

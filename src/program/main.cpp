@@ -1,1 +1,28 @@
-int main() { return 0; }
+#include "desktop/Appearance.h"
+#include "desktop/DesktopDesk.h"
+#include "platform/Machine.h"
+#include "program/ProgramScreens.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/Session.h"
+
+#include <QApplication>
+
+// One run opens one screen, and ends when that screen has closed.
+int main(int argc, char** argv)
+{
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("ZORVEK"));
+  // A box ahead of the screen is no window whose closing ends the run.
+  QApplication::setQuitOnLastWindowClosed(false);
+  Appearance::apply();
+
+  ThisMachine machine;
+  DesktopDesk desk;
+  Session session{desk, machine};
+  ProgramScreens screens(session);
+  const Mod_ZORVEKMain::Start start = Mod_ZORVEKMain::Main(session, screens);
+  if (!start.screen || !start.screen->isOpen())
+    return start.exitStatus;
+  QObject::connect(start.screen, &Form::closed, &application, &QApplication::quit);
+  return QApplication::exec();
+}

@@ -1,0 +1,104 @@
+#include "desktop/Appearance.h"
+
+#include "desktop/Icons.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QWidget>
+
+namespace {
+
+struct Shade {
+  QPalette::ColorRole role;
+  QRgb active;
+  QRgb disabled;
+};
+
+// A disabled field is a bill that is settled, not one to be passed over: its text stays readable.
+constexpr Shade Shades[] = {
+    {QPalette::Window, 0xfff4f6f8, 0xfff4f6f8},
+    {QPalette::WindowText, 0xff1f2933, 0xff52606d},
+    {QPalette::Base, 0xffffffff, 0xffeef1f4},
+    {QPalette::AlternateBase, 0xfff7f9fb, 0xffeef1f4},
+    {QPalette::Text, 0xff1f2933, 0xff3e4c59},
+    {QPalette::Button, 0xfff7f9fb, 0xffeef1f4},
+    {QPalette::ButtonText, 0xff1f2933, 0xff9aa5b1},
+    {QPalette::Highlight, 0xff1f6fb5, 0xff9fb3c8},
+    {QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    {QPalette::PlaceholderText, 0xff9aa5b1, 0xff9aa5b1},
+};
+
+// Families that hold all the characters of the screens, so that none has to be looked for elsewhere.
+const QStringList Families{QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"), QStringLiteral("Microsoft YaHei")};
+
+// The usual style of the toolkit, with pictures of our own in its boxes.
+class Style : public QProxyStyle {
+public:
+  Style() : QProxyStyle(QStringLiteral("fusion")) {}
+
+  QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override
+  {
+    switch (which) {
+    case SP_MessageBoxInformation: return Icons::icon("information");
+    case SP_MessageBoxQuestion: return Icons::icon("question");
+    case SP_MessageBoxWarning: return Icons::icon("warning");
+    case SP_MessageBoxCritical: return Icons::icon("stop");
+    default: return QProxyStyle::standardIcon(which, option, widget);
+    }
+  }
+};
+
+QPalette palette()
+{
+  QPalette palette;
+  for (const Shade& shade : Shades) {
+    palette.setColor(QPalette::Active, shade.role, QColor::fromRgb(shade.active));
+    palette.setColor(QPalette::Inactive, shade.role, QColor::fromRgb(shade.active));
+    palette.setColor(QPalette::Disabled, shade.role, QColor::fromRgb(shade.disabled));
+  }
+  return palette;
+}
+
+void recolour(QWidget& widget, QPalette::ColorRole role, QRgb colour)
+{
+  QPalette colours = widget.palette();
+  colours.setColor(role, QColor::fromRgba(colour));
+  widget.setPalette(colours);
+}
+
+} // namespace
+
+void Appearance::apply()
+{
+  QApplication::setStyle(new Style);
+  QPalette colours = palette();
+  QApplication::setPalette(colours);
+  QApplication::setFont(QFont(Families, 10));
+
+  // A closed drop-down is read like a field, not like a button.
+  colours.setColor(QPalette::Disabled, QPalette::ButtonText, colours.color(QPalette::Disabled, QPalette::Text));
+  QApplication::setPalette(colours, "QComboBox");
+
+  // The current cell or row is pointed out, without shouting.
+  colours.setColor(QPalette::Highlight, QColor::fromRgb(0xffcfe3f6));
+  colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Active, QPalette::Text));
+  for (const char* view : {"QTableView", "QTreeView", "QListView"})
+    QApplication::setPalette(colours, view);
+}
+
+void Appearance::stamp(QWidget& label)
+{
+  recolour(label, QPalette::WindowText, 0xffc8372d);
+}
+
+void Appearance::blend(QWidget& field)
+{
+  recolour(field, QPalette::Base, 0x00000000);
+}
+
+void Appearance::markAsCellEditor(QWidget& field)
+{
+  recolour(field, QPalette::Base, 0xfffff7d6);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+class QWidget;
+
+// How the program looks: style, colours and fonts, all in one place.
+namespace Appearance {
+
+// For the whole application; called once, before the first window.
+void apply();
+
+// For single widgets.
+// Colour of a red stamp, such as the one of a void bill.
+void stamp(QWidget& label);
+// A field that stands in its place without a ground of its own.
+void blend(QWidget& field);
+// The field that a grid is edited in stands out from the cells around it.
+void markAsCellEditor(QWidget& field);
+
+} // namespace Appearance

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QIcon>
+
+// The pictures of the program, drawn for it.
+namespace Icons {
+
+// By the name of its file below icons/, without the ending.
+QIcon icon(const char* name);
+
+} // namespace Icons
