@@ -139,12 +139,15 @@ void DesktopDesk::showModal(Form& form)
   setBusy(false);
   QEventLoop wait;
   QObject::connect(&opened, &FormWindow::closed, &wait, &QEventLoop::quit);
+  if (const QSize size = m_dialogSizes.value(form.name()); size.isValid())
+    opened.window().resize(size);
   opened.window().setWindowModality(Qt::ApplicationModal);
   opened.window().show();
   if (m_observer)
     QTimer::singleShot(0, &opened, [&] { m_observer->modalStands(opened.window()); });
   if (form.isOpen())
     wait.exec();
+  m_dialogSizes.insert(form.name(), opened.window().size());
   take(opened);
   setBusy(wasBusy);
 }

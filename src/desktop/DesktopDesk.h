@@ -2,6 +2,8 @@
 
 #include "screen/Desk.h"
 
+#include <QHash>
+#include <QSize>
 #include <memory>
 #include <vector>
 
@@ -39,5 +41,6 @@ private:
 
   DeskObserver* m_observer;
   std::vector<std::unique_ptr<FormWindow>> m_windows; // in the order in which they came up
+  QHash<QString, QSize> m_dialogSizes;                // as the operator left them in this run, by the forms' names
   bool m_isBusy = false;
 };
