@@ -1,0 +1,84 @@
+#include "StandInCaller.h"
+#include "desktop/DesktopDesk.h"
+#include "desktop/FormWindow.h"
+#include "desktop/Windows.h"
+#include "pickers/CodePicker.h"
+#include "pickers/TreePicker.h"
+#include "pickers/frmCode.h"
+#include "pickers/frmWarehouseSelect.h"
+#include "support/Printing.h"
+#include "support/SessionFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct PickerWindowTest : testing::Test, SessionFixture, DeskObserver {
+  std::function<void(QWidget&)> atDialog;
+  DesktopDesk windows{this};
+  Session shown{windows, machine, session.params};
+  StandInCaller caller{windows, u"frmPayfund"_s};
+
+  PickerWindowTest()
+  {
+    file.run("create table TabAccountantType(Code text, Name text, ParentCode text, FC int)");
+    file.run(
+        "insert into TabAccountantType values('1','资产','0',0),('1001','现金','1',0),('1002','银行','1',0),('100201','工行','1002',0)");
+  }
+
+  void boxStands(QMessageBox&) override { ADD_FAILURE() << "a box"; }
+  void modalStands(QWidget& window) override { atDialog(window); }
+};
+
+TEST_F(PickerWindowTest, EveryControlHasItsFace)
+{
+  frmCode codes(shown, caller, {});
+  frmWarehouseSelect accounts(shown, caller, {});
+  for (Form* form : {static_cast<Form*>(&codes), static_cast<Form*>(&accounts)}) {
+    const FormWindow window(*form, Windows::make(form->name(), nullptr));
+    EXPECT_EQ((window.unmatched().controls + window.unmatched().widgets).join(u' '), u""_s) << form->name().toStdString();
+  }
+}
+
+TEST_F(PickerWindowTest, ADialogComesUpAgainAsLargeAsItWasLeft)
+{
+  const QSize wanted(700, 640);
+  atDialog = [&](QWidget& window) {
+    EXPECT_NE(window.size(), wanted);
+    window.resize(wanted);
+    window.close();
+  };
+  TreePicker::pick(shown, caller, {});
+  atDialog = [&](QWidget& window) {
+    EXPECT_EQ(window.size(), wanted);
+    window.close();
+  };
+  TreePicker::pick(shown, caller, {});
+}
+
+TEST_F(PickerWindowTest, TheMouseOpensABranchWithoutTakingItsNode)
+{
+  atDialog = [this](QWidget& window) {
+    auto& view = *window.findChild<QTreeView*>(u"TreeView"_s);
+    const QModelIndex bank = view.model()->index(1, 0, view.model()->index(0, 0));
+    const QRect node = view.visualRect(bank);
+    EXPECT_FALSE(view.isExpanded(bank));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {node.left() - 4, node.center().y()});
+    EXPECT_TRUE(view.isExpanded(bank));
+    EXPECT_EQ(shown.SelectedCode, u""_s);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, node.center());
+    EXPECT_EQ(shown.SelectedCode, u"1002"_s);
+    EXPECT_EQ(view.currentIndex(), bank);
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Return);
+  };
+  TreePicker::pick(shown, caller, {});
+  EXPECT_EQ(caller.written(), u"select * from TabAccountantType where Code='100201'"_s);
+}
+
+} // namespace
