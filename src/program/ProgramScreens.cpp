@@ -1,5 +1,7 @@
 #include "program/ProgramScreens.h"
 
+#include "bills/frmPayfund.h"
+
 namespace {
 
 template <typename Form> std::unique_ptr<Screen> make(Session& session)
@@ -13,7 +15,9 @@ struct Maker {
 };
 
 // The entry names the screens; here they get their forms.
-constexpr std::initializer_list<Maker> Makers = {};
+constexpr Maker Makers[] = {
+    {"frmPayfund", make<frmPayfund>},
+};
 
 } // namespace
 

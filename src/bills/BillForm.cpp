@@ -1,0 +1,312 @@
+#include "bills/BillForm.h"
+
+#include "ledger/AccountingCalendar.h"
+#include "ledger/FieldHelp.h"
+#include "ledger/Money.h"
+#include "pickers/CodePicker.h"
+#include "platform/DateText.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+
+using namespace ModFuntion;
+
+BillForm::BillForm(Session& ofSession, const BillTraits& traits)
+    : Screen(ofSession, QString::fromLatin1(traits.form)), BillTable(QString::fromLatin1(traits.headerTable)), m_traits(traits)
+{
+  setCaption(QString::fromUtf16(traits.formCaption));
+  buildHeader();
+}
+
+BillForm::~BillForm() = default;
+
+void BillForm::buildRest()
+{
+  buildMoneyType();
+  buildLines();
+  buildFooter();
+  buildToolbar();
+  buildFileMenu();
+  buildPrintMenu();
+}
+
+void BillForm::Form_Load()
+{
+  DTPDate->setDate(session.operateDate());
+  TxtOperator->setText(session.params.UserName);
+  loadMoneyNames();
+  FrameMoneyType->setVisible(session.params.IsLotMoney);
+  if (!session.params.IsLotMoney)
+    TxtMoneyName->setText({});
+  fillTemplateMenus();
+}
+
+void BillForm::loadMoneyNames()
+{
+  QStringList names;
+  for (Recordset rs = OpenRecordset(session, "select Name from TabMoneyType order by  IsBWB desc "); !rs.eof(); rs.moveNext())
+    names.append(rs.trimmed("Name"));
+  TxtMoneyName->setItems(names);
+  if (names.isEmpty())
+    return;
+  TxtMoneyName->setIndex(0);
+  TxtMoneyName_Change();
+}
+
+void BillForm::frm_Initialize(bool keepScreen)
+{
+  BillTable = QString::fromLatin1(m_traits.headerTable);
+  refreshBillList();
+  if (keepScreen)
+    return;
+  m_lines->InitLineGrid();
+  NewBill();
+}
+
+void BillForm::refreshBillList()
+{
+  const QString year = QString::number(DTPDate->date().year());
+  const QString month = QString::number(DTPDate->date().month());
+  const QString first = year + "-" + month + "-1";
+  const QString last = year + "-" + month + "-" + LastDayOfMonth(session, month, year);
+  Recordset rs =
+      OpenRecordset(session, "select  Code from " + BillTable + "  " + "  where Datee>=" + SqlDialect::date(session, first) + "  " +
+                                 "  and  Datee<=" + SqlDialect::date(session, last) + billListClause() + "  order by Datee, Code ");
+  QStringList codes;
+  for (; rs.isOpen() && !rs.eof(); rs.moveNext())
+    codes.append(rs.trimmed("Code"));
+  m_billList.setCodes(codes);
+}
+
+void BillForm::NewBill()
+{
+  setBillThere(true);
+  ClearBillFields();
+  IsSavedBill = false;
+  SetBillEditable(true);
+  ToolPrint->setEnabled(false);
+  MPrint->setEnabled(false);
+  setFocus(firstField());
+}
+
+void BillForm::ClearBillFields()
+{
+  TxtDate->setText({});
+  TxtBillCode->setText({});
+  clearOwnFields();
+  TxtMemo->setText({});
+  TxtSaleMan->setText({});
+  m_lines->InitLineGrid();
+  LabTotalMoney->setCaption({});
+  for (Label* label : {LabState, LabAuditing}) {
+    label->setCaption({});
+    label->setVisible(false);
+  }
+  TxtOperator->setText(session.params.UserName);
+  TxtAuditing->setText({});
+}
+
+void BillForm::SetBillEditable(bool on)
+{
+  static constexpr const char* Targets[] = {"TxtDate",      "DTPDate",        "FrameProvide", "FrameTotal",    "FrameMoneyType",
+                                            "ToolSave",     "ToolDelete",     "ToolRedWord",  "ToolInsertRow", "ToolDeleteRow",
+                                            "ToolAuditing", "ToolUnAuditing", "FSave",        "FDelete"};
+  for (const char* name : Targets)
+    if (Control* const control = find(QString::fromLatin1(name)))
+      control->setEnabled(on);
+  TxtBillCode->setEnabled(false);
+  ToolPrint->setEnabled(true);
+  MPrint->setEnabled(true);
+}
+
+void BillForm::RefreshBillControls()
+{
+  const bool closed = GetClosingGuard(session, DTPDate->date(), false);
+  SetBillEditable(!closed && !isAudited() && !isVoided());
+  if (!closed && isVoided()) {
+    find("ToolDelete")->setEnabled(true);
+    find("FDelete")->setEnabled(true);
+  } else if (!closed && isAudited()) {
+    find("ToolUnAuditing")->setEnabled(true);
+  }
+  Text2->hide();
+}
+
+// Without a bill on screen only a new one, browsing and leaving make sense.
+void BillForm::setBillThere(bool there)
+{
+  static const QStringList Always{"ToolBuild", "ToolBefore", "ToolBack", "ToolExit", "FBuild", "FExit"};
+  const QList<Control*> tools = Toolbar1->findChildren<Control*>() + File->findChildren<Control*>(QString(), Qt::FindDirectChildrenOnly);
+  for (Control* tool : tools)
+    tool->setEnabled(there || Always.contains(tool->name()));
+  if (!there) {
+    SetBillEditable(false);
+    ToolPrint->setEnabled(false);
+    MPrint->setEnabled(false);
+  }
+}
+
+void BillForm::FillBill(const QString& table, const QString& code)
+{
+  BillTable = table;
+  m_lines->InitLineGrid();
+  TxtDate->setEnabled(false);
+  TxtDate->setVisible(false);
+  DTPDate->setVisible(true);
+  IsSavedBill = true;
+  const Recordset header = OpenRecordset(session, "select * from " + table + " where Code='" + code + "'");
+  if (header.eof()) {
+    session.desk.inform(QStringLiteral("没有原单！"));
+    // A view that starts on a bill that is gone has nothing on screen to work with.
+    if (!isOpen())
+      setBillThere(false);
+    return;
+  }
+  setBillThere(true);
+  fillHeader(header);
+  fillLines(table, code);
+  showAudit();
+  showState(header.trimmed("State"));
+  RefreshBillControls();
+}
+
+void BillForm::fillHeader(const Recordset& header)
+{
+  const QString date = header.text("Datee");
+  TxtDate->setText(date);
+  if (const auto day = DateText::parse(date))
+    DTPDate->setDate(*day);
+  TxtBillCode->setText(header.text("Code"));
+  TxtOperator->setText(header.text("Operator"));
+  TxtMemo->setText(header.text("Remark"));
+  TxtSaleMan->setText(header.text("SaleMan"));
+  TxtMoneyName->setText(header.text("MoneyName"));
+  TxtMoneyRate->setText(NumberText::ofSingle(float(header.number("MoneyRate"))));
+  TxtAuditing->setText(header.text("Auditing"));
+  fillOwnFields(header);
+}
+
+void BillForm::fillLines(const QString& table, const QString& code)
+{
+  Recordset rs = OpenRecordset(session, "select * from " + table + "Inf" + " where " + m_traits.linkColumn + "='" + code + "'");
+  QList<LineGrid::Line> lines;
+  for (; !rs.eof(); rs.moveNext())
+    lines.append({rs.text("AccountantCode"), rs.text("AccountantName"), Currency::ofDouble(rs.number("Moneyy")), rs.text("Remark")});
+  const Currency total = m_lines->showLines(lines);
+  LabTotalMoney->setCaption(FormatDotText(total, session.DotSet.DotMoney));
+}
+
+void BillForm::showAudit()
+{
+  LabAuditing->setCaption(isAudited() ? "已审核" : "未审核");
+  LabAuditing->setVisible(true);
+}
+
+void BillForm::showState(const QString& state)
+{
+  const bool normal = state == u"正常";
+  LabState->setCaption(normal ? "正常" : "作废");
+  LabState->setVisible(!normal);
+}
+
+bool BillForm::isAudited() const
+{
+  return !Trim(TxtAuditing->text()).isEmpty();
+}
+
+bool BillForm::isVoided() const
+{
+  return LabState->isVisible() && Trim(LabState->caption()) == u"作废";
+}
+
+void BillForm::settleAfterRunTimeError()
+{
+  LoadingPic->setVisible(false);
+}
+
+QString BillForm::billName() const
+{
+  return Trim(LabBillName->caption());
+}
+
+QString BillForm::rightFunction() const
+{
+  return billName().chopped(1);
+}
+
+QString BillForm::billCode() const
+{
+  return Trim(TxtBillCode->text());
+}
+
+QString BillForm::dateText() const
+{
+  return DateText::shortForm(DTPDate->date());
+}
+
+Currency BillForm::totalMoney() const
+{
+  return MoneyOf(LabTotalMoney->caption());
+}
+
+bool BillForm::mayDo(RightKind kind)
+{
+  return CheckOperateRight(session, session.params.UserName, rightFunction(), kind);
+}
+
+Vouchers::VoucherBill BillForm::voucherBill() const
+{
+  Vouchers::VoucherBill bill{voucherKind(), QString::fromLatin1(m_traits.headerTable), TxtBillCode->text()};
+  if (const TextBox* const partner = find<TextBox>("TxtCode"))
+    bill.TxtCode = partner->text();
+  bill.TxtMoneyName = TxtMoneyName->text();
+  bill.TxtMoneyRate = TxtMoneyRate->text();
+  bill.isTotalZero = totalMoney().isZero();
+  return bill;
+}
+
+QStringList BillForm::accountHeadings() const
+{
+  return {QString::fromUtf16(m_traits.accountCodeHeading), QString::fromUtf16(m_traits.accountNameHeading)};
+}
+
+QString BillForm::layoutKey() const
+{
+  return billName() + "界面";
+}
+
+void BillForm::TxtMoneyName_Change()
+{
+  TxtMoneyRate->setText(NumberText::ofSingle(GetMoneyRate(session, TxtMoneyName->text())));
+}
+
+bool BillForm::TxtMoneyRate_KeyPress(const Key& key)
+{
+  if (key.code != Key::Enter)
+    return !FilterKeyPress(session.desk, key, ".0123456789", true);
+  focusNext();
+  return true;
+}
+
+bool BillForm::TxtSaleMan_KeyPress(const Key& key)
+{
+  // It is the maker's field that is tested, not the one typed in.
+  if (key.code != Key::Enter || Trim(TxtOperator->text()).isEmpty())
+    return false;
+  const QString text = Trim(TxtSaleMan->text());
+  const Recordset rs = OpenRecordset(session, "select Code,Name from TabStuff  where Code like '" + text + "%' " + " or Name like '" +
+                                                  text + "%'  " + " order by code");
+  if (rs.recordCount() == 1) {
+    TxtSaleMan->setText(rs.text("Name"));
+    focusNext();
+  } else {
+    TxtSaleMan->setText({});
+    ImgSaleMan_Click();
+  }
+  return true;
+}
+
+void BillForm::ImgSaleMan_Click()
+{
+  CodePicker::pick(session, *this, {"select Code,Name from TabStuff order by code", "TabStuff", "选择业务员", true});
+}

@@ -1,0 +1,163 @@
+#include "bills/BillForm.h"
+
+#include "ledger/FieldHelp.h"
+#include "session/Edition.h"
+
+// The controls of a bill screen. Containers in the order of the screen, so that Tab goes the way the
+// form is read.
+
+void BillForm::buildHeader()
+{
+  Pic = add<Container>(this, "Pic");
+  LabBillName = add<Label>(Pic, "LabBillName", QString::fromUtf16(m_traits.billName));
+  LabState = add<Label>(Pic, "LabState");
+  LabState->setVisible(false);
+  LabAuditing = add<Label>(Pic, "LabAuditing");
+  LabAuditing->setVisible(false);
+  TxtBillCode = add<TextBox>(Pic, "TxtBillCode");
+  TxtBillCode->setEnabled(false);
+  DTPDate = add<DatePicker>(Pic, "DTPDate");
+  TxtDate = add<TextBox>(Pic, "TxtDate");
+  TxtDate->setReadOnly(true);
+  TxtDate->setTabStop(false);
+  FrameProvide = add<Container>(Pic, "FrameProvide", QString::fromUtf16(m_traits.partnerFrame));
+}
+
+void BillForm::buildMoneyType()
+{
+  TxtSaleMan = add<TextBox>(FrameProvide, "TxtSaleMan", {}, "输入编号或姓名回车自动调出");
+  TxtSaleMan->onKey = [this](const Key& key) { return TxtSaleMan_KeyPress(key); };
+  add<ImageButton>(FrameProvide, "ImgSaleMan", {}, "点击选择")->onClick = [this] { ImgSaleMan_Click(); };
+  TxtMemo = add<TextBox>(FrameProvide, "TxtMemo");
+  const auto moveOn = [this](const Key& key) {
+    if (key.code == Key::Enter)
+      focusNext();
+    return key.code == Key::Enter;
+  };
+  TxtMemo->onKey = moveOn;
+  DTPDate->onKey = moveOn;
+
+  FrameMoneyType = add<Container>(Pic, "FrameMoneyType");
+  TxtMoneyName = add<ComboBox>(FrameMoneyType, "TxtMoneyName");
+  TxtMoneyName->setEditable(true);
+  TxtMoneyName->setText("人民币");
+  TxtMoneyName->onKey = moveOn;
+  TxtMoneyName->onChange = [this] { TxtMoneyName_Change(); };
+  TxtMoneyName->onClick = [this] { TxtMoneyName_Change(); };
+  TxtMoneyRate = add<TextBox>(FrameMoneyType, "TxtMoneyRate");
+  TxtMoneyRate->setText("1");
+  TxtMoneyRate->onKey = [this](const Key& key) { return TxtMoneyRate_KeyPress(key); };
+}
+
+void BillForm::buildLines()
+{
+  add<Label>(Pic, "LabAttention", QString::fromUtf16(m_traits.attention));
+  MSH = add<Grid>(Pic, "MSH");
+  Text2 = new CellEditor(Pic, *MSH);
+  FrameTotal = add<Container>(Pic, "FrameTotal", "合计信息");
+  LabTotalMoney = add<Label>(FrameTotal, "LabTotalMoney");
+  m_lines.reset(new LineGrid(session, *this, *MSH, *Text2, *LabTotalMoney));
+}
+
+void BillForm::buildFooter()
+{
+  for (TextBox** box : {&TxtOperator, &TxtAuditing}) {
+    *box = add<TextBox>(Pic, box == &TxtOperator ? "TxtOperator" : "TxtAuditing");
+    (*box)->setReadOnly(true);
+    (*box)->setTabStop(false);
+  }
+  ChAutoAuditing = add<CheckBox>(Pic, "ChAutoAuditing", "保存时自动审核单据");
+  ChAutoAdd = add<CheckBox>(Pic, "ChAutoAdd", "保存后自动新建下一单");
+  LoadingPic = add<Container>(Pic, "LoadingPic");
+  LoadingPic->setVisible(false);
+  add<ProgressBar>(LoadingPic, "Animation1");
+  add<Label>(LoadingPic, "LabLoading", "数据读写中,请稍等.....");
+  add<ScrollBar>(this, "VS");
+  add<ScrollBar>(this, "HS");
+}
+
+void BillForm::buildToolbar()
+{
+  struct Tool {
+    const char* key;
+    const char* caption;
+    void (BillForm::*press)(); // null until what it opens is there
+    const char* tip = "";
+  };
+  static constexpr Tool Tools[] = {
+      {"ToolBuild", "新建", &BillForm::NewBill},
+      {"ToolSave", "保存", &BillForm::FSave_Click},
+      {"ToolAuditing", "审核", &BillForm::RequestAudit},
+      {"ToolUnAuditing", "反审核", &BillForm::RequestUnAudit},
+      {"ToolDelete", "删除", &BillForm::FDelete_Click, "删除单据"},
+      {"ToolInsertRow", "插入行", &BillForm::InsertLineRow},
+      {"ToolDeleteRow", "删除行", &BillForm::DeleteLineRow},
+      {"ToolRedWord", "作废", &BillForm::VoidBill},
+      {"ToolSeeWarrent", "凭证", &BillForm::ShowVoucher},
+      {"ToolHX", "核销", nullptr},
+      {"ToolPrint", "打印", &BillForm::popUpPrintMenu},
+      {"ToolProvideInf", "资料", &BillForm::ShowPartnerInfo, "供应商基础资料"},
+      {"ToolImg", "图文", nullptr},
+      {"ToolBefore", "前单", &BillForm::BrowsePrevious},
+      {"ToolBack", "后单", &BillForm::BrowseNext},
+      {"ToolExit", "退出", &BillForm::FExit_Click},
+  };
+  Toolbar1 = add<Container>(this, "Toolbar1");
+  for (const Tool& tool : Tools) {
+    ToolButton* const button = add<ToolButton>(Toolbar1, tool.key, tool.caption, tool.tip);
+    if (tool.press)
+      button->onClick = [this, press = tool.press] { (this->*press)(); };
+  }
+  ToolPrint = find<ToolButton>("ToolPrint");
+  find("ToolSeeWarrent")->setVisible(hasAccountingModule(session.params.VisionType));
+}
+
+void BillForm::buildFileMenu()
+{
+  struct Item {
+    const char* name;
+    const char* caption;
+    void (BillForm::*press)();
+  };
+  static constexpr Item Items[] = {
+      {"FBuild", "新建", &BillForm::NewBill},
+      {"FSave", "保存", &BillForm::FSave_Click},
+      {"FDelete", "删除单据", &BillForm::FDelete_Click},
+      {"FSeeWarrent", "查看凭证", &BillForm::FSeeWarrent_Click},
+      {"FJXCAccount", "自动生成会计凭证对应科目设置", &BillForm::FJXCAccount_Click},
+      {"FMSHFormat", "界面列表格式设置", nullptr},
+      {"FDeleteMSHFormat", "删除界面列表格式", nullptr},
+      {"FPrintSet", "打印设置", nullptr},
+      {"FExcle", "导出至Excel文件...", nullptr},
+      {"FExit", "退出", &BillForm::FExit_Click},
+  };
+  File = add<Menu>(this, "File", "文件(&F)");
+  for (const Item& item : Items) {
+    if (QLatin1String(item.name) == QLatin1String("FExcle")) {
+      Menu* const exports = add<Menu>(File, item.name, item.caption);
+      add<MenuItem>(exports, "FExcle_PT", "普通格式");
+      add<MenuItemArray>(add<Menu>(exports, "FIntoExcel", "设置的格式"), "FIntoExcel_Inf")->setItem(0, "暂无");
+      continue;
+    }
+    MenuItem* const made = add<MenuItem>(File, item.name, item.caption);
+    if (item.press)
+      made->onClick = [this, press = item.press] { (this->*press)(); };
+  }
+}
+
+void BillForm::buildPrintMenu()
+{
+  MPrint = add<Menu>(this, "MPrint", "打印(&T)");
+  add<MenuItem>(MPrint, "MPDirect_PT", "直接打印");
+  add<MenuItem>(MPrint, "MPPreview_PT", "打印预览");
+  add<MenuItem>(MPrint, "MPrintSet_PT", "打印设置");
+  add<MenuItemArray>(add<Menu>(MPrint, "MPDirect_Excel", "按模板直接打印"), "MPDirect_Excel_D_Inf")->setItem(0, "暂无");
+  add<MenuItemArray>(add<Menu>(MPrint, "MPPreview_Excel", "按模板打印预览"), "MPPreview_Excel_D_Inf")->setItem(0, "暂无");
+  add<MenuItem>(MPrint, "MPrintSet_Excel", "外部报表管理");
+}
+
+void BillForm::fillTemplateMenus()
+{
+  for (const char* name : {"FIntoExcel_Inf", "MPDirect_Excel_D_Inf", "MPPreview_Excel_D_Inf"})
+    ModFuntion::FillTemplateMenu(session, *find<MenuItemArray>(name), billName());
+}

@@ -1,0 +1,182 @@
+#include "bills/BillForm.h"
+
+#include "ledger/AccountingCalendar.h"
+#include "platform/DateText.h"
+#include "platform/Trim.h"
+#include "printing/ImageAttachments.h"
+#include "session/ModuleADO.h"
+#include "vouchers/ShowVoucher.h"
+#include "vouchers/Voucher.h"
+
+using namespace ModFuntion;
+
+// What happens to a bill once it is saved: audit and its reversal, void, delete, browse. Audit is a
+// name in every row of the bill; void is its state, and there is no way back from it.
+
+void BillForm::RequestAudit()
+{
+  if (mayDo(RightKind::Auditing) && SetAuditState(true))
+    RefreshBillControls();
+}
+
+void BillForm::RequestUnAudit()
+{
+  if (mayDo(RightKind::Auditing) && SetAuditState(false))
+    RefreshBillControls();
+}
+
+bool BillForm::auditIsRefused(bool on)
+{
+  QString refusal;
+  if (on)
+    refusal = isAudited() ? "已审核单据，禁止重复审核！" : billCode().isEmpty() ? "请先保存单据后再审核！" : "";
+  else
+    refusal = !isAudited() ? "未审核单据，禁止反审核！" : billCode().isEmpty() ? "未保存单据，禁止反审核！" : "";
+  if (!refusal.isEmpty())
+    session.desk.inform(refusal);
+  return !refusal.isEmpty();
+}
+
+bool BillForm::SetAuditState(bool on)
+{
+  if (auditIsRefused(on))
+    return false;
+  const QString auditor = on ? session.params.UserName : QString();
+  const QString set = "  set Auditing='" + auditor + "' ";
+  OpenRecordset(session, "update " + QString(m_traits.headerTable) + set + " where Code='" + billCode() + "' ");
+  if (hasLineTable())
+    OpenRecordset(session, "update " + lineTable() + set + lineWhere() + " ");
+  TxtAuditing->setText(auditor);
+  LabAuditing->setCaption(on ? "已审核" : "未审核");
+  LabAuditing->setVisible(true);
+  return true;
+}
+
+QString BillForm::lineTable() const
+{
+  return QString::fromLatin1(m_traits.lineTable);
+}
+
+QString BillForm::lineWhere() const
+{
+  return QString(" where ") + m_traits.linkColumn + "='" + billCode() + "'";
+}
+
+void BillForm::VoidBill()
+{
+  if (m_traits.asksRightAtVoid && !mayDo(RightKind::Edit))
+    return;
+  if (isBeforeLastTurn())
+    return;
+  const auto voucher = unpostedVoucher();
+  if (!voucher || !session.desk.confirm("确定作废该单据吗？", Desk::Icon::Information))
+    return;
+  MarkBillVoided();
+  if (voucher->isEmpty())
+    return;
+  OpenRecordset(session, "delete from TabWarrant where Code ='" + *voucher + "'");
+  OpenRecordset(session, " delete from TabWarrantInf where BillCode='" + *voucher + "'");
+}
+
+// A void looks at the last carry-forward alone, not at the accounting close.
+bool BillForm::isBeforeLastTurn()
+{
+  if (Trim(TxtDate->text()).isEmpty()) {
+    session.desk.inform(QStringLiteral("本单据开单日期不详，系统禁止作废！"));
+    return true;
+  }
+  const Recordset rs = OpenRecordset(session, "select max(Datee) as Datee from TabTurn");
+  const auto turn = rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
+  const auto date = DateText::parse(TxtDate->text());
+  if (!turn || (date && *turn < *date))
+    return false;
+  session.desk.inform("最后一次结转日期为" + DateText::shortForm(*turn) + "，本单据开单位于最后一结转日期之前，系统禁止作废！");
+  return true;
+}
+
+std::optional<QString> BillForm::unpostedVoucher()
+{
+  const Recordset rs = OpenRecordset(session, "select Code,State from TabWarrant where JXCBillCode='" + billCode() + "'");
+  if (rs.eof())
+    return QString();
+  if (rs.trimmed("State") != u"已登账")
+    return rs.trimmed("Code");
+  session.desk.inform(QStringLiteral("该张单据已经登账，禁止作废！"));
+  return std::nullopt;
+}
+
+void BillForm::MarkBillVoided()
+{
+  if (!isStored()) {
+    session.desk.inform(QString::fromUtf16(m_traits.missingAtVoid));
+    return;
+  }
+  const QString code = billCode();
+  OpenRecordset(session, "update  " + QString(m_traits.headerTable) + " set " + "State='作废' " + "where Code='" + code + "'");
+  if (hasLineTable())
+    OpenRecordset(session, "update " + lineTable() + " set " + "State='作废' " + lineWhere() + " ");
+  FillBill(m_traits.headerTable, code);
+  session.desk.inform(QStringLiteral("作废成功！"));
+}
+
+void BillForm::FDelete_Click()
+{
+  if (!mayDo(RightKind::Delete) || !dateIsOpen())
+    return;
+  const QString code = billCode();
+  if (code.isEmpty()) {
+    session.desk.inform(QStringLiteral("单据编号不存在，禁止当前操作！"));
+    return;
+  }
+  if (!session.desk.confirm("删除当前单据吗？", Desk::Icon::Information))
+    return;
+  Vouchers::DeleteVoucher(session, code);
+  if (m_traits.dropsWriteOffs)
+    OpenRecordset(session, "delete from TabSFKHeXiao where  SFKBillCode='" + code + "'");
+  if (hasLineTable())
+    OpenRecordset(session, "delete from " + lineTable() + lineWhere());
+  OpenRecordset(session, "delete from " + QString(m_traits.headerTable) + " where  Code='" + code + "'");
+  DeleteBillImages(session, code, voucherKind());
+  session.desk.inform(QStringLiteral("单据已删除！"));
+  clearAfterDelete();
+}
+
+void BillForm::clearAfterDelete()
+{
+  m_lines->InitLineGrid();
+  NewBill();
+}
+
+void BillForm::BrowsePrevious()
+{
+  browseTo(m_billList.previous());
+}
+
+void BillForm::BrowseNext()
+{
+  browseTo(m_billList.next());
+}
+
+void BillForm::browseTo(const std::optional<QString>& code)
+{
+  if (!code)
+    return;
+  FillBill(BillTable, Trim(*code));
+  find("FBuild")->setVisible(true);
+  find("ToolBuild")->setVisible(true);
+}
+
+void BillForm::ShowVoucher()
+{
+  Vouchers::ShowVoucher(session, TxtBillCode->text());
+}
+
+void BillForm::FSeeWarrent_Click()
+{
+  Vouchers::FSeeWarrent_Click(session, TxtBillCode->text());
+}
+
+void BillForm::FJXCAccount_Click()
+{
+  Vouchers::FJXCAccount_Click(session, voucherKind());
+}

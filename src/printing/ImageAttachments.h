@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+struct Session;
+
+// Removes the image rows of a bill that has been deleted; the files behind them belong to the image
+// manager. The kind of bill is part of the key, so another bill of the same code keeps its images.
+void DeleteBillImages(Session& session, const QString& billCode, const QString& billName);
