@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace {
@@ -30,10 +32,13 @@ constexpr Shade Shades[] = {
     {QPalette::PlaceholderText, 0xff9aa5b1, 0xff9aa5b1},
 };
 
+constexpr QRgb GroupBorder = 0xffd5dce3;
+
 // Families that hold all the characters of the screens, so that none has to be looked for elsewhere.
 const QStringList Families{QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"), QStringLiteral("Microsoft YaHei")};
 
-// The usual style of the toolkit, with pictures of our own in its boxes.
+// The usual style of the toolkit, but for what it reads from picture files: its own pictures cost a fifth
+// of the program's start.
 class Style : public QProxyStyle {
 public:
   Style() : QProxyStyle(QStringLiteral("fusion")) {}
@@ -45,8 +50,18 @@ public:
     case SP_MessageBoxQuestion: return Icons::icon("question");
     case SP_MessageBoxWarning: return Icons::icon("warning");
     case SP_MessageBoxCritical: return Icons::icon("stop");
+    case SP_ToolBarHorizontalExtensionButton: return Icons::icon("more");
     default: return QProxyStyle::standardIcon(which, option, widget);
     }
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+  {
+    if (element != PE_FrameGroupBox)
+      return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    painter->setPen(QColor::fromRgb(GroupBorder));
+    painter->setBrush(option->palette.alternateBase());
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
   }
 };
 

@@ -1,13 +1,62 @@
 #include "desktop/Icons.h"
 
+#include <QApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmap>
+#include <QStyle>
+#include <QStyleOption>
+#include <QSvgRenderer>
+
 // The pictures lie in this library; without the call the linker would leave them out.
 static void load()
 {
   Q_INIT_RESOURCE(icons);
 }
 
+namespace {
+
+// Draws a picture when it is first wanted in a size. The toolkit's own way to a picture file would load
+// the readers of all other formats on the way.
+class Drawing : public QIconEngine {
+public:
+  explicit Drawing(const char* name) : m_name(name) {}
+
+  QIconEngine* clone() const override { return new Drawing(m_name); }
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+  {
+    const qreal ratio = painter->device()->devicePixelRatio();
+    painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+  }
+
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+  {
+    if (m_drawn.size() != size)
+      m_drawn = draw(size);
+    QStyleOption option;
+    option.palette = QApplication::palette();
+    return mode == QIcon::Normal ? m_drawn : QApplication::style()->generatedIconPixmap(mode, m_drawn, &option);
+  }
+
+private:
+  QPixmap draw(const QSize& size) const
+  {
+    load();
+    QPixmap drawn(size);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(m_name))).render(&painter);
+    return drawn;
+  }
+
+  const char* const m_name;
+  QPixmap m_drawn;
+};
+
+} // namespace
+
 QIcon Icons::icon(const char* name)
 {
-  load();
-  return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
+  return QIcon(new Drawing(name));
 }

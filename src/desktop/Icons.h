@@ -5,7 +5,7 @@
 // The pictures of the program, drawn for it.
 namespace Icons {
 
-// By the name of its file below icons/, without the ending.
+// By the name of its file below icons/, without the ending; a literal.
 QIcon icon(const char* name);
 
 } // namespace Icons
