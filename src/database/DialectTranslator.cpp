@@ -3,6 +3,7 @@
 #include "database/SqlTokens.h"
 #include "platform/DateText.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace DialectTranslator {
@@ -10,45 +11,36 @@ namespace {
 
 using Tokens = std::vector<SqlToken>;
 
-bool hasBrokenCharacter(const QString& sql)
+bool hasBrokenCharacter(QStringView sql)
 {
+  const char16_t* const text = sql.utf16();
   for (qsizetype i = 0; i < sql.size(); ++i) {
-    if (sql[i].isNull() || sql[i].isLowSurrogate())
+    if (text[i] == 0 || QChar::isLowSurrogate(text[i]))
       return true;
-    if (sql[i].isHighSurrogate() && (++i == sql.size() || !sql[i].isLowSurrogate()))
+    if (QChar::isHighSurrogate(text[i]) && (++i == sql.size() || !QChar::isLowSurrogate(text[i])))
       return true;
   }
   return false;
 }
 
-std::size_t skipBlanks(const Tokens& tokens, std::size_t at)
-{
-  while (at < tokens.size() && tokens[at].kind == SqlToken::Blank)
-    ++at;
-  return at;
-}
-
-QString refusalOf(const QString& sql, const Tokens& tokens)
+QString refusalOf(QStringView sql, const Tokens& tokens)
 {
   if (hasBrokenCharacter(sql))
     return QStringLiteral("语句含有无效字符");
   for (const SqlToken& token : tokens) {
     if (token.open)
-      return QStringLiteral("语句中的引号或日期没有结束：%1").arg(token.text.left(60));
+      return QStringLiteral("语句中的引号或日期没有结束：%1").arg(token.text.left(60).toString());
     // The system writes none: it is a value out of its quotes, or two signs ("a--5"), and would cut
     // the rest of the statement off.
-    if (token.kind == SqlToken::Blank && !token.text[0].isSpace())
-      return QStringLiteral("语句中不允许注释：%1").arg(token.text.left(60));
+    if (token.kind == SqlToken::Comment)
+      return QStringLiteral("语句中不允许注释：%1").arg(token.text.left(60).toString());
   }
-  const std::size_t first = skipBlanks(tokens, 0);
-  static constexpr const char* Allowed[] = {"select", "insert", "update", "delete"};
-  bool allowed = false;
-  for (const char* word : Allowed)
-    allowed = allowed || (first < tokens.size() && tokens[first].isWord(word));
-  if (!allowed)
+  static constexpr QLatin1String Allowed[] = {QLatin1String("select"), QLatin1String("insert"), QLatin1String("update"),
+                                              QLatin1String("delete")};
+  if (tokens.empty() || std::none_of(std::begin(Allowed), std::end(Allowed), [&](auto word) { return tokens.front().isWord(word); }))
     return QStringLiteral("只允许 select、insert、update、delete 语句");
   for (std::size_t at = 0; at < tokens.size(); ++at)
-    if (tokens[at].isSymbol(';') && skipBlanks(tokens, at + 1) < tokens.size())
+    if (tokens[at].isSymbol(u';') && at + 1 < tokens.size())
       return QStringLiteral("一次只允许一条语句");
   return {};
 }
@@ -58,110 +50,179 @@ std::optional<std::size_t> closingBracket(const Tokens& tokens, std::size_t open
 {
   int depth = 0;
   for (std::size_t at = open; at < tokens.size(); ++at) {
-    if (tokens[at].isSymbol('('))
+    if (tokens[at].isSymbol(u'('))
       ++depth;
-    else if (tokens[at].isSymbol(')') && --depth == 0)
+    else if (tokens[at].isSymbol(u')') && --depth == 0)
       return at;
   }
   return std::nullopt;
 }
 
-SqlToken symbol(const QString& text)
+QString dateLiteral(QStringView token)
 {
-  return {SqlToken::Symbol, text};
-}
-
-QString dateLiteral(const QString& token)
-{
-  const QString inside = token.mid(1, token.size() - 2).trimmed();
+  const QStringView inside = token.sliced(1, token.size() - 2).trimmed();
   const auto date = DateText::parse(inside);
-  return u'\'' + (date ? DateText::shortForm(*date) : QString(inside).replace(u'\'', QStringLiteral("''"))) + u'\'';
+  return u'\'' + (date ? DateText::shortForm(*date) : inside.toString().replace(u'\'', QStringLiteral("''"))) + u'\'';
 }
 
-// Whether a function call of this name starts at `at`; then the position of its opening bracket.
-std::optional<std::size_t> callOf(const Tokens& tokens, std::size_t at, const char* name)
+// "#2022-06-08#", as the system writes nearly all of its dates: only the quotes are other ones.
+bool isShortForm(QStringView token)
 {
-  if (!tokens[at].isWord(name))
-    return std::nullopt;
-  const std::size_t open = skipBlanks(tokens, at + 1);
-  return open < tokens.size() && tokens[open].isSymbol('(') ? std::optional(open) : std::nullopt;
+  static constexpr char16_t Form[] = u"#0000-00-00#";
+  if (token.size() != 12)
+    return false;
+  for (qsizetype i = 0; i < token.size(); ++i)
+    if (Form[i] == u'0' ? !(token[i] >= u'0' && token[i] <= u'9') : token[i] != Form[i])
+      return false;
+  return true;
 }
 
-// cint(x) becomes cast(x as integer); isnull(x) becomes (x) is null.
-void rewriteOneArgument(Tokens& tokens, std::size_t name, std::size_t open, const QString& before, const QString& behind)
-{
-  const auto close = closingBracket(tokens, open);
-  if (!close)
-    return;
-  tokens[name] = symbol(before);
-  tokens[*close] = symbol(behind);
-}
+// Collects what changes of a statement, and writes the statement with it.
+class Rewriter {
+public:
+  Rewriter(QStringView sql, const Tokens& tokens) : m_sql(sql), m_tokens(tokens) {}
 
-// convert(int,x) becomes cast(x as integer).
-void rewriteConvert(Tokens& tokens, std::size_t name, std::size_t open)
-{
-  const std::size_t type = skipBlanks(tokens, open + 1);
-  if (type >= tokens.size() || !tokens[type].isWord("int"))
-    return;
-  const std::size_t comma = skipBlanks(tokens, type + 1);
-  const auto close = closingBracket(tokens, open);
-  if (comma >= tokens.size() || !tokens[comma].isSymbol(',') || !close)
-    return;
-  tokens[name] = symbol(QStringLiteral("cast"));
-  tokens[type] = symbol({});
-  tokens[comma] = symbol({});
-  tokens[*close] = symbol(QStringLiteral(" as integer)"));
-}
-
-// "select top n ..." becomes "select ... limit n", at the end of its own select: ahead of the
-// bracket that closes it, or of what ends the statement.
-void rewriteTop(Tokens& tokens, std::size_t select)
-{
-  const std::size_t top = skipBlanks(tokens, select + 1);
-  if (top >= tokens.size() || !tokens[top].isWord("top"))
-    return;
-  const std::size_t count = skipBlanks(tokens, top + 1);
-  if (count >= tokens.size() || tokens[count].kind != SqlToken::Number)
-    return;
-  const QString limit = QStringLiteral(" limit ") + tokens[count].text + u' ';
-  tokens[top] = symbol({});
-  tokens[count] = symbol({});
-  int depth = 0;
-  std::size_t end = count;
-  for (; end < tokens.size(); ++end) {
-    if (tokens[end].isSymbol('('))
-      ++depth;
-    else if ((tokens[end].isSymbol(')') && depth-- == 0) || tokens[end].isSymbol(';'))
-      break;
+  QString rewritten()
+  {
+    for (std::size_t at = 0; at < m_tokens.size(); ++at) {
+      if (m_tokens[at].kind == SqlToken::Date)
+        rewriteDate(at);
+      else if (m_tokens[at].kind == SqlToken::Word)
+        rewriteWord(at);
+    }
+    return written();
   }
-  tokens.insert(tokens.begin() + std::ptrdiff_t(end), symbol(limit));
-}
 
-void rewrite(Tokens& tokens)
-{
-  for (std::size_t at = 0; at < tokens.size(); ++at) {
-    if (tokens[at].kind == SqlToken::Date)
-      tokens[at] = {SqlToken::Text, dateLiteral(tokens[at].text)};
-    else if (const auto cint = callOf(tokens, at, "cint"))
-      rewriteOneArgument(tokens, at, *cint, QStringLiteral("cast"), QStringLiteral(" as integer)"));
-    else if (const auto isnull = callOf(tokens, at, "isnull"))
-      rewriteOneArgument(tokens, at, *isnull, QStringLiteral("("), QStringLiteral(") is null)"));
-    else if (const auto convert = callOf(tokens, at, "convert"))
-      rewriteConvert(tokens, at, *convert);
-    else if (tokens[at].isWord("select"))
-      rewriteTop(tokens, at);
+private:
+  struct Edit {
+    qsizetype from;
+    qsizetype to;
+    QString text;
+  };
+
+  qsizetype positionOf(std::size_t token) const
+  {
+    return token < m_tokens.size() ? m_tokens[token].text.data() - m_sql.data() : m_sql.size();
   }
-}
+  void insert(std::size_t before, const QString& text) { m_edits.push_back({positionOf(before), positionOf(before), text}); }
+  void replace(std::size_t token, const QString& text)
+  {
+    m_edits.push_back({positionOf(token), positionOf(token) + m_tokens[token].text.size(), text});
+  }
+
+  void rewriteDate(std::size_t at)
+  {
+    const QStringView text = m_tokens[at].text;
+    if (!isShortForm(text))
+      return replace(at, dateLiteral(text));
+    const qsizetype position = positionOf(at);
+    m_edits.push_back({position, position + 1, QStringLiteral("'")});
+    m_edits.push_back({position + text.size() - 1, position + text.size(), QStringLiteral("'")});
+  }
+
+  void rewriteWord(std::size_t at)
+  {
+    if (const auto cint = callOf(at, QLatin1String("cint")))
+      rewriteOneArgument(at, *cint, QStringLiteral("cast"), QStringLiteral(" as integer)"));
+    else if (const auto isnull = callOf(at, QLatin1String("isnull")))
+      rewriteOneArgument(at, *isnull, QStringLiteral("("), QStringLiteral(") is null)"));
+    else if (const auto convert = callOf(at, QLatin1String("convert")))
+      rewriteConvert(at, *convert);
+    else if (m_tokens[at].isWord(QLatin1String("select")))
+      rewriteTop(at);
+  }
+
+  // Whether a function call of this name starts at `at`; then the position of its opening bracket.
+  std::optional<std::size_t> callOf(std::size_t at, QLatin1String name) const
+  {
+    if (!m_tokens[at].isWord(name))
+      return std::nullopt;
+    const std::size_t open = at + 1;
+    return open < m_tokens.size() && m_tokens[open].isSymbol(u'(') ? std::optional(open) : std::nullopt;
+  }
+
+  // cint(x) becomes cast(x as integer); isnull(x) becomes ((x) is null).
+  void rewriteOneArgument(std::size_t name, std::size_t open, const QString& before, const QString& behind)
+  {
+    const auto close = closingBracket(m_tokens, open);
+    if (!close)
+      return;
+    replace(name, before);
+    replace(*close, behind);
+  }
+
+  // convert(int,x) becomes cast(x as integer).
+  void rewriteConvert(std::size_t name, std::size_t open)
+  {
+    const std::size_t type = open + 1;
+    if (type >= m_tokens.size() || !m_tokens[type].isWord(QLatin1String("int")))
+      return;
+    const std::size_t comma = type + 1;
+    const auto close = closingBracket(m_tokens, open);
+    if (comma >= m_tokens.size() || !m_tokens[comma].isSymbol(u',') || !close)
+      return;
+    replace(name, QStringLiteral("cast"));
+    replace(type, {});
+    replace(comma, {});
+    replace(*close, QStringLiteral(" as integer)"));
+  }
+
+  // "select top n ..." becomes "select ... limit n", at the end of its own select: ahead of the
+  // bracket that closes it, or of what ends the statement.
+  void rewriteTop(std::size_t select)
+  {
+    const std::size_t top = select + 1;
+    if (top >= m_tokens.size() || !m_tokens[top].isWord(QLatin1String("top")))
+      return;
+    const std::size_t count = top + 1;
+    if (count >= m_tokens.size() || m_tokens[count].kind != SqlToken::Number)
+      return;
+    replace(top, {});
+    replace(count, {});
+    insert(endOfSelect(count), QStringLiteral(" limit %1 ").arg(m_tokens[count].text));
+  }
+
+  std::size_t endOfSelect(std::size_t inside) const
+  {
+    int depth = 0;
+    std::size_t end = inside;
+    for (; end < m_tokens.size(); ++end) {
+      if (m_tokens[end].isSymbol(u'('))
+        ++depth;
+      else if ((m_tokens[end].isSymbol(u')') && depth-- == 0) || m_tokens[end].isSymbol(u';'))
+        break;
+    }
+    return end;
+  }
+
+  // An insertion stands ahead of what replaces the token behind it.
+  QString written()
+  {
+    std::stable_sort(m_edits.begin(), m_edits.end(),
+                     [](const Edit& a, const Edit& b) { return std::pair(a.from, a.to) < std::pair(b.from, b.to); });
+    QString sql;
+    sql.reserve(m_sql.size() + 16 * qsizetype(m_edits.size()));
+    qsizetype done = 0;
+    for (const Edit& edit : m_edits) {
+      sql.append(m_sql.sliced(done, edit.from - done)).append(edit.text);
+      done = edit.to;
+    }
+    return sql.append(m_sql.sliced(done));
+  }
+
+  QStringView m_sql;
+  const Tokens& m_tokens;
+  std::vector<Edit> m_edits;
+};
 
 } // namespace
 
 Translation forEmbedded(const QString& sql)
 {
-  Tokens tokens = SqlTokens::read(sql);
+  const Tokens tokens = SqlTokens::read(sql);
   if (const QString refusal = refusalOf(sql, tokens); !refusal.isEmpty())
     return {{}, refusal};
-  rewrite(tokens);
-  return {SqlTokens::join(tokens), {}};
+  return {Rewriter(sql, tokens).rewritten(), {}};
 }
 
 } // namespace DialectTranslator

@@ -73,7 +73,7 @@ public:
       return StatementResult::failed(SQLITE_AUTH, translation.refusal);
     const QByteArray utf8 = translation.sql.toUtf8();
     sqlite3_stmt* prepared = nullptr;
-    if (sqlite3_prepare_v2(m_database.get(), utf8.constData(), int(utf8.size()), &prepared, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v2(m_database.get(), utf8.constData(), int(utf8.size()) + 1, &prepared, nullptr) != SQLITE_OK)
       return failure();
     const Statement statement(prepared);
     StatementResult result;
@@ -143,7 +143,8 @@ EmbeddedEngine::Opening EmbeddedEngine::open(const QString& path, std::chrono::m
   if (const QString refusal = refusalOfFile(path); !refusal.isEmpty())
     return {nullptr, {SQLITE_CANTOPEN, refusal}};
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int code =
+      sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   Database database(opened);
   if (code != SQLITE_OK || setUp(opened, lockWait) != SQLITE_OK)
     return {nullptr, opened ? errorOf(opened) : DatabaseError{code, QStringLiteral("内存不足")}};

@@ -3,18 +3,29 @@
 namespace SqlTokens {
 namespace {
 
+bool isDigit(QChar c)
+{
+  return c >= u'0' && c <= u'9';
+}
+
 bool isWordStart(QChar c)
 {
-  return c.isLetter() || c == u'_' || c.unicode() >= 0x80;
+  return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_' || c.unicode() >= 0x80;
 }
 
 bool isWordPart(QChar c)
 {
-  return isWordStart(c) || c.isDigit() || c == u'$';
+  return isWordStart(c) || isDigit(c) || c == u'$';
+}
+
+// A full-width blank is none: the engine does not take it for one either.
+bool isBlank(QChar c)
+{
+  return c == u' ' || (c >= u'\t' && c <= u'\r');
 }
 
 // End of a text in quotes that starts at `at`; a doubled quote inside stands for one. -1 if it never ends.
-qsizetype quotedEnd(const QString& sql, qsizetype at, QChar quote)
+qsizetype quotedEnd(QStringView sql, qsizetype at, QChar quote)
 {
   for (qsizetype i = at + 1; i < sql.size(); ++i) {
     if (sql[i] != quote)
@@ -27,31 +38,29 @@ qsizetype quotedEnd(const QString& sql, qsizetype at, QChar quote)
   return -1;
 }
 
-template <typename Predicate> qsizetype endOf(const QString& sql, qsizetype at, Predicate belongs)
+template <typename Predicate> qsizetype endOf(QStringView sql, qsizetype at, Predicate belongs)
 {
   while (at < sql.size() && belongs(sql[at]))
     ++at;
   return at;
 }
 
-SqlToken enclosed(const QString& sql, qsizetype at, SqlToken::Kind kind, qsizetype end)
+SqlToken enclosed(QStringView sql, qsizetype at, SqlToken::Kind kind, qsizetype end)
 {
-  return end < 0 ? SqlToken{kind, sql.mid(at), true} : SqlToken{kind, sql.mid(at, end - at)};
+  return end < 0 ? SqlToken{sql.sliced(at), kind, true} : SqlToken{sql.sliced(at, end - at), kind};
 }
 
-SqlToken next(const QString& sql, qsizetype at)
+SqlToken next(QStringView sql, qsizetype at)
 {
   const QChar c = sql[at];
-  const QStringView rest = QStringView(sql).mid(at);
-  if (c.isSpace())
-    return {SqlToken::Blank, sql.mid(at, endOf(sql, at, [](QChar x) { return x.isSpace(); }) - at)};
-  if (rest.startsWith(u"--")) {
+  const QStringView rest = sql.sliced(at);
+  if (c == u'-' && rest.startsWith(u"--")) {
     const qsizetype end = sql.indexOf(u'\n', at);
-    return {SqlToken::Blank, end < 0 ? sql.mid(at) : sql.mid(at, end - at)};
+    return {end < 0 ? sql.sliced(at) : sql.sliced(at, end - at), SqlToken::Comment};
   }
-  if (rest.startsWith(u"/*")) {
-    const qsizetype end = sql.indexOf(QStringLiteral("*/"), at + 2);
-    return enclosed(sql, at, SqlToken::Blank, end < 0 ? -1 : end + 2);
+  if (c == u'/' && rest.startsWith(u"/*")) {
+    const qsizetype end = sql.indexOf(u"*/", at + 2);
+    return enclosed(sql, at, SqlToken::Comment, end < 0 ? -1 : end + 2);
   }
   if (c == u'\'')
     return enclosed(sql, at, SqlToken::Text, quotedEnd(sql, at, c));
@@ -65,31 +74,28 @@ SqlToken next(const QString& sql, qsizetype at)
     const qsizetype end = sql.indexOf(u'#', at + 1);
     return enclosed(sql, at, SqlToken::Date, end < 0 ? -1 : end + 1);
   }
-  if (c.isDigit() || (c == u'.' && rest.size() > 1 && rest[1].isDigit()))
-    return {SqlToken::Number, sql.mid(at, endOf(sql, at, [](QChar x) { return isWordPart(x) || x == u'.'; }) - at)};
+  if (isDigit(c) || (c == u'.' && rest.size() > 1 && isDigit(rest[1])))
+    return {sql.sliced(at, endOf(sql, at, [](QChar x) { return isWordPart(x) || x == u'.'; }) - at), SqlToken::Number};
   if (isWordStart(c))
-    return {SqlToken::Word, sql.mid(at, endOf(sql, at, isWordPart) - at)};
-  return {SqlToken::Symbol, QString(c)};
+    return {sql.sliced(at, endOf(sql, at, isWordPart) - at), SqlToken::Word};
+  return {rest.first(1), SqlToken::Symbol};
 }
 
 } // namespace
 
-std::vector<SqlToken> read(const QString& sql)
+std::vector<SqlToken> read(QStringView sql)
 {
   std::vector<SqlToken> tokens;
+  tokens.reserve(std::size_t(sql.size()) / 6);
   for (qsizetype at = 0; at < sql.size();) {
+    if (isBlank(sql[at])) {
+      ++at;
+      continue;
+    }
     tokens.push_back(next(sql, at));
     at += tokens.back().text.size();
   }
   return tokens;
-}
-
-QString join(const std::vector<SqlToken>& tokens)
-{
-  QString sql;
-  for (const SqlToken& token : tokens)
-    sql += token.text;
-  return sql;
 }
 
 } // namespace SqlTokens

@@ -6,21 +6,25 @@
 // The system's SQL cut into tokens, for the dialect translation and for the check of what a
 // statement is. Quoted texts and #dates# stay whole, so nothing inside them is taken for SQL.
 struct SqlToken {
-  enum Kind { Word, Number, Text, Date, Symbol, Blank };
+  enum Kind : quint8 { Word, Number, Text, Date, Symbol, Comment };
 
+  QStringView text; // as it stands in the statement, quotes and # included
   Kind kind;
-  QString text; // as it stands in the statement, quotes and # included
-  // The closing quote or # is missing.
-  bool open = false;
+  bool open = false; // the closing quote or # is missing
 
-  bool isWord(const char* lower) const { return kind == Word && text.compare(QLatin1String(lower), Qt::CaseInsensitive) == 0; }
-  bool isSymbol(char c) const { return kind == Symbol && text == QLatin1Char(c); }
+  // `lower` has letters only.
+  bool isWord(QLatin1String lower) const
+  {
+    return kind == Word && text.size() == lower.size() && (text[0].unicode() | 0x20) == lower[0].unicode() &&
+           text.compare(lower, Qt::CaseInsensitive) == 0;
+  }
+  bool isSymbol(char16_t c) const { return kind == Symbol && text[0] == c; }
 };
 
 namespace SqlTokens {
 
-// The tokens joined give the statement back, character for character. Comments are blanks.
-std::vector<SqlToken> read(const QString& sql);
-QString join(const std::vector<SqlToken>& tokens);
+// The tokens in their order, without the blanks between them. Their texts are views of `sql`, which
+// must outlive them: the large statements have a thousand tokens and are cut anew each time.
+std::vector<SqlToken> read(QStringView sql);
 
 } // namespace SqlTokens

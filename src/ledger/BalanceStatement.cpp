@@ -12,108 +12,129 @@
 namespace ModFuntion {
 namespace {
 
-constexpr std::array Sums = {"SumMoneyy", "SumCashh", "SumCreditt", "SumMoneyy_G", "SumCashh_G", "SumCreditt_G"};
-using Amounts = std::array<const char*, Sums.size()>;
+constexpr std::array Sums = {u"SumMoneyy", u"SumCashh", u"SumCreditt", u"SumMoneyy_G", u"SumCashh_G", u"SumCreditt_G"};
+using Amounts = std::array<const char16_t*, Sums.size()>;
 
 enum class Source { GoodsBills, FundLines, OffsetLines, Vouchers };
 
 // One place where a partner's movements stand, and which sums they move. What moves nothing is null.
 struct Arm {
   Source source;
-  const char* of;       // the table; of offsets their SustainType; of vouchers the kind of account
-  const char* accounts; // of fund lines: how the account's code begins
+  const char16_t* of;       // the table; of offsets their SustainType; of vouchers the kind of account
+  const char16_t* accounts; // of fund lines: how the account's code begins
   Amounts amounts;
 };
 
 // Cash accounts begin with 1001, bank accounts with 1002; money on any other account leaves the
 // balance as it is.
 constexpr Arm Arms[] = {
-    {Source::GoodsBills, "TabOutBill", "", {"(SumMoney-AllDiscount)", "Cash", "Credit"}},
-    {Source::GoodsBills, "TabOutCancleBill", "", {"-(SumMoney-AllDiscount)", "-Cash", "-Credit"}},
-    {Source::FundLines, "TabGathefundBillInf", "1001", {nullptr, "Moneyy"}},
-    {Source::FundLines, "TabGathefundBillInf", "1002", {nullptr, nullptr, "Moneyy"}},
-    {Source::OffsetLines, "客户", "", {nullptr, nullptr, "TabSustainInf.Moneyy"}},
-    {Source::Vouchers, "应收", "", {"(Debtor-Lender)"}},
-    {Source::Vouchers, "预收", "", {"(Debtor-Lender)"}},
-    {Source::GoodsBills, "TabInBill", "", {nullptr, nullptr, nullptr, "(SumMoney-AllDiscount)", "Cash", "Credit"}},
-    {Source::GoodsBills, "TabInCancleBill", "", {nullptr, nullptr, nullptr, "-(SumMoney-AllDiscount)", "-Cash", "-Credit"}},
-    {Source::FundLines, "TabPayfundBillInf", "1001", {nullptr, nullptr, nullptr, nullptr, "Moneyy"}},
-    {Source::FundLines, "TabPayfundBillInf", "1002", {nullptr, nullptr, nullptr, nullptr, nullptr, "Moneyy"}},
-    {Source::OffsetLines, "供应商", "", {nullptr, nullptr, nullptr, nullptr, nullptr, "TabSustainInf.Moneyy"}},
-    {Source::Vouchers, "预付", "", {nullptr, nullptr, nullptr, "(Lender-Debtor)"}},
-    {Source::Vouchers, "应付", "", {nullptr, nullptr, nullptr, "(Lender-Debtor)"}},
+    {Source::GoodsBills, u"TabOutBill", u"", {u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
+    {Source::GoodsBills, u"TabOutCancleBill", u"", {u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
+    {Source::FundLines, u"TabGathefundBillInf", u"1001", {nullptr, u"Moneyy"}},
+    {Source::FundLines, u"TabGathefundBillInf", u"1002", {nullptr, nullptr, u"Moneyy"}},
+    {Source::OffsetLines, u"客户", u"", {nullptr, nullptr, u"TabSustainInf.Moneyy"}},
+    {Source::Vouchers, u"应收", u"", {u"(Debtor-Lender)"}},
+    {Source::Vouchers, u"预收", u"", {u"(Debtor-Lender)"}},
+    {Source::GoodsBills, u"TabInBill", u"", {nullptr, nullptr, nullptr, u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
+    {Source::GoodsBills, u"TabInCancleBill", u"", {nullptr, nullptr, nullptr, u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
+    {Source::FundLines, u"TabPayfundBillInf", u"1001", {nullptr, nullptr, nullptr, nullptr, u"Moneyy"}},
+    {Source::FundLines, u"TabPayfundBillInf", u"1002", {nullptr, nullptr, nullptr, nullptr, nullptr, u"Moneyy"}},
+    {Source::OffsetLines, u"供应商", u"", {nullptr, nullptr, nullptr, nullptr, nullptr, u"TabSustainInf.Moneyy"}},
+    {Source::Vouchers, u"预付", u"", {nullptr, nullptr, nullptr, u"(Lender-Debtor)"}},
+    {Source::Vouchers, u"应付", u"", {nullptr, nullptr, nullptr, u"(Lender-Debtor)"}},
+};
+
+// What all arms of one source have in common: its days, its currency, its audit.
+struct Scopes {
+  QString bills; // of tables that stand alone
+  QString offsets;
+  QString vouchers;
 };
 
 // The days of the movements. A closing on the day asked for has taken all of it in: nothing is left.
-QString range(const Session& session, const MovementQuestion& question, const QString& prefix)
+QString range(const MovementQuestion& question, const QString& prefix, const QString& after, const QString& until)
 {
-  const QString until = question.lastClosing == question.date ? "Datee<" : "Datee<=";
-  return "    " + prefix + "Datee>" + SqlDialect::date(session, question.lastClosing) + " and " + prefix + until +
-         SqlDialect::date(session, question.date);
+  const QString end = question.lastClosing == question.date ? "<" : "<=";
+  return QStringLiteral("    %1Datee>%2 and %1Datee%3%4").arg(prefix, after, end, until);
 }
 
-QString selectList(const Arm& arm, const QString& rateColumn)
+Scopes scopesOf(const Session& session, const MovementQuestion& question)
 {
-  QStringList columns;
+  const QString after = SqlDialect::date(session, question.lastClosing);
+  const QString until = SqlDialect::date(session, question.date);
+  const bool auditedOnly = question.auditedOnly;
+  return {range(question, {}, after, until) + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = question.moneyName}),
+          range(question, "TabSustainInf.", after, until) +
+              BuildBillFilter({.table = "TabSustainInf", .auditedOnly = auditedOnly, .moneyName = question.moneyName}),
+          range(question, "TabWarrant.", after, until) + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
+              BuildBillFilter({.table = "TabWarrantInf", .moneyName = question.moneyName})};
+}
+
+void appendSelectList(QString& sql, const Arm& arm, QStringView rate)
+{
+  sql += u"select ";
   for (std::size_t i = 0; i < Sums.size(); ++i) {
-    const QString name = QString(" as ") + Sums[i];
-    columns += arm.amounts[i] ? QString(" sum(") + arm.amounts[i] + rateColumn + ")" + name : "0" + name;
+    if (i > 0)
+      sql += u", ";
+    if (arm.amounts[i])
+      sql.append(u" sum(").append(QStringView(arm.amounts[i])).append(rate).append(u')');
+    else
+      sql += u'0';
+    sql.append(u" as ").append(QStringView(Sums[i]));
   }
-  return "select " + columns.join(", ");
 }
 
-QString goodsBills(const Session& session, const MovementQuestion& question, const Arm& arm)
+// The values are put in all at once: whatever a partner's code holds stays a value.
+QString goodsBills(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return QString(" from ") + arm.of + "  where UnitCode='" + question.code + "' and State='正常'  " + "  and  " +
-         range(session, question, {}) + BuildBillFilter({.auditedOnly = question.auditedOnly, .moneyName = question.moneyName});
+  return QStringLiteral(" from %1  where UnitCode='%2' and State='正常'    and  %3").arg(QStringView(arm.of), question.code, scopes.bills);
 }
 
-QString fundLines(const Session& session, const MovementQuestion& question, const Arm& arm)
+QString fundLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return QString(" from ") + arm.of + "  where UnitCode='" + question.code + "' " + " and AccountantCode like '" + arm.accounts + "%' " +
-         "  and  " + range(session, question, {}) +
-         BuildBillFilter({.auditedOnly = question.auditedOnly, .moneyName = question.moneyName}) + "  and  State='正常'";
+  return QStringLiteral(" from %1  where UnitCode='%2'  and AccountantCode like '%3%'   and  %4  and  State='正常'")
+      .arg(QStringView(arm.of), question.code, QStringView(arm.accounts), scopes.bills);
 }
 
-QString offsetLines(const Session& session, const MovementQuestion& question, const Arm& arm)
+QString offsetLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return " from TabSustainInf,TabSustain  where TabSustainInf.UnitCode='" + question.code + "' " + "  and  " +
-         range(session, question, "TabSustainInf.") +
-         BuildBillFilter({.table = "TabSustainInf", .auditedOnly = question.auditedOnly, .moneyName = question.moneyName}) +
-         "  and  TabSustainInf.State='正常'" + "  and  TabSustain.SustainType='" + arm.of + "'" +
-         "  and  TabSustain.Code=TabSustainInf.Code";
+  return QStringLiteral(" from TabSustainInf,TabSustain  where TabSustainInf.UnitCode='%1'   and  %2"
+                        "  and  TabSustainInf.State='正常'  and  TabSustain.SustainType='%3'"
+                        "  and  TabSustain.Code=TabSustainInf.Code")
+      .arg(question.code, scopes.offsets, QStringView(arm.of));
 }
 
 // Vouchers made by hand: those of bills would count a movement twice.
-QString vouchers(Session& session, const MovementQuestion& question, const Arm& arm)
+QString vouchers(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  const QString isNobodysVoucher = " where (TabWarrant.JXCBillCode='' or " + SqlDialect::isNull(session, "TabWarrant.JXCBillCode") + ")  ";
-  const bool keptByPartners = IsClientAccountWLHS(session, question.code, arm.of);
-  return QString(" from  TabWarrant,TabWarrantInf ,TabAccountantType,TabClient ") + isNobodysVoucher + " and " +
-         range(session, question, "TabWarrant.") + BuildBillFilter({.table = "TabWarrant", .auditedOnly = question.auditedOnly}) +
-         BuildBillFilter({.table = "TabWarrantInf", .moneyName = question.moneyName}) + " and  TabAccountantType.Code =TabClient." +
-         partnerAccountColumn(arm.of) + "  " + " and TabClient.Code=  '" + question.code + "' " +
-         (keptByPartners ? " and TabWarrantInf.WLHS=  '" + question.code + "' " : QString()) +
-         " and TabWarrant.Code=TabWarrantInf.BillCode " + " and TabWarrantInf.AccountantCode=TabAccountantType.Code " +
-         " and TabWarrant.AccountBook" + question.book + "=1  ";
+  const QString kind = QString::fromUtf16(arm.of);
+  const bool keptByPartners = IsClientAccountWLHS(session, question.code, kind);
+  return QStringLiteral(" from  TabWarrant,TabWarrantInf ,TabAccountantType,TabClient "
+                        " where (TabWarrant.JXCBillCode='' or %1)   and %2"
+                        " and  TabAccountantType.Code =TabClient.%3   and TabClient.Code=  '%4' %5"
+                        " and TabWarrant.Code=TabWarrantInf.BillCode "
+                        " and TabWarrantInf.AccountantCode=TabAccountantType.Code "
+                        " and TabWarrant.AccountBook%6=1  ")
+      .arg(SqlDialect::isNull(session, "TabWarrant.JXCBillCode"), scopes.vouchers, partnerAccountColumn(kind), question.code,
+           keptByPartners ? QString(" and TabWarrantInf.WLHS=  '" + question.code + "' ") : QString(), question.book);
 }
 
-QString fromWhere(Session& session, const MovementQuestion& question, const Arm& arm)
+QString fromWhere(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
   switch (arm.source) {
-  case Source::GoodsBills: return goodsBills(session, question, arm);
-  case Source::FundLines: return fundLines(session, question, arm);
-  case Source::OffsetLines: return offsetLines(session, question, arm);
-  case Source::Vouchers: return vouchers(session, question, arm);
+  case Source::GoodsBills: return goodsBills(question, scopes, arm);
+  case Source::FundLines: return fundLines(question, scopes, arm);
+  case Source::OffsetLines: return offsetLines(question, scopes, arm);
+  case Source::Vouchers: return vouchers(session, question, scopes, arm);
   }
   return {};
 }
 
-QString rateColumn(const MovementQuestion& question, const Arm& arm)
+QStringView rateOf(const MovementQuestion& question, const Arm& arm)
 {
   if (!isAllCurrencies(question.moneyName))
     return {};
-  return arm.source == Source::OffsetLines ? "*TabSustainInf.MoneyRate" : "*MoneyRate";
+  return arm.source == Source::OffsetLines ? QStringView(u"*TabSustainInf.MoneyRate") : QStringView(u"*MoneyRate");
 }
 
 // In inventory kept apart from finance, vouchers are none of the partner's bills.
@@ -126,13 +147,21 @@ bool takesPart(const Session& session, const MovementQuestion& question, const A
 
 QString movementStatement(Session& session, const MovementQuestion& question)
 {
-  QStringList arms;
-  for (const Arm& arm : Arms)
-    if (takesPart(session, question, arm))
-      arms += selectList(arm, rateColumn(question, arm)) + fromWhere(session, question, arm);
-  return QString("select sum(SumMoneyy) as SumMoneyy, ") + " sum(SumCashh) as SumCashh, " + " sum(SumCreditt) as SumCreditt,  " +
-         " sum(SumMoneyy_G) as SumMoneyy_G, " + " sum(SumCashh_G) as SumCashh_G, " + " sum(SumCreditt_G) as SumCreditt_G   " + " from ( " +
-         arms.join(" union all  ") + " ) tmpTab ";
+  const Scopes scopes = scopesOf(session, question);
+  QString sql = QStringLiteral("select sum(SumMoneyy) as SumMoneyy,  sum(SumCashh) as SumCashh,  sum(SumCreditt) as SumCreditt,  "
+                               " sum(SumMoneyy_G) as SumMoneyy_G,  sum(SumCashh_G) as SumCashh_G,  sum(SumCreditt_G) as SumCreditt_G   "
+                               " from ( ");
+  bool isFirst = true;
+  for (const Arm& arm : Arms) {
+    if (!takesPart(session, question, arm))
+      continue;
+    if (!isFirst)
+      sql += u" union all  ";
+    isFirst = false;
+    appendSelectList(sql, arm, rateOf(question, arm));
+    sql += fromWhere(session, question, scopes, arm);
+  }
+  return sql += u" ) tmpTab ";
 }
 
 QString partnerAccountColumn(const QString& kind)

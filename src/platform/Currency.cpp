@@ -16,6 +16,9 @@ namespace {
 
 Currency Currency::ofDouble(double value)
 {
+  // An amount of four decimals or less, as nearly all are, needs no rounding.
+  if (const Currency exact(std::abs(value) < 1e11 ? std::llround(value * 10000) : 0); exact.toDouble() == value)
+    return exact;
   if (!std::isfinite(value))
     overflow();
   // Rounded in decimal, so that 1.00005 is a tie as it reads and not as binary holds it.

@@ -60,7 +60,18 @@ std::optional<QDate> parse(QStringView text)
 
 QString shortForm(const QDate& date)
 {
-  return date.toString(QStringLiteral("yyyy-MM-dd"));
+  if (!date.isValid() || date.year() < 1 || date.year() > 9999)
+    return date.toString(QStringLiteral("yyyy-MM-dd"));
+  // Nearly every statement holds a date.
+  QString text = QStringLiteral("0000-00-00");
+  const auto write = [&text](qsizetype at, int number) {
+    for (; number > 0; number /= 10)
+      text[at--] = QChar(u'0' + number % 10);
+  };
+  write(3, date.year());
+  write(6, date.month());
+  write(9, date.day());
+  return text;
 }
 
 QDate build(int year, int month, int day)

@@ -117,7 +117,7 @@ private:
   {
     m_number = rule.number == NextNumber ? m_number + 1 : rule.number;
     const QString zero = QStringLiteral("0");
-    const QString amount = entry.amount.isNull() ? zero : entry.amount.toText();
+    const QString amount = entry.amount.toText();
     const QString blank = quoted({});
     QStringList values = {QString::number(m_number),
                           m_frame.Datee,

@@ -3,6 +3,7 @@
 #include "DesktopStage.h"
 #include "ModelStage.h"
 #include "Player.h"
+#include "desktop/Appearance.h"
 
 #include <QApplication>
 #include <QFile>
@@ -103,6 +104,7 @@ void passOn(QtMsgType, const QMessageLogContext&, const QString& message)
       qputenv("XDG_RUNTIME_DIR", task.shelf.toLocal8Bit());
     qInstallMessageHandler(passOn);
     const QApplication application(count, texts);
+    Appearance::apply();
     // The program may end and be started again in one script.
     QApplication::setQuitOnLastWindowClosed(false);
     playAndExit(task, report);
