@@ -11,26 +11,27 @@
 
 using namespace ModFuntion;
 
-BillForm::BillForm(Session& ofSession, const BillTraits& traits)
-    : Screen(ofSession, QString::fromLatin1(traits.form)), BillTable(QString::fromLatin1(traits.headerTable)), m_traits(traits)
+BillForm::BillForm(Session& ofSession, const BillTraits& traits) : Screen(ofSession, QString::fromLatin1(traits.form)), m_traits(&traits)
 {
-  setCaption(QString::fromUtf16(traits.formCaption));
   buildHeader();
+  turnInto(traits);
 }
 
-BillForm::~BillForm() = default;
-
-void BillForm::buildRest()
+void BillForm::turnInto(const BillTraits& traits)
 {
-  buildMoneyType();
-  buildLines();
-  buildFooter();
-  buildToolbar();
-  buildFileMenu();
-  buildPrintMenu();
+  m_traits = &traits;
+  BillTable = headerTable();
+  setCaption(QString::fromUtf16(traits.formCaption));
+  LabBillName->setCaption(QString::fromUtf16(traits.billName));
 }
 
 void BillForm::Form_Load()
+{
+  loadHeader();
+  fillTemplateMenus();
+}
+
+void BillForm::loadHeader()
 {
   DTPDate->setDate(session.operateDate());
   TxtOperator->setText(session.params.UserName);
@@ -38,7 +39,6 @@ void BillForm::Form_Load()
   FrameMoneyType->setVisible(session.params.IsLotMoney);
   if (!session.params.IsLotMoney)
     TxtMoneyName->setText({});
-  fillTemplateMenus();
 }
 
 void BillForm::loadMoneyNames()
@@ -55,11 +55,11 @@ void BillForm::loadMoneyNames()
 
 void BillForm::frm_Initialize(bool keepScreen)
 {
-  BillTable = QString::fromLatin1(m_traits.headerTable);
+  BillTable = headerTable();
   refreshBillList();
   if (keepScreen)
     return;
-  m_lines->InitLineGrid();
+  InitLineGrid();
   NewBill();
 }
 
@@ -96,8 +96,7 @@ void BillForm::ClearBillFields()
   clearOwnFields();
   TxtMemo->setText({});
   TxtSaleMan->setText({});
-  m_lines->InitLineGrid();
-  LabTotalMoney->setCaption({});
+  InitLineGrid();
   for (Label* label : {LabState, LabAuditing}) {
     label->setCaption({});
     label->setVisible(false);
@@ -108,9 +107,9 @@ void BillForm::ClearBillFields()
 
 void BillForm::SetBillEditable(bool on)
 {
-  static constexpr const char* Targets[] = {"TxtDate",      "DTPDate",        "FrameProvide", "FrameTotal",    "FrameMoneyType",
-                                            "ToolSave",     "ToolDelete",     "ToolRedWord",  "ToolInsertRow", "ToolDeleteRow",
-                                            "ToolAuditing", "ToolUnAuditing", "FSave",        "FDelete"};
+  static constexpr const char* Targets[] = {"TxtDate",        "DTPDate",      "FrameProvide",   "FrameTotal",  "FramePay",
+                                            "FrameMoneyType", "ToolSave",     "ToolDelete",     "ToolRedWord", "ToolInsertRow",
+                                            "ToolDeleteRow",  "ToolAuditing", "ToolUnAuditing", "FSave",       "FDelete"};
   for (const char* name : Targets)
     if (Control* const control = find(QString::fromLatin1(name)))
       control->setEnabled(on);
@@ -129,7 +128,7 @@ void BillForm::RefreshBillControls()
   } else if (!closed && isAudited()) {
     find("ToolUnAuditing")->setEnabled(true);
   }
-  Text2->hide();
+  closeCellEditor();
 }
 
 // Without a bill on screen only a new one, browsing and leaving make sense.
@@ -149,7 +148,7 @@ void BillForm::setBillThere(bool there)
 void BillForm::FillBill(const QString& table, const QString& code)
 {
   BillTable = table;
-  m_lines->InitLineGrid();
+  InitLineGrid();
   TxtDate->setEnabled(false);
   TxtDate->setVisible(false);
   DTPDate->setVisible(true);
@@ -186,16 +185,6 @@ void BillForm::fillHeader(const Recordset& header)
   fillOwnFields(header);
 }
 
-void BillForm::fillLines(const QString& table, const QString& code)
-{
-  Recordset rs = OpenRecordset(session, "select * from " + table + "Inf" + " where " + m_traits.linkColumn + "='" + code + "'");
-  QList<LineGrid::Line> lines;
-  for (; !rs.eof(); rs.moveNext())
-    lines.append({rs.text("AccountantCode"), rs.text("AccountantName"), Currency::ofDouble(rs.number("Moneyy")), rs.text("Remark")});
-  const Currency total = m_lines->showLines(lines);
-  LabTotalMoney->setCaption(FormatDotText(total, session.DotSet.DotMoney));
-}
-
 void BillForm::showAudit()
 {
   LabAuditing->setCaption(isAudited() ? "已审核" : "未审核");
@@ -229,11 +218,6 @@ QString BillForm::billName() const
   return Trim(LabBillName->caption());
 }
 
-QString BillForm::rightFunction() const
-{
-  return billName().chopped(1);
-}
-
 QString BillForm::billCode() const
 {
   return Trim(TxtBillCode->text());
@@ -244,9 +228,14 @@ QString BillForm::dateText() const
   return DateText::shortForm(DTPDate->date());
 }
 
-Currency BillForm::totalMoney() const
+QString BillForm::quotedText(const TextBox& box)
 {
-  return MoneyOf(LabTotalMoney->caption());
+  return quoted(Trim(box.text()));
+}
+
+QStringList BillForm::closingValues() const
+{
+  return {quotedText(*TxtMoneyName), NumberText::ofDouble(NumberText::numericPrefix(TxtMoneyRate->text())), quotedText(*TxtAuditing)};
 }
 
 bool BillForm::mayDo(RightKind kind)
@@ -256,23 +245,13 @@ bool BillForm::mayDo(RightKind kind)
 
 Vouchers::VoucherBill BillForm::voucherBill() const
 {
-  Vouchers::VoucherBill bill{voucherKind(), QString::fromLatin1(m_traits.headerTable), TxtBillCode->text()};
+  Vouchers::VoucherBill bill{voucherKind(), headerTable(), TxtBillCode->text()};
   if (const TextBox* const partner = find<TextBox>("TxtCode"))
     bill.TxtCode = partner->text();
   bill.TxtMoneyName = TxtMoneyName->text();
   bill.TxtMoneyRate = TxtMoneyRate->text();
   bill.isTotalZero = totalMoney().isZero();
   return bill;
-}
-
-QStringList BillForm::accountHeadings() const
-{
-  return {QString::fromUtf16(m_traits.accountCodeHeading), QString::fromUtf16(m_traits.accountNameHeading)};
-}
-
-QString BillForm::layoutKey() const
-{
-  return billName() + "界面";
 }
 
 void BillForm::TxtMoneyName_Change()
@@ -308,5 +287,6 @@ bool BillForm::TxtSaleMan_KeyPress(const Key& key)
 
 void BillForm::ImgSaleMan_Click()
 {
-  CodePicker::pick(session, *this, {"select Code,Name from TabStuff order by code", "TabStuff", "选择业务员", true});
+  CodePicker::pick(session, *this,
+                   {"select Code,Name from TabStuff order by code", "TabStuff", QString::fromUtf16(traits().saleManPickerTitle), true});
 }

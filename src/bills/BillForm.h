@@ -2,35 +2,32 @@
 
 #include "bills/BillList.h"
 #include "bills/BillTraits.h"
-#include "bills/LineGrid.h"
-#include "pickers/AccountReceiver.h"
+#include "platform/Currency.h"
 #include "screen/Controls.h"
 #include "session/OperateRight.h"
 #include "session/Screen.h"
 #include "vouchers/VoucherBill.h"
 
-#include <memory>
-
-// The shape that the bill screens share: one bill at a time, with a header, lines, a total, an audit
-// mark and a state. A bill is one row of a header table and its rows in a line table, and is written
-// anew at every save; there is no transaction, and a statement that fails lets the next one run.
+// The shape that the bill screens share: one bill at a time, with a header, a total, an audit mark
+// and a state. A bill is one row of a header table, for most also its rows in a line table, and is
+// written anew at every save; there is no transaction, and a statement that fails lets the next run.
 //
-// What a form has of its own stands in its BillTraits and in the virtual steps below.
-class BillForm : public Screen, public AccountReceiver, private LineGridHost {
+// What a form has of its own stands in its BillTraits and in the virtual steps below. What only
+// several forms have stands between: LineBillForm (lines), PartnerBillForm (a trading partner),
+// FundBillForm (the balance with him).
+class BillForm : public Screen {
   Q_OBJECT
 
 public:
   BillForm(Session& session, const BillTraits& traits);
-  ~BillForm() override;
 
   void FillBill(const QString& table, const QString& code) override;
   void frm_Initialize(bool keepScreen) override;
-  // The account that `sql` selects goes to the current line.
-  void Txt2ToMSH(const QString& sql) override { m_lines->Txt2ToMSH(sql); }
 
 protected:
   // A check of FSave_Click: true to go on, false after it has shown its refusal.
   using SaveCheck = bool (BillForm::*)();
+  template <typename Bill> static SaveCheck step(bool (Bill::*check)()) { return static_cast<SaveCheck>(check); }
 
   void Form_Load() override;
   void settleAfterRunTimeError() override;
@@ -38,46 +35,76 @@ protected:
   // Steps that a form has of its own.
   // The checks of a save in their order, the numbering of a new bill among them.
   virtual QList<SaveCheck> saveChecks() const = 0;
-  // The values of the header row and of one line's row, in the order of their tables' columns.
+  // The values of the header row, in the order of the table's columns.
   virtual QStringList headerValues() const = 0;
-  virtual QStringList lineValues(int row) const = 0;
+  virtual Currency totalMoney() const = 0;
   // The fields of a stored header row that only this form has.
-  virtual void fillOwnFields(const Recordset& header) { Q_UNUSED(header) }
-  virtual void clearOwnFields() {}
+  virtual void fillOwnFields(const Recordset& header) = 0;
+  virtual void clearOwnFields() = 0;
+  // Where the operator begins to type a bill.
+  virtual Control& firstField() = 0;
+  // The lines: shown from the stored rows, written, emptied.
+  virtual void InitLineGrid() {}
+  virtual void fillLines(const QString& table, const QString& code)
+  {
+    Q_UNUSED(table)
+    Q_UNUSED(code)
+  }
+  virtual void insertLines() {}
+  virtual void closeCellEditor() {}
   // After the bill and its voucher are written.
   virtual void refreshAfterSave() {}
-  // Where the operator begins to type a bill.
-  virtual Control& firstField() { return *TxtSaleMan; }
-  virtual void pickLineAccount(int column) override = 0;
+  // The condition that keeps the month's list to the bills of this screen, led by " and ".
+  virtual QString billListClause() const { return {}; }
   // What the rights call this bill.
-  virtual QString rightFunction() const;
+  virtual QString rightFunction() const { return QString::fromUtf16(traits().rightFunction); }
+  // The kind of bill in the voucher settings, and in the names of its images.
+  virtual QString voucherKind() const { return billName(); }
+  virtual void FJXCAccount_Click();
+  virtual void ShowPartnerInfo() {}
 
   // Checks of a save that several forms have.
-  bool operatorMayEdit();
+  bool operatorMayEdit() { return mayDo(RightKind::Edit); }
   bool dateIsOpen();
   bool totalIsNotZero();
   bool currencyIsGiven();
-  bool hasLines();
-  bool lineAccountsAreLeaves();
   bool numberNewBill();
   bool codeHasPrefix();
   bool codeIsGiven();
   bool voucherIsAllowed();
+  // Looks an account up by its code box, or by its name box if that is blank, and rewrites both. False,
+  // after the refusal, if the chart has no such leaf.
+  bool confirmAccount(TextBox& code, TextBox& name, const QString& refusal);
 
-  // The rest of the controls, once the form has made those at the head of FrameProvide.
-  void buildRest();
+  // Building (BillFormControls.cpp), called by the form in the order of Tab; the form's own fields
+  // come between.
+  void buildSaleManAndMemo();
+  void buildMoneyType();
+  void buildFooter();
+  // A text box in which Enter moves on.
+  TextBox* addEntry(Control* container, const char* name);
+  // The same for an amount: plain digits while it is typed, formatted when it is left.
+  TextBox* addAmount(Control* container, const char* name);
+  ImageButton* addPickButton(Control* container, const char* name, std::function<void()> pick);
+
+  // Loads what Form_Load loads but the template menus.
+  void loadHeader();
+  void fillTemplateMenus();
+  // Makes the form the screen of another bill.
+  void turnInto(const BillTraits& traits);
 
   bool mayDo(RightKind kind);
   QString billCode() const;
   QString dateText() const;
-  Currency totalMoney() const;
   // A text in quotes, as it stands in SQL text: nothing in it is doubled or escaped.
   static QString quoted(const QString& text) { return "'" + text + "'"; }
-  const BillTraits& traits() const { return m_traits; }
-  // The bill's title; layouts, templates and images go by it.
+  const BillTraits& traits() const { return *m_traits; }
+  // The trimmed text of a box, in quotes.
+  static QString quotedText(const TextBox& box);
+  // Columns that end every header row and every line row: currency, rate, auditor.
+  QStringList closingValues() const;
+  // The bill's title; layouts and templates go by it.
   QString billName() const;
-  // The kind of bill in the voucher settings.
-  virtual QString voucherKind() const { return billName(); }
   Vouchers::VoucherBill voucherBill() const;
 
   // Menu and tool buttons.
@@ -85,7 +112,6 @@ protected:
   void FSave_Click();
   void FDelete_Click();
   void FSeeWarrent_Click();
-  void FJXCAccount_Click();
   void ShowVoucher();
   void RequestAudit();
   void RequestUnAudit();
@@ -93,11 +119,10 @@ protected:
   void BrowsePrevious();
   void BrowseNext();
   void ImgSaleMan_Click();
-  void InsertLineRow() { m_lines->InsertLineRow(); }
-  void DeleteLineRow() { m_lines->DeleteLineRow(); }
+  virtual void InsertLineRow() {}
+  virtual void DeleteLineRow() {}
   void popUpPrintMenu() { MPrint->popUp(); }
   void FExit_Click() { close(); }
-  virtual void ShowPartnerInfo() {}
 
   template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
   {
@@ -112,7 +137,6 @@ protected:
   Container* Toolbar1 = nullptr;
   Container* FrameProvide = nullptr;
   Container* FrameMoneyType = nullptr;
-  Container* FrameTotal = nullptr;
   Container* LoadingPic = nullptr;
   Menu* File = nullptr;
   Menu* MPrint = nullptr;
@@ -120,7 +144,6 @@ protected:
   Label* LabBillName = nullptr;
   Label* LabState = nullptr;
   Label* LabAuditing = nullptr;
-  Label* LabTotalMoney = nullptr;
   DatePicker* DTPDate = nullptr;
   TextBox* TxtDate = nullptr;
   TextBox* TxtBillCode = nullptr;
@@ -132,43 +155,32 @@ protected:
   TextBox* TxtMoneyRate = nullptr;
   CheckBox* ChAutoAuditing = nullptr;
   CheckBox* ChAutoAdd = nullptr;
-  Grid* MSH = nullptr;
-  CellEditor* Text2 = nullptr;
 
   QString BillTable;
   bool IsSavedBill = false;
-  std::unique_ptr<LineGrid> m_lines;
 
 private:
-  // Building (BillFormControls.cpp). The order is the order of Tab.
+  // What a button or menu item is there for; a bill without it does without them.
+  enum class Feature { None, Lines, Partner, WriteOff };
+  bool has(Feature feature) const;
   void buildHeader();
-  void buildMoneyType();
-  void buildLines();
-  void buildFooter();
   void buildToolbar();
   void buildFileMenu();
   void buildPrintMenu();
 
-  // LineGridHost
-  bool linesEditable() const override { return FrameProvide->isUsable(); }
-  QStringList accountHeadings() const override;
-  QString layoutKey() const override;
-
   void loadMoneyNames();
-  void fillTemplateMenus();
   void refreshBillList();
-  virtual QString billListClause() const { return {}; }
   void ClearBillFields();
   void SetBillEditable(bool on);
   void RefreshBillControls();
   void setBillThere(bool there);
   void fillHeader(const Recordset& header);
-  void fillLines(const QString& table, const QString& code);
   void showState(const QString& state);
   void showAudit();
   bool isAudited() const;
   bool isVoided() const;
 
+  bool moveOn(const Key& key);
   void TxtMoneyName_Change();
   bool TxtMoneyRate_KeyPress(const Key& key);
   bool TxtSaleMan_KeyPress(const Key& key);
@@ -180,6 +192,7 @@ private:
   void insertRows();
   void markWritten();
   void setLoading(bool loading);
+  void tellSaved() { session.desk.inform(QStringLiteral("保存成功！")); }
 
   // Life of a saved bill (BillLife.cpp)
   bool SetAuditState(bool on);
@@ -188,13 +201,15 @@ private:
   bool isBeforeLastTurn();
   // Code of the bill's voucher, blank if it has none; nothing, after the refusal, if it is posted.
   std::optional<QString> unpostedVoucher();
-  bool hasLineTable() const { return *m_traits.lineTable != 0; }
-  QString lineTable() const;
-  QString lineWhere() const;
+  QString headerTable() const { return QString::fromLatin1(traits().headerTable); }
+  // Runs a statement on the bill's rows in the line table, if it has one: `verb`, the table, `clause`,
+  // and the condition on the bill's code behind it.
+  void onLineRows(const QString& verb, const QString& clause, const QString& code);
+  void dropWriteOffs(const QString& code);
   void browseTo(const std::optional<QString>& code);
-  virtual void clearAfterDelete();
+  void clearAfterDelete();
 
-  const BillTraits& m_traits;
+  const BillTraits* m_traits;
   BillList m_billList; // Adodc1
   bool m_wantVoucher = false;
 };

@@ -1,6 +1,7 @@
 #include "bills/BillForm.h"
 
 #include "ledger/FieldHelp.h"
+#include "ledger/Money.h"
 #include "session/Edition.h"
 
 // The controls of a bill screen. Containers in the order of the screen, so that Tab goes the way the
@@ -9,7 +10,7 @@
 void BillForm::buildHeader()
 {
   Pic = add<Container>(this, "Pic");
-  LabBillName = add<Label>(Pic, "LabBillName", QString::fromUtf16(m_traits.billName));
+  LabBillName = add<Label>(Pic, "LabBillName");
   LabState = add<Label>(Pic, "LabState");
   LabState->setVisible(false);
   LabAuditing = add<Label>(Pic, "LabAuditing");
@@ -17,46 +18,62 @@ void BillForm::buildHeader()
   TxtBillCode = add<TextBox>(Pic, "TxtBillCode");
   TxtBillCode->setEnabled(false);
   DTPDate = add<DatePicker>(Pic, "DTPDate");
+  DTPDate->onKey = [this](const Key& key) { return moveOn(key); };
   TxtDate = add<TextBox>(Pic, "TxtDate");
   TxtDate->setReadOnly(true);
   TxtDate->setTabStop(false);
-  FrameProvide = add<Container>(Pic, "FrameProvide", QString::fromUtf16(m_traits.partnerFrame));
+  FrameProvide = add<Container>(Pic, "FrameProvide", QString::fromUtf16(traits().headFrame));
+}
+
+TextBox* BillForm::addEntry(Control* container, const char* name)
+{
+  TextBox* const box = add<TextBox>(container, name);
+  box->onKey = [this](const Key& key) { return moveOn(key); };
+  return box;
+}
+
+TextBox* BillForm::addAmount(Control* container, const char* name)
+{
+  TextBox* const box = addEntry(container, name);
+  box->onFocusIn = [box] { box->setText(ModFuntion::StripMoneyText(box->text())); };
+  box->onFocusOut = [this, box] { box->setText(ModFuntion::FormatDotText(box->text(), session.DotSet.DotMoney)); };
+  return box;
+}
+
+ImageButton* BillForm::addPickButton(Control* container, const char* name, std::function<void()> pick)
+{
+  ImageButton* const button = add<ImageButton>(container, name, {}, "点击选择");
+  button->onClick = std::move(pick);
+  return button;
+}
+
+bool BillForm::moveOn(const Key& key)
+{
+  if (key.code == Key::Enter)
+    focusNext();
+  return key.code == Key::Enter;
+}
+
+void BillForm::buildSaleManAndMemo()
+{
+  TxtSaleMan = add<TextBox>(FrameProvide, "TxtSaleMan", {}, "输入编号或姓名回车自动调出");
+  TxtSaleMan->onKey = [this](const Key& key) { return TxtSaleMan_KeyPress(key); };
+  addPickButton(FrameProvide, "ImgSaleMan", [this] { ImgSaleMan_Click(); });
+  TxtMemo = addEntry(FrameProvide, "TxtMemo");
 }
 
 void BillForm::buildMoneyType()
 {
-  TxtSaleMan = add<TextBox>(FrameProvide, "TxtSaleMan", {}, "输入编号或姓名回车自动调出");
-  TxtSaleMan->onKey = [this](const Key& key) { return TxtSaleMan_KeyPress(key); };
-  add<ImageButton>(FrameProvide, "ImgSaleMan", {}, "点击选择")->onClick = [this] { ImgSaleMan_Click(); };
-  TxtMemo = add<TextBox>(FrameProvide, "TxtMemo");
-  const auto moveOn = [this](const Key& key) {
-    if (key.code == Key::Enter)
-      focusNext();
-    return key.code == Key::Enter;
-  };
-  TxtMemo->onKey = moveOn;
-  DTPDate->onKey = moveOn;
-
   FrameMoneyType = add<Container>(Pic, "FrameMoneyType");
   TxtMoneyName = add<ComboBox>(FrameMoneyType, "TxtMoneyName");
   TxtMoneyName->setEditable(true);
   TxtMoneyName->setText("人民币");
-  TxtMoneyName->onKey = moveOn;
+  TxtMoneyName->onKey = [this](const Key& key) { return moveOn(key); };
   TxtMoneyName->onChange = [this] { TxtMoneyName_Change(); };
   TxtMoneyName->onClick = [this] { TxtMoneyName_Change(); };
   TxtMoneyRate = add<TextBox>(FrameMoneyType, "TxtMoneyRate");
   TxtMoneyRate->setText("1");
   TxtMoneyRate->onKey = [this](const Key& key) { return TxtMoneyRate_KeyPress(key); };
-}
-
-void BillForm::buildLines()
-{
-  add<Label>(Pic, "LabAttention", QString::fromUtf16(m_traits.attention));
-  MSH = add<Grid>(Pic, "MSH");
-  Text2 = new CellEditor(Pic, *MSH);
-  FrameTotal = add<Container>(Pic, "FrameTotal", "合计信息");
-  LabTotalMoney = add<Label>(FrameTotal, "LabTotalMoney");
-  m_lines.reset(new LineGrid(session, *this, *MSH, *Text2, *LabTotalMoney));
 }
 
 void BillForm::buildFooter()
@@ -74,15 +91,29 @@ void BillForm::buildFooter()
   add<Label>(LoadingPic, "LabLoading", "数据读写中,请稍等.....");
   add<ScrollBar>(this, "VS");
   add<ScrollBar>(this, "HS");
+  buildToolbar();
+  buildFileMenu();
+  buildPrintMenu();
+}
+
+bool BillForm::has(Feature feature) const
+{
+  switch (feature) {
+  case Feature::Lines: return traits().lines;
+  case Feature::Partner: return traits().partner;
+  case Feature::WriteOff: return traits().isWrittenOff;
+  default: return true;
+  }
 }
 
 void BillForm::buildToolbar()
 {
   struct Tool {
-    const char* key;
+    const char* key; // null for the partner's button, which each bill calls its own
     const char* caption;
     void (BillForm::*press)(); // null until what it opens is there
     const char* tip = "";
+    Feature needs = Feature::None;
   };
   static constexpr Tool Tools[] = {
       {"ToolBuild", "新建", &BillForm::NewBill},
@@ -90,13 +121,13 @@ void BillForm::buildToolbar()
       {"ToolAuditing", "审核", &BillForm::RequestAudit},
       {"ToolUnAuditing", "反审核", &BillForm::RequestUnAudit},
       {"ToolDelete", "删除", &BillForm::FDelete_Click, "删除单据"},
-      {"ToolInsertRow", "插入行", &BillForm::InsertLineRow},
-      {"ToolDeleteRow", "删除行", &BillForm::DeleteLineRow},
+      {"ToolInsertRow", "插入行", &BillForm::InsertLineRow, "", Feature::Lines},
+      {"ToolDeleteRow", "删除行", &BillForm::DeleteLineRow, "", Feature::Lines},
       {"ToolRedWord", "作废", &BillForm::VoidBill},
       {"ToolSeeWarrent", "凭证", &BillForm::ShowVoucher},
-      {"ToolHX", "核销", nullptr},
+      {"ToolHX", "核销", nullptr, "", Feature::WriteOff},
       {"ToolPrint", "打印", &BillForm::popUpPrintMenu},
-      {"ToolProvideInf", "资料", &BillForm::ShowPartnerInfo, "供应商基础资料"},
+      {nullptr, "资料", &BillForm::ShowPartnerInfo, "", Feature::Partner},
       {"ToolImg", "图文", nullptr},
       {"ToolBefore", "前单", &BillForm::BrowsePrevious},
       {"ToolBack", "后单", &BillForm::BrowseNext},
@@ -104,7 +135,11 @@ void BillForm::buildToolbar()
   };
   Toolbar1 = add<Container>(this, "Toolbar1");
   for (const Tool& tool : Tools) {
-    ToolButton* const button = add<ToolButton>(Toolbar1, tool.key, tool.caption, tool.tip);
+    if (!has(tool.needs))
+      continue;
+    ToolButton* const button =
+        tool.key ? add<ToolButton>(Toolbar1, tool.key, tool.caption, tool.tip)
+                 : add<ToolButton>(Toolbar1, traits().partner->infoTool, tool.caption, QString::fromUtf16(traits().partner->infoToolTip));
     if (tool.press)
       button->onClick = [this, press = tool.press] { (this->*press)(); };
   }
@@ -118,6 +153,7 @@ void BillForm::buildFileMenu()
     const char* name;
     const char* caption;
     void (BillForm::*press)();
+    Feature needs = Feature::None;
   };
   static constexpr Item Items[] = {
       {"FBuild", "新建", &BillForm::NewBill},
@@ -125,14 +161,16 @@ void BillForm::buildFileMenu()
       {"FDelete", "删除单据", &BillForm::FDelete_Click},
       {"FSeeWarrent", "查看凭证", &BillForm::FSeeWarrent_Click},
       {"FJXCAccount", "自动生成会计凭证对应科目设置", &BillForm::FJXCAccount_Click},
-      {"FMSHFormat", "界面列表格式设置", nullptr},
-      {"FDeleteMSHFormat", "删除界面列表格式", nullptr},
+      {"FMSHFormat", "界面列表格式设置", nullptr, Feature::Lines},
+      {"FDeleteMSHFormat", "删除界面列表格式", nullptr, Feature::Lines},
       {"FPrintSet", "打印设置", nullptr},
       {"FExcle", "导出至Excel文件...", nullptr},
       {"FExit", "退出", &BillForm::FExit_Click},
   };
   File = add<Menu>(this, "File", "文件(&F)");
   for (const Item& item : Items) {
+    if (!has(item.needs))
+      continue;
     if (QLatin1String(item.name) == QLatin1String("FExcle")) {
       Menu* const exports = add<Menu>(File, item.name, item.caption);
       add<MenuItem>(exports, "FExcle_PT", "普通格式");

@@ -43,28 +43,17 @@ bool BillForm::SetAuditState(bool on)
     return false;
   const QString auditor = on ? session.params.UserName : QString();
   const QString set = "  set Auditing='" + auditor + "' ";
-  OpenRecordset(session, "update " + QString(m_traits.headerTable) + set + " where Code='" + billCode() + "' ");
-  if (hasLineTable())
-    OpenRecordset(session, "update " + lineTable() + set + lineWhere() + " ");
+  OpenRecordset(session, "update " + headerTable() + set + " where Code='" + billCode() + "' ");
+  onLineRows("update ", set + " where ", billCode());
   TxtAuditing->setText(auditor);
   LabAuditing->setCaption(on ? "已审核" : "未审核");
   LabAuditing->setVisible(true);
   return true;
 }
 
-QString BillForm::lineTable() const
-{
-  return QString::fromLatin1(m_traits.lineTable);
-}
-
-QString BillForm::lineWhere() const
-{
-  return QString(" where ") + m_traits.linkColumn + "='" + billCode() + "'";
-}
-
 void BillForm::VoidBill()
 {
-  if (m_traits.asksRightAtVoid && !mayDo(RightKind::Edit))
+  if (traits().asksRightAtVoid && !mayDo(RightKind::Edit))
     return;
   if (isBeforeLastTurn())
     return;
@@ -108,14 +97,13 @@ std::optional<QString> BillForm::unpostedVoucher()
 void BillForm::MarkBillVoided()
 {
   if (!isStored()) {
-    session.desk.inform(QString::fromUtf16(m_traits.missingAtVoid));
+    session.desk.inform(QString::fromUtf16(traits().missingAtVoid));
     return;
   }
   const QString code = billCode();
-  OpenRecordset(session, "update  " + QString(m_traits.headerTable) + " set " + "State='作废' " + "where Code='" + code + "'");
-  if (hasLineTable())
-    OpenRecordset(session, "update " + lineTable() + " set " + "State='作废' " + lineWhere() + " ");
-  FillBill(m_traits.headerTable, code);
+  OpenRecordset(session, "update  " + headerTable() + " set " + "State='作废' " + "where Code='" + code + "'");
+  onLineRows("update ", " set State='作废'  where ", code);
+  FillBill(headerTable(), code);
   session.desk.inform(QStringLiteral("作废成功！"));
 }
 
@@ -131,11 +119,9 @@ void BillForm::FDelete_Click()
   if (!session.desk.confirm("删除当前单据吗？", Desk::Icon::Information))
     return;
   Vouchers::DeleteVoucher(session, code);
-  if (m_traits.dropsWriteOffs)
-    OpenRecordset(session, "delete from TabSFKHeXiao where  SFKBillCode='" + code + "'");
-  if (hasLineTable())
-    OpenRecordset(session, "delete from " + lineTable() + lineWhere());
-  OpenRecordset(session, "delete from " + QString(m_traits.headerTable) + " where  Code='" + code + "'");
+  dropWriteOffs(code);
+  onLineRows("delete from ", " where ", code);
+  OpenRecordset(session, "delete from " + headerTable() + " where  Code='" + code + "'");
   DeleteBillImages(session, code, voucherKind());
   session.desk.inform(QStringLiteral("单据已删除！"));
   clearAfterDelete();
@@ -143,8 +129,12 @@ void BillForm::FDelete_Click()
 
 void BillForm::clearAfterDelete()
 {
-  m_lines->InitLineGrid();
-  NewBill();
+  InitLineGrid();
+  if (traits().blankAfterDelete.empty())
+    return NewBill();
+  // The screen stays that of a saved bill: the operator has to ask for a new one.
+  for (const char* name : traits().blankAfterDelete)
+    find<TextBox>(QString::fromLatin1(name))->setText({});
 }
 
 void BillForm::BrowsePrevious()

@@ -28,21 +28,19 @@ void BillForm::FSave_Click()
     Vouchers::DeleteVoucher(session, billCode());
   refreshAfterSave();
   setLoading(false);
-  session.desk.inform(QStringLiteral("保存成功！"));
+  if (!traits().tellsSavedLast)
+    tellSaved();
   refreshBillList();
   if (ChAutoAdd->isChecked())
     NewBill();
+  if (traits().tellsSavedLast)
+    tellSaved();
 }
 
 void BillForm::setLoading(bool loading)
 {
   session.desk.setBusy(loading);
   LoadingPic->setVisible(loading);
-}
-
-bool BillForm::operatorMayEdit()
-{
-  return mayDo(RightKind::Edit);
 }
 
 bool BillForm::dateIsOpen()
@@ -73,26 +71,17 @@ bool BillForm::currencyIsGiven()
   return false;
 }
 
-bool BillForm::hasLines()
+bool BillForm::confirmAccount(TextBox& code, TextBox& name, const QString& refusal)
 {
-  if (MSH->rows() >= 3)
-    return true;
-  session.desk.inform(QString::fromUtf16(m_traits.noLines));
-  return false;
-}
-
-bool BillForm::lineAccountsAreLeaves()
-{
-  for (int row = 1; row <= m_lines->lineCount(); ++row) {
-    const auto account = CheckLeafRecord(session, m_lines->text(row, LineGrid::AccountCode), "TabAccountantType", "Code");
-    if (!account) {
-      session.desk.inform(QString::fromUtf16(m_traits.wrongLineAccount) + MSH->text(row, LineGrid::AccountName) +
-                          "  的名称不正确（原因：名称不存在或不是处于目录末级），" + "请重新输入！");
-      return false;
-    }
-    // Only the code is looked up; a right code with a wrong name is mended without a word.
-    m_lines->setAccount(row, account->Code, account->Name);
+  const QString typed = Trim(code.text());
+  const auto account = typed.isEmpty() ? CheckLeafRecord(session, Trim(name.text()), "TabAccountantType", "Name")
+                                       : CheckLeafRecord(session, typed, "TabAccountantType", "Code");
+  if (!account) {
+    session.desk.inform(refusal);
+    return false;
   }
+  code.setText(account->Code);
+  name.setText(account->Name);
   return true;
 }
 
@@ -101,13 +90,13 @@ bool BillForm::numberNewBill()
   if (IsSavedBill)
     return true;
   TxtDate->setText(dateText());
-  TxtBillCode->setText(GetNextBillCode(session, m_traits.prefix, m_traits.headerTable));
+  TxtBillCode->setText(GetNextBillCode(session, traits().prefix, headerTable()));
   return true;
 }
 
 bool BillForm::codeHasPrefix()
 {
-  const QString prefix = QString::fromLatin1(m_traits.prefix);
+  const QString prefix = QString::fromLatin1(traits().prefix);
   if (billCode().startsWith(prefix))
     return true;
   session.desk.inform("单据编号前三位必须为 " + prefix + " ！");
@@ -135,7 +124,7 @@ void BillForm::WriteBill()
     return;
   // A row stands here only if the fresh code of a new bill is taken already.
   if (isStored()) {
-    session.desk.inform(QString::fromUtf16(m_traits.duplicateCode));
+    session.desk.inform(QString::fromUtf16(traits().duplicateCode));
     session.desk.setBusy(false);
     return;
   }
@@ -145,7 +134,7 @@ void BillForm::WriteBill()
 
 bool BillForm::isStored()
 {
-  return !OpenRecordset(session, "select Code from " + QString(m_traits.headerTable) + " where Code='" + billCode() + "'").eof();
+  return !OpenRecordset(session, "select Code from " + headerTable() + " where Code='" + billCode() + "'").eof();
 }
 
 // Takes the stored bill away after asking; its write-off links go without a word.
@@ -155,20 +144,30 @@ bool BillForm::replaceStored()
     session.desk.inform(QStringLiteral("修改单据失败！"));
     return false;
   }
-  OpenRecordset(session, "delete from " + QString(m_traits.headerTable) + "  where Code='" + billCode() + "'");
-  if (hasLineTable())
-    OpenRecordset(session, "delete from " + lineTable() + "  where " + m_traits.linkColumn + "='" + billCode() + "'");
-  if (m_traits.dropsWriteOffs)
-    OpenRecordset(session, "delete from TabSFKHeXiao where  SFKBillCode='" + billCode() + "'");
+  const QString code = billCode();
+  OpenRecordset(session, "delete from " + headerTable() + "  where Code='" + code + "'");
+  onLineRows("delete from ", "  where ", code);
+  dropWriteOffs(code);
   return true;
+}
+
+void BillForm::onLineRows(const QString& verb, const QString& clause, const QString& code)
+{
+  if (const LineTraits* const lines = traits().lines)
+    OpenRecordset(session, verb + lines->table + clause + lines->linkColumn + "='" + code + "'");
+}
+
+void BillForm::dropWriteOffs(const QString& code)
+{
+  if (traits().isWrittenOff)
+    OpenRecordset(session, "delete from TabSFKHeXiao where  SFKBillCode='" + code + "'");
 }
 
 void BillForm::insertRows()
 {
-  OpenRecordset(session, "insert into  " + QString(m_traits.headerTable) + " values(" + headerValues().join(',') + ")");
+  OpenRecordset(session, "insert into  " + headerTable() + " values(" + headerValues().join(',') + ")");
   TxtOperator->setText(session.params.UserName);
-  for (int row = 1; hasLineTable() && row <= m_lines->lineCount(); ++row)
-    OpenRecordset(session, "insert into " + lineTable() + " values(" + lineValues(row).join(',') + ")");
+  insertLines();
 }
 
 void BillForm::markWritten()

@@ -1,22 +1,202 @@
 #include "bills/BillTraits.h"
 
-const BillTraits PaymentTraits{
+namespace {
+
+// Cash and bank. Without brackets: the picker's own condition, added behind, holds for the last part only.
+constexpr const char16_t* CashBankFilter = u"  where Code = '1' or    Code  ='1001' or Code= '1002' "
+                                           u" or ParentCode like '1001%' or ParentCode like '1002%'";
+constexpr const char16_t* FeeAccountFilter = u"  where Code like  '5%'  or Code like  '6%'  ";
+
+constexpr LineTraits PaymentLines{
+    .table = "TabPayfundBillInf",
+    .linkColumn = "BillCode",
+    .accountCodeColumn = "AccountantCode",
+    .accountNameColumn = "AccountantName",
+    .accountCodeHeading = u"付款账户编号",
+    .accountNameHeading = u"付款账户名称",
+    .attention = u"注意：在列表中输入数据后击回车键确定！在付款帐户编号列双击可直接选择。",
+    .accountFilter = CashBankFilter,
+    .accountPickerTitle = u"",
+    .accountPickerTarget = u"",
+    .noLines = u"没有付款数据输入！",
+    .wrongAccount = u"付款账户为  ",
+};
+
+constexpr LineTraits ReceiptLines{
+    .table = "TabGathefundBillInf",
+    .linkColumn = "BillCode",
+    .accountCodeColumn = "AccountantCode",
+    .accountNameColumn = "AccountantName",
+    .accountCodeHeading = u"收款账户编号",
+    .accountNameHeading = u"收款账户名称",
+    .attention = u"注意：在列表中输入数据后击回车键确定！在收款帐户编号列双击可直接选择。",
+    .accountFilter = CashBankFilter,
+    .accountPickerTitle = u"",
+    .accountPickerTarget = u"",
+    .noLines = u"没有收款数据输入！",
+    .wrongAccount = u"收款账户为  ",
+};
+
+constexpr LineTraits feeLines(const char* table, const char16_t* codeHeading, const char16_t* nameHeading)
+{
+  return {
+      .table = table,
+      .linkColumn = "Code",
+      .accountCodeColumn = "AccountCode",
+      .accountNameColumn = "AccountName",
+      .accountCodeHeading = codeHeading,
+      .accountNameHeading = nameHeading,
+      .attention = u"注意：在列表中输入数据后击回车键确定！在科目编号或科目名称列双击可直接选择。",
+      .accountFilter = FeeAccountFilter,
+      // Expenses too: the classes offered are those of both.
+      .accountPickerTitle = u"收入科目",
+      .accountPickerTarget = u"Text2",
+      .noLines = u"没有数据输入！",
+      .wrongAccount = u"科目  ",
+  };
+}
+
+constexpr LineTraits ExpenseLines = feeLines("TabFeeInf", u"费用科目编号", u"费用科目名称");
+constexpr LineTraits OtherIncomeLines = feeLines("TabElseIncomeInf", u"收入科目编号", u"收入科目名称");
+
+constexpr LineTraits FeeOffsetLines{
+    .table = "TabSustainInf",
+    .linkColumn = "Code",
+    .accountCodeColumn = "AccountantCode",
+    .accountNameColumn = "AccountantName",
+    .accountCodeHeading = u"抵冲账户编号",
+    .accountNameHeading = u"抵冲账户名称",
+    .attention = u"注意：在列表中输入数据后击回车键确定！在帐户编号或帐户名称列双击可直接选择。",
+    .accountFilter = FeeAccountFilter,
+    .accountPickerTitle = u"费用科目",
+    .accountPickerTarget = u"",
+    .noLines = u"没有数据输入！",
+    .wrongAccount = u"抵冲账户为  ",
+};
+
+constexpr PartnerTraits PaymentPartner{
+    .unknown = u"往来单位名称在设置中不存在，请重新选择！",
+    .pickerSql = u"select Code,Name from TabClient order by code",
+    .pickerTitle = u"选择往来单位",
+    .infoTool = "ToolProvideInf",
+    .infoToolTip = u"供应商基础资料",
+};
+
+constexpr PartnerTraits ReceiptPartner{
+    .unknown = u"往来单位名称在设置中不存在，请重新选择！",
+    .pickerSql = u"select Code,Name from TabClient order by code",
+    .pickerTitle = u"选择客户",
+    .infoTool = "ToolClientInf",
+    .infoToolTip = u"",
+};
+
+constexpr PartnerTraits FeeOffsetPartner{
+    .unknown = u"抵冲单位名称在往来单位名称中不存在，请检查！",
+    .pickerSql = u"select Code,Name from TabClient  ",
+    .pickerTitle = u"选择客户",
+    .infoTool = "ToolProvideClientInf",
+    .infoToolTip = u"供应商或客户基础资料",
+};
+
+constexpr const char* BankBlanks[] = {"TxtBillCode",     "TxtAccountCodeR", "TxtAccountNameR", "TxtAccountCodeC",
+                                      "TxtAccountNameC", "TxtOperator",     "TxtMemo",         "TxtMoney"};
+constexpr const char* FeeBlanks[] = {"TxtBillCode",     "TxtCashAccouCode", "TxtCashAccouName", "TxtCash", "TxtTransferCode",
+                                     "TxtTransferName", "TxtTransfer",      "TxtOperator",      "TxtMemo"};
+constexpr const char* FeeOffsetBlanks[] = {"TxtBillCode", "TxtCode", "TxtName", "TxtOperator", "TxtMemo"};
+
+} // namespace
+
+constexpr BillTraits PaymentTraits{
     .form = "frmPayfund",
     .billName = u"付款单",
     .formCaption = u"付款单",
     .headerTable = "TabPayfundBill",
-    .lineTable = "TabPayfundBillInf",
-    .linkColumn = "BillCode",
     .prefix = "FKD",
+    .rightFunction = u"付款",
     .billType = u"付款",
-    .partnerFrame = u"供应商信息",
-    .attention = u"注意：在列表中输入数据后击回车键确定！在付款帐户编号列双击可直接选择。",
-    .accountCodeHeading = u"付款账户编号",
-    .accountNameHeading = u"付款账户名称",
-    .noLines = u"没有付款数据输入！",
-    .wrongLineAccount = u"付款账户为  ",
+    .headFrame = u"供应商信息",
+    .lines = &PaymentLines,
+    .partner = &PaymentPartner,
     .duplicateCode = u"付款单编号重复，请修改！",
     .missingAtVoid = u"付款单编号不存在，作废失败！",
-    .asksRightAtVoid = true,
-    .dropsWriteOffs = true,
+    .isWrittenOff = true,
+};
+
+constexpr BillTraits ReceiptTraits{
+    .form = "frmGathefund",
+    .billName = u"收款单",
+    .formCaption = u"收款单",
+    .headerTable = "TabGathefundBill",
+    .prefix = "SKD",
+    .rightFunction = u"收款",
+    .billType = u"收款",
+    .headFrame = u"客户信息",
+    .lines = &ReceiptLines,
+    .partner = &ReceiptPartner,
+    .duplicateCode = u"收款单编号重复，请修改！",
+    .missingAtVoid = u"收款单编号不存在，作废失败！",
+    .isWrittenOff = true,
+};
+
+constexpr BillTraits BankTraits{
+    .form = "frmBankKeepTake",
+    .billName = u"银行存取款单",
+    .formCaption = u"银行存取款单",
+    .headerTable = "TabKeepTake",
+    .prefix = "CQD",
+    .rightFunction = u"银行存取",
+    .billType = u"", // the mode, worked out at each save
+    .headFrame = u"银行存取款信息",
+    .duplicateCode = u"单编号重复，请修改！",
+    .missingAtVoid = u"单编号不存在，作废失败！",
+    .blankAfterDelete = BankBlanks,
+};
+
+constexpr BillTraits ExpenseTraits{
+    .form = "frmFeeElseIncome",
+    .billName = u"费用开支单",
+    .formCaption = u"费用开支",
+    .headerTable = "TabFee",
+    .prefix = "FYD",
+    .rightFunction = u"费用开支",
+    .billType = u"费用开支",
+    .headFrame = u"单据信息",
+    .lines = &ExpenseLines,
+    .duplicateCode = u"单据编号重复，请修改！",
+    .missingAtVoid = u"单据编号不存在，作废失败！",
+    .blankAfterDelete = FeeBlanks,
+};
+
+constexpr BillTraits OtherIncomeTraits{
+    .form = "frmFeeElseIncome",
+    .billName = u"其他收入单",
+    .formCaption = u"其他收入",
+    .headerTable = "TabElseIncome",
+    .prefix = "QSD",
+    .rightFunction = u"其他收入",
+    .billType = u"其他收入",
+    .headFrame = u"单据信息",
+    .lines = &OtherIncomeLines,
+    .duplicateCode = u"单据编号重复，请修改！",
+    .missingAtVoid = u"单据编号不存在，作废失败！",
+    .blankAfterDelete = FeeBlanks,
+};
+
+constexpr BillTraits FeeOffsetTraits{
+    .form = "frmFeeSustain",
+    .billName = u"费用抵冲单",
+    .formCaption = u"费用抵冲",
+    .headerTable = "TabSustain",
+    .prefix = "DCD",
+    .rightFunction = u"", // the mode
+    .billType = u"费用抵冲",
+    .headFrame = u"抵冲单位信息",
+    .saleManPickerTitle = u"选择制单人",
+    .lines = &FeeOffsetLines,
+    .partner = &FeeOffsetPartner,
+    .duplicateCode = u"费用抵冲单编号重复，请修改！",
+    .missingAtVoid = u"费用抵冲单编号不存在，作废失败！",
+    .asksRightAtVoid = false,
+    .tellsSavedLast = true,
+    .blankAfterDelete = FeeOffsetBlanks,
 };

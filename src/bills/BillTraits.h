@@ -1,31 +1,66 @@
 #pragma once
 
+#include <span>
+
 // What differs between the bill screens, one row a bill. A routine that all bills share reads its
 // texts and tables here; what is more than a text is an overridden step of the bill's own form.
+
+// Of a bill with lines.
+struct LineTraits {
+  const char* table;
+  const char* linkColumn; // holds the bill's code
+  const char* accountCodeColumn;
+  const char* accountNameColumn;
+  const char16_t* accountCodeHeading;
+  const char16_t* accountNameHeading;
+  const char16_t* attention; // caption of LabAttention
+
+  // What the tree picker offers for a line, its title and where its choice goes.
+  const char16_t* accountFilter;
+  const char16_t* accountPickerTitle;
+  const char16_t* accountPickerTarget;
+
+  // Refusals of a save.
+  const char16_t* noLines;
+  const char16_t* wrongAccount; // led by this, then the account's name
+};
+
+// Of a bill with a trading partner.
+struct PartnerTraits {
+  const char16_t* unknown; // refusal of a name that is no partner's
+  const char16_t* pickerSql;
+  const char16_t* pickerTitle;
+  const char* infoTool; // the button that opens the partner's own record
+  const char16_t* infoToolTip;
+};
+
 struct BillTraits {
   const char* form;
   const char16_t* billName; // designed caption of LabBillName
   const char16_t* formCaption;
   const char* headerTable;
-  const char* lineTable;    // empty for a bill without lines
-  const char* linkColumn;   // column of the line table that holds the bill's code
-  const char* prefix;       // of the bill's code
-  const char16_t* billType; // what column BillType says
+  const char* prefix; // of the bill's code
+  const char16_t* rightFunction;
+  const char16_t* billType;  // what column BillType says
+  const char16_t* headFrame; // caption of FrameProvide
+  const char16_t* saleManPickerTitle = u"选择业务员";
+  const LineTraits* lines = nullptr;
+  const PartnerTraits* partner = nullptr;
 
-  const char16_t* partnerFrame; // caption of FrameProvide
-  const char16_t* attention;    // caption of LabAttention
-  const char16_t* accountCodeHeading;
-  const char16_t* accountNameHeading;
-
-  // Refusals and questions at save.
-  const char16_t* noLines;
-  const char16_t* wrongLineAccount; // led by this, then the account's name
   const char16_t* duplicateCode;
-
-  // Void and delete.
   const char16_t* missingAtVoid;
-  bool asksRightAtVoid;
-  bool dropsWriteOffs; // edits and deletes of the bill drop its write-off links
+  bool asksRightAtVoid = true;
+  // Edits and deletes of the bill drop its write-off links.
+  bool isWrittenOff = false;
+  // The screen is ready for the next bill before the operator hears that this one is saved.
+  bool tellsSavedLast = false;
+  // Fields that a delete leaves blank; a bill without any starts a new one instead.
+  std::span<const char* const> blankAfterDelete = {};
 };
 
 extern const BillTraits PaymentTraits;
+extern const BillTraits ReceiptTraits;
+extern const BillTraits BankTraits;
+extern const BillTraits ExpenseTraits;
+extern const BillTraits OtherIncomeTraits;
+extern const BillTraits FeeOffsetTraits;

@@ -25,7 +25,7 @@ LineGrid::LineGrid(Session& session, LineGridHost& host, Grid& grid, CellEditor&
   m_editor.onChange = [this] { editorChanged(); };
   m_editor.onDoubleClick = [this] {
     if (m_grid.col() == AccountCode || m_grid.col() == AccountName)
-      m_host.pickLineAccount(m_grid.col());
+      m_host.pickLineAccount();
   };
 }
 
@@ -150,7 +150,7 @@ void LineGrid::Txt2ToMSH(const QString& sql)
   if (col == AccountCode || col == AccountName) {
     const Recordset rs = OpenRecordset(m_session, sql);
     if (rs.eof())
-      m_host.pickLineAccount(col);
+      m_host.pickLineAccount();
     else
       setAccount(row, rs.text("Code"), rs.text("Name"));
   } else if (col == Amount) {

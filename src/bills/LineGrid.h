@@ -20,7 +20,7 @@ public:
   // Name under which a layout of this grid is stored.
   virtual QString layoutKey() const = 0;
   // Lets the operator pick an account for the current row; the picker answers through Txt2ToMSH.
-  virtual void pickLineAccount(int column) = 0;
+  virtual void pickLineAccount() = 0;
 };
 
 // The lines of a bill, entered in the grid MSH through the floating Text2: keyboard first, a blank

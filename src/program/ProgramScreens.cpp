@@ -1,5 +1,9 @@
 #include "program/ProgramScreens.h"
 
+#include "bills/frmBankKeepTake.h"
+#include "bills/frmFeeElseIncome.h"
+#include "bills/frmFeeSustain.h"
+#include "bills/frmGathefund.h"
 #include "bills/frmPayfund.h"
 
 namespace {
@@ -16,7 +20,9 @@ struct Maker {
 
 // The entry names the screens; here they get their forms.
 constexpr Maker Makers[] = {
-    {"frmPayfund", make<frmPayfund>},
+    {"frmPayfund", make<frmPayfund>},           {"frmGathefund", make<frmGathefund>},
+    {"frmBankKeepTake", make<frmBankKeepTake>}, {"frmFeeElseIncome", make<frmFeeElseIncome>},
+    {"frmFeeSustain", make<frmFeeSustain>},
 };
 
 } // namespace

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "bills/BillForm.h"
+#include "bills/LineGrid.h"
+#include "pickers/AccountReceiver.h"
+
+#include <memory>
+
+// A bill with lines: an account, an amount and a remark each, typed in the grid MSH. What a line's
+// account may be and where its rows are stored stands in the bill's LineTraits.
+class LineBillForm : public BillForm, public AccountReceiver, private LineGridHost {
+  Q_OBJECT
+
+public:
+  using BillForm::BillForm;
+
+  // The account that `sql` selects goes to the current line.
+  void Txt2ToMSH(const QString& sql) override { m_lines->Txt2ToMSH(sql); }
+
+protected:
+  void buildLines();
+
+  void InitLineGrid() override { m_lines->InitLineGrid(); }
+  void fillLines(const QString& table, const QString& code) override;
+  void insertLines() override;
+  void clearOwnFields() override { LabTotalMoney->setCaption({}); }
+  void closeCellEditor() override { Text2->hide(); }
+  void InsertLineRow() override { m_lines->InsertLineRow(); }
+  void DeleteLineRow() override { m_lines->DeleteLineRow(); }
+  Currency totalMoney() const override;
+
+  // The partner's columns of a line's row.
+  virtual QStringList linePartnerValues() const { return {}; }
+  // Called for each stored line that is shown.
+  virtual void fillFromLine(const Recordset& line) { Q_UNUSED(line) }
+
+  bool hasLines();
+  bool lineAccountsAreLeaves();
+  bool noLineIsNegative();
+
+  Container* FrameTotal = nullptr;
+  Label* LabTotalMoney = nullptr;
+  Grid* MSH = nullptr;
+  CellEditor* Text2 = nullptr;
+
+private:
+  bool linesEditable() const override { return FrameProvide->isUsable(); }
+  QStringList accountHeadings() const override;
+  QString layoutKey() const override { return billName() + "界面"; }
+  void pickLineAccount() override;
+  QStringList lineValues(int row) const;
+
+  std::unique_ptr<LineGrid> m_lines;
+};

@@ -1,0 +1,87 @@
+#include "bills/PartnerBillForm.h"
+
+#include "pickers/CodePicker.h"
+#include "platform/Trim.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
+
+void PartnerBillForm::buildPartner()
+{
+  TxtCode = add<TextBox>(FrameProvide, "TxtCode");
+  TxtCode->setReadOnly(true);
+  TxtCode->setTabStop(false);
+  TxtName = add<TextBox>(FrameProvide, "TxtName", {}, "输入编号或名称回车自动调出");
+  TxtName->onKey = [this](const Key& key) { return TxtName_KeyPress(key); };
+  addPickButton(FrameProvide, "ImgName", [this] { ImgName_Click(); });
+}
+
+void PartnerBillForm::fillOwnFields(const Recordset& header)
+{
+  TxtCode->setText(header.text("UnitCode"));
+  TxtName->setText(header.text("UnitName"));
+}
+
+void PartnerBillForm::clearOwnFields()
+{
+  LineBillForm::clearOwnFields();
+  TxtCode->setText({});
+  TxtName->setText({});
+}
+
+bool PartnerBillForm::partnerIsNamed()
+{
+  if (!Trim(TxtName->text()).isEmpty())
+    return true;
+  session.desk.inform(QStringLiteral("单位名称不能为空！"));
+  return false;
+}
+
+// The name decides, and overwrites the code; of two partners of one name the first counts.
+bool PartnerBillForm::partnerIsKnown()
+{
+  const Recordset rs = OpenRecordset(session, "select * from TabClient where Name='" + Trim(TxtName->text()) + "'");
+  if (rs.eof()) {
+    session.desk.inform(QString::fromUtf16(traits().partner->unknown));
+    return false;
+  }
+  TxtName->setText(rs.text("Name"));
+  TxtCode->setText(rs.text("Code"));
+  return true;
+}
+
+bool PartnerBillForm::TxtName_KeyPress(const Key& key)
+{
+  const QString text = Trim(TxtName->text());
+  if (key.code != Key::Enter || text.isEmpty())
+    return false;
+  const Recordset rs =
+      OpenRecordset(session, partnerColumns() + " where Code like '" + text + "%' " + " or Name like '" + text + "%'  " + " order by code");
+  if (rs.recordCount() == 1) {
+    TxtCode->setText(rs.text("Code"));
+    TxtName->setText(rs.text("Name"));
+    if (partnerBringsSaleMan())
+      TxtSaleMan->setText(rs.text("SaleMan"));
+    focusNext();
+  } else {
+    TxtCode->setText({});
+    TxtName->setText({});
+    ImgName_Click();
+  }
+  return true;
+}
+
+void PartnerBillForm::ImgName_Click()
+{
+  const PartnerTraits& partner = *traits().partner;
+  CodePicker::pick(session, *this, {QString::fromUtf16(partner.pickerSql), "TabClient", QString::fromUtf16(partner.pickerTitle), true});
+}
+
+void PartnerBillForm::ShowPartnerInfo()
+{
+  if (Trim(TxtCode->text()).isEmpty()) {
+    session.desk.inform(noPartnerMessage());
+    return;
+  }
+  if (CheckOperateRight(session, session.params.UserName, "往来单位信息录入", RightKind::Read))
+    Mod_ZORVEKMain::RunSiblingProgram(session, "往来单位资料", {"往来单位信息录入", billName(), Trim(TxtCode->text())});
+}

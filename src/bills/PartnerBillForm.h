@@ -1,0 +1,36 @@
+#pragma once
+
+#include "bills/LineBillForm.h"
+
+// A bill with a trading partner, found by typing a part of his code or name or in the code picker.
+class PartnerBillForm : public LineBillForm {
+  Q_OBJECT
+
+public:
+  using LineBillForm::LineBillForm;
+
+protected:
+  // TxtCode, TxtName and their picture button.
+  void buildPartner();
+
+  void fillOwnFields(const Recordset& header) override;
+  void clearOwnFields() override;
+  QStringList linePartnerValues() const override { return {quotedText(*TxtCode), quotedText(*TxtName)}; }
+  Control& firstField() override { return *TxtName; }
+  void ShowPartnerInfo() override;
+
+  // The columns that are looked up for a partner typed in, and what is missing in ShowPartnerInfo.
+  virtual QString partnerColumns() const { return QStringLiteral("select Code,Name,SaleMan from TabClient "); }
+  virtual bool partnerBringsSaleMan() const { return true; }
+  virtual QString noPartnerMessage() const = 0;
+
+  bool partnerIsNamed();
+  bool partnerIsKnown();
+
+  TextBox* TxtCode = nullptr;
+  TextBox* TxtName = nullptr;
+
+private:
+  bool TxtName_KeyPress(const Key& key);
+  void ImgName_Click();
+};
