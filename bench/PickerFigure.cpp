@@ -102,8 +102,8 @@ private:
 
 ManyPartners& manyPartners()
 {
-  static ManyPartners Partners;
-  return Partners;
+  static ManyPartners Firm;
+  return Firm;
 }
 
 // The time from the caller's call until the dialog stands.

@@ -9,6 +9,7 @@ function row(figure, unit, ours, floor, limit) {
 
 $1 ~ /_median"?$/ {
   gsub(/"/, "", $1)
+  sub(/_median$/, "", $1)
   split($1, parts, "/")
   time[parts[1] "/" parts[2]] = $3
   memory[parts[1] "/" parts[2]] = $NF
@@ -17,8 +18,11 @@ END {
   printf "%-28s %9s %9s\n", "", "program", "floor"
   row("Start, painted and ready", "ms", time["Start/program"], time["Start/floor"], "1.4")
   row("Start, peak memory", "MB", memory["Start/program"], memory["Start/floor"], "1.4")
-  row("Save of 20 lines", "ms", time["Save/program"], time["Save/floor"], "1.3")
+  row("Save of 20 lines, voucher", "ms", time["Save/program"], time["Save/floor"], "1.3")
   row("One keystroke of 200 lines", "ms", time["Typing/program"], 0, "2")
+  row("Balance over 10,000 rows", "ms", time["Balance10k/program"], time["Balance10k/floor"], "1.2")
+  row("Balance over 100,000 rows", "ms", time["Balance100k/program"], time["Balance100k/floor"], "1.2")
+  row("Balance over 1,000,000 rows", "ms", time["Balance1M/program"], time["Balance1M/floor"], "1.2")
   row("Code picker, open", "ms", time["PickerOpen/program"], time["PickerList/floor"], "2")
   row("Code picker, refresh", "ms", time["PickerRefresh/program"], time["PickerList/floor"], "2")
   row("Code picker, search", "ms", time["PickerSearch/program"], time["PickerSearch/floor"], "2")
