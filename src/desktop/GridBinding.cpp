@@ -168,6 +168,8 @@ bool GridBinding::eventFilter(QObject* watched, QEvent* event)
 
 bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool twice)
 {
+  if (button == Qt::RightButton)
+    formWindow().act([&] { m_grid.pressRightButton(); });
   if (button != Qt::LeftButton)
     return true;
   const QModelIndex cell = m_view.indexAt(at);

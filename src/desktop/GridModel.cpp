@@ -1,19 +1,25 @@
 #include "desktop/GridModel.h"
 
 #include <QColor>
+#include <QFont>
 
 namespace {
 
-// Whether a text reads as an amount, and so stands at the right of a column that says nothing else.
+// Whether a text reads as an amount, and so stands at the right of a column that says nothing else. A
+// date, and the dashes of a place without an amount, are none.
 bool isAmount(QStringView text)
 {
+  if (text.startsWith(u'-'))
+    text = text.mid(1);
   if (text.isEmpty())
     return false;
   for (const QChar character : text)
-    if (!character.isDigit() && character != u',' && character != u'.' && character != u'-')
+    if (!character.isDigit() && character != u',' && character != u'.')
       return false;
   return true;
 }
+
+constexpr QRgb TotalsGround = 0xffe8edf2;
 
 } // namespace
 
@@ -87,8 +93,24 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     if (const int color = m_grid.cellColor(row, col))
       return QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff);
     return {};
+  case Qt::FontRole:
+  case Qt::BackgroundRole: return isTotals(row) ? totalsLook(role) : QVariant();
   default: return {};
   }
+}
+
+bool GridModel::isTotals(int row) const
+{
+  return m_grid.hasTotalsRow() && row == m_grid.rows() - 1;
+}
+
+QVariant GridModel::totalsLook(int role)
+{
+  if (role == Qt::BackgroundRole)
+    return QColor::fromRgb(TotalsGround);
+  QFont bold;
+  bold.setBold(true);
+  return bold;
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -36,6 +36,8 @@ private:
   void cellMoved(int row, int col);
   void takeOver();
   QVariant alignment(int row, int col) const;
+  bool isTotals(int row) const;
+  static QVariant totalsLook(int role);
 
   Grid& m_grid;
   int m_fixedRows = 0;

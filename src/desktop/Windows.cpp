@@ -2,6 +2,7 @@
 
 #include "ui_frmCode.h"
 #include "ui_frmPayfund.h"
+#include "ui_frmSFKHeXiao.h"
 #include "ui_frmWarehouseSelect.h"
 
 #include <QDialog>
@@ -24,6 +25,7 @@ struct Maker {
 
 constexpr Maker Makers[] = {
     {"frmPayfund", design<Ui::frmPayfund, QMainWindow>},
+    {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
     {"frmCode", design<Ui::frmCode, QDialog>},
     {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
 };

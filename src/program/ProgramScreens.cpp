@@ -5,6 +5,7 @@
 #include "bills/frmFeeSustain.h"
 #include "bills/frmGathefund.h"
 #include "bills/frmPayfund.h"
+#include "settlement/frmSFKHeXiao.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ struct Maker {
 constexpr Maker Makers[] = {
     {"frmPayfund", make<frmPayfund>},           {"frmGathefund", make<frmGathefund>},
     {"frmBankKeepTake", make<frmBankKeepTake>}, {"frmFeeElseIncome", make<frmFeeElseIncome>},
-    {"frmFeeSustain", make<frmFeeSustain>},
+    {"frmFeeSustain", make<frmFeeSustain>},     {"frmSFKHeXiao", make<frmSFKHeXiao>},
 };
 
 } // namespace

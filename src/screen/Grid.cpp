@@ -175,6 +175,12 @@ void Grid::setMarksRow(bool marks)
   emit layoutChanged();
 }
 
+void Grid::setTotalsRow(bool has)
+{
+  m_hasTotalsRow = has;
+  emit layoutChanged();
+}
+
 void Grid::clickCell(int row, int col)
 {
   if (!isReachable() || !contains(row, col))
@@ -192,6 +198,18 @@ void Grid::doubleClickCell(int row, int col)
 {
   clickCell(row, col);
   doubleClick();
+}
+
+void Grid::pressRightButton()
+{
+  if (!isReachable())
+    return;
+  form().handle([&] {
+    if (onMouseDown)
+      onMouseDown();
+    if (onRightButton)
+      onRightButton();
+  });
 }
 
 void Grid::wheel(int step)

@@ -64,10 +64,15 @@ public:
   // True if the current row as a whole is to be marked.
   bool marksRow() const { return m_marksRow; }
   void setMarksRow(bool marks);
+  // True if the last row holds totals and is to be told apart from the rows above it.
+  bool hasTotalsRow() const { return m_hasTotalsRow; }
+  void setTotalsRow(bool has);
 
   bool takesFocus() const override { return true; }
 
   std::function<void()> onMouseDown;
+  // Behind onMouseDown, for the right button; the current cell stays where it is.
+  std::function<void()> onRightButton;
   std::function<void()> onCellChange;
   // Key-down: runs for every key ahead of its effect on the current cell, then again the key is
   // offered to onKey. What the handler opens stands over the cell that the key has moved to.
@@ -77,6 +82,7 @@ public:
   // Events of the operator.
   void clickCell(int row, int col);
   void doubleClickCell(int row, int col);
+  void pressRightButton();
   // A turn of the wheel by `step` eighths of a degree (120 is one notch up) with no key held; a window
   // says nothing of the others.
   void wheel(int step);
@@ -115,4 +121,5 @@ private:
   int m_topRow = 1;
   int m_leftCol = 1;
   bool m_marksRow = false;
+  bool m_hasTotalsRow = false;
 };

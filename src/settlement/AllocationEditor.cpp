@@ -1,0 +1,77 @@
+#include "settlement/AllocationEditor.h"
+
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+
+AllocationEditor::AllocationEditor(Grid& grid, CellEditor& editor, int column, std::function<void()> take)
+    : m_grid(grid), m_editor(editor), m_column(column), m_take(std::move(take))
+{
+  m_grid.onMouseDown = [this] { m_editor.hide(); };
+  m_grid.onClick = [this] { openCell(); };
+  m_grid.onRightButton = [this] { openCell(); };
+  m_grid.onKey = [this](const Key& key) { return gridKey(key); };
+  m_grid.onCellChange = [this] { m_editor.setText(m_grid.text(m_grid.row(), m_grid.col())); };
+  m_editor.onKey = [this](const Key& key) { return editorKey(key); };
+}
+
+void AllocationEditor::ShowEditBox(const QString& text)
+{
+  if (m_grid.col() == m_column && m_grid.row() >= 1 && m_grid.row() < m_grid.rows() - 1)
+    m_editor.openAtEnd(text);
+}
+
+void AllocationEditor::openCell()
+{
+  ShowEditBox(m_grid.text(m_grid.row(), m_grid.col()));
+}
+
+bool AllocationEditor::gridKey(const Key& key)
+{
+  m_editor.hide();
+  switch (key.code) {
+  case Key::Enter: openCell(); return true;
+  // To the right with Shift too: the list itself knows no way back.
+  case Key::Tab: moveColumn(1); return true;
+  case Key::Character: ShowEditBox(key.text); return true;
+  default: return false;
+  }
+}
+
+bool AllocationEditor::editorKey(const Key& key)
+{
+  switch (key.code) {
+  case Key::Enter: confirm(); return true;
+  case Key::Up:
+  case Key::Down:
+    confirm();
+    m_grid.press(key);
+    return true;
+  case Key::Escape:
+    m_editor.hide();
+    m_editor.returnToGrid();
+    return true;
+  case Key::Tab:
+    m_editor.hide();
+    m_editor.returnToGrid();
+    moveColumn(key.shift ? -1 : 1);
+    return true;
+  default: return false;
+  }
+}
+
+void AllocationEditor::confirm()
+{
+  m_grid.setText(m_grid.row(), m_grid.col(), NumberText::ofDouble(NumberText::numericPrefix(m_editor.text())));
+  m_editor.hide();
+  m_take();
+  m_editor.returnToGrid();
+}
+
+void AllocationEditor::moveColumn(int step)
+{
+  int col = m_grid.col() + step;
+  while (col >= 1 && col < m_grid.cols() && m_grid.colWidth(col) == 0)
+    col += step;
+  if (col >= 1 && col < m_grid.cols())
+    m_grid.setCurrent(m_grid.row(), col);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+struct Session;
+
+// The links of TabSFKHeXiao, one for each goods bill and money bill that settle each other, and the
+// running sum of its links in HXMoney of the goods bill. After every call that writes, HXMoney of the
+// goods bill is the sum of its links; each statement stands for itself.
+//
+// Sums are kept in single precision, seven significant digits: what is compared with a money bill's
+// total has gone through the same rounding.
+namespace HXLinks {
+
+// The table of a goods bill by the text of its type: purchases, and everything else.
+QString BillTableOfType(const QString& billType);
+
+// What has been written off of a goods bill by all its links; 0 without any.
+float GetBillHXSum(Session& session, const QString& billCode);
+// What is to be written off of a goods bill: its sum without what was settled at the counter.
+float GetBillDueMoney(Session& session, const QString& billCode, const QString& billType);
+
+void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode);
+
+// One link as it is written.
+struct Link {
+  QString billCode;
+  QString billType;
+  QString billDatee; // as the list shows it
+  QString SFKBillCode;
+  QDate SFKBillDatee;
+  QString money; // a plain number
+};
+
+// Writes a link, in place of an earlier one of the same two bills.
+void SaveHXRow(Session& session, const Link& link);
+
+} // namespace HXLinks

@@ -1,0 +1,193 @@
+#include "settlement/ListForm.h"
+
+#include "ledger/FieldHelp.h"
+#include "pickers/CodePicker.h"
+#include "platform/DateText.h"
+#include "platform/Trim.h"
+#include "screen/WheelPaging.h"
+#include "session/ModuleADO.h"
+#include "session/OperateRight.h"
+
+ListForm::ListForm(Session& ofSession, const ListTraits& traits) : Screen(ofSession, QString::fromLatin1(traits.form)), m_traits(traits)
+{
+  setCaption(traits.caption);
+}
+
+void ListForm::buildHead()
+{
+  LabTabName = add<Label>(this, "LabTabName", m_traits.caption);
+  FrameCondition = add<Container>(this, "FrameCondition", "条件设置");
+}
+
+void ListForm::buildConditions()
+{
+  TxtDateeFrom = addDate("TxtDateeFrom");
+  TxtDateeTo = addDate("TxtDateeTo");
+  TxtBillCode = addEntry("TxtBillCode");
+  TxtUnitCode = addEntry("TxtUnitCode");
+  ImgUnitCode = addPartnerButton("ImgUnitCode", "Code");
+  TxtUnitName = addEntry("TxtUnitName");
+  ImgUnitName = addPartnerButton("ImgUnitName", "Name");
+  add<Button>(FrameCondition, "CmdQuery", m_traits.queryCaption)->onClick = [this] { CmdQuery_Click(); };
+  add<Label>(FrameCondition, "Label16", m_traits.hint);
+}
+
+void ListForm::buildList()
+{
+  MSH = add<Grid>(this, "MSH");
+  MSH->setMarksRow(true);
+  turnPagesByWheel(*MSH);
+  Toolbar1 = add<Container>(this, "Toolbar1");
+  for (const ListTraits::Tool& tool : m_traits.tools)
+    add<ToolButton>(Toolbar1, tool.name, tool.caption);
+  buildMenus();
+}
+
+void ListForm::buildMenus()
+{
+  Menu* const file = add<Menu>(this, "MFile", "文件(&F)");
+  add<MenuItem>(file, "FExcel", "导出至Excel表");
+  add<MenuItem>(file, "FPrintSet", "打印设置");
+  add<MenuItem>(file, "FMSHFormat", "界面列表格式设置");
+  add<MenuItem>(file, "FDeleteMSHFormat", "删除界面列表格式")->onClick = [this] { FDeleteMSHFormat_Click(); };
+  add<MenuItem>(file, "FExit", "退出")->onClick = [this] { close(); };
+  Menu* const print = add<Menu>(this, "MPrint", "打印(&T)");
+  add<MenuItem>(print, "PDirect", "直接打印");
+  add<MenuItem>(print, "PPreview", "打印预览");
+  onTool("ToolPrint", [print] { print->popUp(); });
+  onTool("ToolExit", [this] { close(); });
+}
+
+ComboBox* ListForm::addDropDown(const char* name, const QStringList& items)
+{
+  ComboBox* const box = add<ComboBox>(FrameCondition, name);
+  box->setItems(items);
+  box->setIndex(0);
+  return box;
+}
+
+TextBox* ListForm::addEntry(const char* name)
+{
+  TextBox* const box = add<TextBox>(FrameCondition, name);
+  box->onKey = [this](const Key& key) { return moveOn(key); };
+  return box;
+}
+
+TextBox* ListForm::addDate(const char* name)
+{
+  TextBox* const box = add<TextBox>(FrameCondition, name);
+  box->onKey = [this](const Key& key) { return moveOn(key) || !ModFuntion::FilterKeyPress(desk(), key, ".0123456789-", true); };
+  return box;
+}
+
+ImageButton* ListForm::addPartnerButton(const char* name, const QString& returnField)
+{
+  ImageButton* const button = add<ImageButton>(FrameCondition, name, {}, "点击选择");
+  button->onClick = [this, returnField] {
+    if (offersPartners())
+      CodePicker::pick(session, *this, {"select Code,Name from TabClient order by code", "TabClient", "选择往来单位", true, returnField});
+  };
+  return button;
+}
+
+bool ListForm::moveOn(const Key& key)
+{
+  if (key.code == Key::Enter)
+    focusNext();
+  return key.code == Key::Enter;
+}
+
+void ListForm::CmdQuery_Click()
+{
+  const QString sql = BuildQuerySql();
+  if (Trim(sql).isEmpty())
+    desk().inform("请设置查询条件！");
+  else
+    FillMSH(sql);
+}
+
+QString ListForm::layoutKey() const
+{
+  return Trim(LabTabName->caption()) + "界面";
+}
+
+void ListForm::SetGridHead()
+{
+  Recordset layout = OpenRecordset(session, "select * from TabPrintMSHSet where TabName='" + layoutKey() + "' order by ColOrder ");
+  const auto heads = columns();
+  if (heads.empty())
+    return;
+  MSH->setCols(int(heads.size()));
+  MSH->setFixed(1, 1);
+  const bool isStored = !layout.eof();
+  for (int col = 0; col < MSH->cols(); ++col) {
+    const ListColumn& head = heads[std::size_t(col)];
+    MSH->setColWidth(col, isStored ? int(layout.field("ColWidth").toInteger()) : head.width);
+    MSH->setText(0, col, isStored ? layout.text("ColElseName") : head.caption);
+    if (isStored) {
+      MSH->setColAlignment(col, int(layout.field("ContentAlign").toInteger()));
+      layout.moveNext();
+    }
+  }
+}
+
+void ListForm::emptyGrid()
+{
+  MSH->setRows(2);
+  MSH->clear();
+  MSH->setTotalsRow(false);
+  MSH->setCurrent(1, 1);
+}
+
+void ListForm::FDeleteMSHFormat_Click()
+{
+  if (!CheckOperateRight(session, session.params.UserName, "界面列表格式设置", RightKind::Edit))
+    return;
+  if (!desk().confirm("删除当前界面格式设置吗？", Desk::Icon::Question))
+    return;
+  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + layoutKey() + "'");
+  desk().inform("删除成功！");
+  SetGridHead();
+}
+
+bool ListForm::datesAreDates()
+{
+  return isBlankOrDate(*TxtDateeFrom, "单据日期从") && isBlankOrDate(*TxtDateeTo, "单据日期至");
+}
+
+bool ListForm::isBlankOrDate(const TextBox& box, const QString& label)
+{
+  if (Trim(box.text()).isEmpty() || DateText::parse(Trim(box.text())))
+    return true;
+  desk().inform(label + "不是日期型格式(" + m_traits.dateFormat + "),请修改！");
+  return false;
+}
+
+QString ListForm::dateCondition(const QString& comparison, const TextBox& box) const
+{
+  return comparison + SqlDialect::date(session, *DateText::parse(Trim(box.text())));
+}
+
+QString ListForm::textUnder(const QString& heading) const
+{
+  for (int col = 1; col < MSH->cols(); ++col)
+    if (Trim(MSH->text(0, col)) == heading)
+      return Trim(MSH->text(MSH->row(), col));
+  return {};
+}
+
+bool ListForm::isOnRow() const
+{
+  return MSH->row() > 0 && !Trim(MSH->text(MSH->row(), 1)).isEmpty();
+}
+
+void ListForm::tellNoData()
+{
+  desk().inform("没有满足条件的数据！");
+}
+
+void ListForm::onUnload()
+{
+  session.params.OperateType.clear();
+  Screen::onUnload();
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "screen/Controls.h"
+#include "screen/Grid.h"
+#include "session/Screen.h"
+
+#include <span>
+
+// One column of a list as it is laid out without a stored layout; the width is in twips.
+struct ListColumn {
+  const char* caption;
+  int width;
+};
+
+// What a list screen has of its own, as data.
+struct ListTraits {
+  struct Tool {
+    const char* name;
+    const char* caption;
+  };
+
+  const char* form;
+  const char* caption;      // of the form, and of LabTabName until someone sets another
+  const char* queryCaption; // of CmdQuery
+  const char* hint;         // Label16
+  const char* dateFormat;   // as the refusal of a date words it
+  std::span<const Tool> tools;
+};
+
+// The ground of the list screens: conditions above, a list below, a toolbar and two menus. The
+// operator sets conditions and asks for the list; nothing is listed before. A list is laid out by what
+// is stored under the caption of LabTabName, or else by the screen's own columns.
+//
+// Always holds: the grid has at least the heading row and one row; after a fill its last row holds the
+// totals.
+class ListForm : public Screen {
+  Q_OBJECT
+
+public:
+  // Lists what the conditions find. A refused condition has shown its message, and a second one follows.
+  void CmdQuery_Click();
+
+  // What the entry, another screen or a bill sets before the list is asked for.
+  Label* LabTabName = nullptr;
+  Container* FrameCondition = nullptr;
+  TextBox* TxtDateeFrom = nullptr;
+  TextBox* TxtDateeTo = nullptr;
+  TextBox* TxtBillCode = nullptr;
+  TextBox* TxtUnitCode = nullptr;
+  TextBox* TxtUnitName = nullptr;
+  ImageButton* ImgUnitCode = nullptr;
+  ImageButton* ImgUnitName = nullptr;
+
+protected:
+  ListForm(Session& ofSession, const ListTraits& traits);
+
+  // The statement of the list; empty after a refusal, whose message has been shown.
+  virtual QString BuildQuerySql() = 0;
+  // Runs the statement and shows its rows, or tells that there are none.
+  virtual void FillMSH(const QString& sql) = 0;
+  // The columns of the list as it stands; none if the screen is not to be laid out at all.
+  virtual std::span<const ListColumn> columns() const = 0;
+  // False if the buttons beside the partner's boxes open nothing.
+  virtual bool offersPartners() const { return true; }
+
+  void onUnload() override;
+
+  // Building, called by the form in the order of Tab; its own conditions come between.
+  void buildHead();
+  void buildConditions();
+  void buildList();
+  template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
+  {
+    Kind* const control = new Kind(container, QString::fromLatin1(name));
+    control->setCaption(caption);
+    control->setToolTip(toolTip);
+    return control;
+  }
+  ComboBox* addDropDown(const char* name, const QStringList& items);
+  void onTool(const char* name, std::function<void()> press) { find<ToolButton>(QString::fromLatin1(name))->onClick = std::move(press); }
+
+  // Lays the grid out: columns, fixed places, widths, headings. The data stay.
+  void SetGridHead();
+  // Takes all rows away but the headings and one blank row.
+  void emptyGrid();
+  // False, after the refusal, if a date box holds something that is no date.
+  bool datesAreDates();
+  // `comparison` (a column and an operator) with the date of a box behind it, as the database wants it.
+  QString dateCondition(const QString& comparison, const TextBox& box) const;
+  // The text of the current row in the column of this heading; empty if no column has it.
+  QString textUnder(const QString& heading) const;
+  // True if the current row shows a bill, or a partner: it is no heading and column 1 is not blank.
+  bool isOnRow() const;
+  void tellNoData();
+
+  Grid* MSH = nullptr;
+  Container* Toolbar1 = nullptr;
+
+private:
+  TextBox* addEntry(const char* name);
+  TextBox* addDate(const char* name);
+  ImageButton* addPartnerButton(const char* name, const QString& returnField);
+  void buildMenus();
+  bool moveOn(const Key& key);
+  bool isBlankOrDate(const TextBox& box, const QString& label);
+  QString layoutKey() const;
+  void FDeleteMSHFormat_Click();
+
+  const ListTraits& m_traits;
+};

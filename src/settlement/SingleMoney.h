@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Currency.h"
+
+#include <initializer_list>
+
+// Amounts of the write-off list: single precision, read from a cell and shown in it with seven
+// significant digits.
+namespace SingleMoney {
+
+// The amount at the start of a cell's text; 0 if there is none.
+float of(const QString& cell);
+
+// `from` without all of `less`, as a cell shows it. The seven digits of each are taken as they stand,
+// so that a bill that is settled in full leaves 0, and no speck of a binary fraction.
+QString difference(float from, std::initializer_list<float> less);
+
+} // namespace SingleMoney

@@ -1,0 +1,55 @@
+#include "settlement/WriteOff.h"
+
+#include "ledger/Money.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "settlement/SingleMoney.h"
+#include "settlement/frmSFKHeXiao.h"
+
+namespace WriteOff {
+namespace {
+
+bool isStored(Session& session, const Kind& kind, const QString& code)
+{
+  return !OpenRecordset(session, QString("select * from ") + kind.headerTable + " where Code='" + Trim(code) + "'").eof();
+}
+
+// The partner and the kind are the bill's; dates, state and the goods bill's code stay free.
+void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
+{
+  bench.TxtUnitCode->setText(bill.unitCode);
+  bench.TxtUnitName->setText(bill.unitName);
+  bench.SFKMoney = total;
+  bench.SFKBillCode = bill.code;
+  bench.SFKBillDatee = bill.datee;
+  for (Control* const control :
+       std::initializer_list<Control*>{bench.TxtUnitCode, bench.TxtUnitName, bench.ImgUnitCode, bench.ImgUnitName, bench.CombHXType})
+    control->setEnabled(false);
+  bench.LabSFKMoney->setCaption("核销金额：" + NumberText::ofSingle(total));
+  bench.LabSFKMoney->setVisible(true);
+}
+
+} // namespace
+
+void open(Session& session, const Kind& kind, const Bill& bill)
+{
+  if (!isStored(session, kind, bill.code)) {
+    session.desk.inform("尚未保存数据，请先保存数据后重新执行核销！");
+    return;
+  }
+  const float total = SingleMoney::of(ModFuntion::StripMoneyText(bill.total));
+  if (total == 0) {
+    session.desk.inform(kind.zeroMessage);
+    return;
+  }
+  frmSFKHeXiao bench(session);
+  bench.HXMode = kind.HXMode;
+  bench.load();
+  handOver(bench, bill, total);
+  bench.CmdQuery_Click();
+  bench.goToFirstAmount();
+  session.desk.showModal(bench);
+}
+
+} // namespace WriteOff

@@ -1,0 +1,306 @@
+#include "settlement/frmSFKHeXiao.h"
+
+#include "platform/DateText.h"
+#include "platform/NumberText.h"
+#include "platform/Trim.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
+#include "settlement/BenchQuery.h"
+#include "settlement/HXLinks.h"
+#include "settlement/SingleMoney.h"
+
+namespace {
+
+constexpr char QueryMode[] = "收付款核销查询";
+constexpr char Unsettled[] = "未核销";
+constexpr char Settled[] = "已核销";
+
+enum Column { RowNumber, BillCode, BillType, BillDatee, BillSumMoney = 7, Due, WrittenOff, Amount, Open, SFKCode };
+
+constexpr ListColumn Columns[] = {
+    {"行次", 500},          {"单据编号", 1500},   {"单据类型", 1500},   {"录单日期", 1500},     {"单位编号", 1500},
+    {"单位名称", 3000},     {"单据备注", 2000},   {"单据金额", 1500},   {"应核销金额", 1500},   {"已核销金额", 1500},
+    {"本次核销金额", 1500}, {"未核销金额", 1500}, {"收付款单号", 1500}, {"收付款单日期", 1500},
+};
+constexpr std::size_t WorkingColumns = 12;
+
+constexpr ListTraits::Tool Tools[] = {
+    {"ToolInOutBill", "购销单"}, {"ToolSFKBill", "收付款单"}, {"ToolHX", "核销"},
+    {"ToolFiltre", "过滤"},      {"ToolPrint", "打印"},       {"ToolExit", "退出"},
+};
+
+constexpr ListTraits Traits{"frmSFKHeXiao", "收付款核销", "查询", "注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
+                            "YYYY-MM-DD",   Tools};
+
+// Which columns a mode of the bench lists.
+struct Mode {
+  const char* name;
+  std::size_t columns;
+};
+constexpr Mode Modes[] = {
+    {"收付款核销", WorkingColumns}, {"收款核销", WorkingColumns}, {"付款核销", WorkingColumns}, {QueryMode, std::size(Columns)}};
+
+// The orders that open the money bill behind a link, by the type of the goods bill.
+struct SourceBill {
+  const char* billType;
+  const char* operation;
+  const char* view;
+  const char* table;
+};
+constexpr SourceBill SourceBills[] = {
+    {"销售出库", "收款单原单查看", "收款核销查询原单", "TabGathefundBill"},
+    {"采购入库", "付款单原单查看", "付款核销查询原单", "TabPayfundBill"},
+    {"购买入库", "付款单原单查看", "付款核销查询原单", "TabPayfundBill"},
+};
+
+const SourceBill* sourceBill(const QString& billType)
+{
+  for (const SourceBill& bill : SourceBills)
+    if (billType == bill.billType)
+      return &bill;
+  return nullptr;
+}
+
+constexpr int Red = 255;
+
+} // namespace
+
+frmSFKHeXiao::frmSFKHeXiao(Session& ofSession) : ListForm(ofSession, Traits)
+{
+  buildHead();
+  LabSFKMoney = add<Label>(this, "LabSFKMoney", "核销金额");
+  LabSFKMoney->setVisible(false);
+  CombHXType = addDropDown("CombHXType", {"收款核销", "付款核销"});
+  CombHXState = addDropDown("CombHXState", {"", Unsettled, Settled});
+  buildConditions();
+  buildList();
+  Text2 = new CellEditor(this, *MSH);
+  m_editor = std::make_unique<AllocationEditor>(*MSH, *Text2, Amount, [this] { Txt2ToMSH(); });
+  find("ToolSFKBill")->setVisible(false);
+  onTool("ToolInOutBill", [this] { ShowInOutBill(); });
+  onTool("ToolSFKBill", [this] { ShowSFKBill(); });
+  onTool("ToolHX", [this] { CommitHX(); });
+}
+
+void frmSFKHeXiao::Form_Load()
+{
+  CombHXState->setText(Unsettled);
+  CombHXType->setIndex(HXMode == "付款核销" ? 1 : 0);
+  LabTabName->setCaption(HXMode);
+  const QDate day = session.operateDate();
+  const QDate first(day.year(), day.month(), 1);
+  TxtDateeFrom->setText(QString::number(day.year()) + "-" + QString::number(day.month()) + "-1");
+  TxtDateeTo->setText(DateText::shortForm(first.addMonths(1)));
+  SetGridHead();
+}
+
+bool frmSFKHeXiao::isQuery() const
+{
+  return HXMode == QueryMode;
+}
+
+std::span<const ListColumn> frmSFKHeXiao::columns() const
+{
+  for (const Mode& mode : Modes)
+    if (HXMode == mode.name)
+      return std::span(Columns).first(mode.columns);
+  return {};
+}
+
+QString frmSFKHeXiao::cell(int row, int col) const
+{
+  return Trim(MSH->text(row, col));
+}
+
+QString frmSFKHeXiao::goodsTable() const
+{
+  return CombHXType->text() == "付款核销" ? "TabInBill" : "TabOutBill";
+}
+
+QString frmSFKHeXiao::BuildQuerySql()
+{
+  if (!datesAreDates())
+    return {};
+  const QString table = goodsTable();
+  if (isQuery() && CombHXState->text() == Settled)
+    return BenchQuery::allLinks(table, conditions(), Trim(TxtBillCode->text()).isEmpty() ? nullptr : &SFKBillCode);
+  if (!OpenRecordset(session, BenchQuery::linksOf(SFKBillCode)).eof())
+    return BenchQuery::ownLinks(table, SFKBillCode);
+  return BenchQuery::openBills(table, conditions());
+}
+
+// The box labelled with the money bill's code asks for the goods bill's own: so the screen is used.
+QStringList frmSFKHeXiao::conditions() const
+{
+  const QString table = goodsTable();
+  QStringList pieces;
+  const auto add = [&pieces, &table](const QString& text, const QString& comparison) {
+    if (!Trim(text).isEmpty())
+      pieces.append(" (" + table + comparison + "='" + Trim(text) + "') ");
+  };
+  add(TxtBillCode->text(), ".Code");
+  add(TxtUnitCode->text(), ".UnitCode");
+  add(TxtUnitName->text(), ".UnitName");
+  if (!Trim(TxtDateeFrom->text()).isEmpty())
+    pieces.append(" (" + dateCondition(table + ".Datee>=", *TxtDateeFrom) + ") ");
+  if (!Trim(TxtDateeTo->text()).isEmpty())
+    pieces.append(" (" + dateCondition(table + ".Datee<=", *TxtDateeTo) + ") ");
+  if (const QString state = stateCondition(table); !state.isEmpty())
+    pieces.append(state);
+  return pieces;
+}
+
+// The working list leaves out bills that were allocated beyond their due; the query shows them, and
+// leaves out bills with nothing due.
+QString frmSFKHeXiao::stateCondition(const QString& table) const
+{
+  const QString due = "  (" + table + ".SumMoney-" + table + ".Cash-" + table + ".Credit";
+  const QString state = CombHXState->text();
+  if (isQuery())
+    return state == Unsettled
+               ? due + "<> " + table + ".HXMoney  " + " and " + table + ".SumMoney-" + table + ".Cash-" + table + ".Credit> " + " 0 ) "
+               : QString();
+  if (state == Unsettled)
+    return due + "> " + table + ".HXMoney) ";
+  return state == Settled ? due + "= " + table + ".HXMoney) " : QString();
+}
+
+void frmSFKHeXiao::FillMSH(const QString& sql)
+{
+  desk().setBusy(true);
+  const Recordset rs = OpenRecordset(session, sql);
+  if (rs.eof()) {
+    tellNoData();
+    emptyGrid();
+  } else {
+    showRows(rs);
+  }
+  SetGridHead();
+  desk().setBusy(false);
+}
+
+void frmSFKHeXiao::showRows(const Recordset& rs)
+{
+  const RowSet& rows = rs.rows();
+  const int fields = int(rows.names().size());
+  QList<QStringList> lines;
+  lines.reserve(rows.rows() + 1);
+  for (std::int64_t row = 0; row < rows.rows(); ++row) {
+    QStringList line(fields + 1);
+    line[RowNumber] = QString::number(row + 1);
+    for (int field = 0; field < fields; ++field)
+      line[field + 1] = rows.value(row, field).toText();
+    lines.append(settledLine(std::move(line)));
+  }
+  lines.append(QStringList());
+  emptyGrid();
+  MSH->setBlock(1, std::move(lines));
+  MSH->setTotalsRow(true);
+  for (int row = 1; row <= lastDataRow(); ++row)
+    MSH->setCellColor(row, Amount, Red);
+  RefreshTotals();
+}
+
+// What is due and what others have taken is asked bill by bill: HXMoney of the bill may be stale.
+QStringList frmSFKHeXiao::settledLine(QStringList line)
+{
+  const float due = HXLinks::GetBillDueMoney(session, line[BillCode], line[BillType]);
+  const float amount = SingleMoney::of(line[Amount]);
+  line[Due] = NumberText::ofSingle(due);
+  line[WrittenOff] = SingleMoney::difference(HXLinks::GetBillHXSum(session, line[BillCode]), {amount});
+  line[Open] = SingleMoney::difference(due, {SingleMoney::of(line[WrittenOff]), amount});
+  return line;
+}
+
+void frmSFKHeXiao::RefreshTotals()
+{
+  const int totals = MSH->rows() - 1;
+  // A goods bill may stand here once for each of its links, and its own amounts would count as often.
+  const bool listsLinks = isQuery() && CombHXState->text() == Settled;
+  for (int col = BillSumMoney; col <= Open; ++col) {
+    QString text;
+    if (!listsLinks || col == WrittenOff || col == Amount) {
+      Currency sum;
+      for (int row = 1; row <= lastDataRow(); ++row)
+        sum += Currency::ofText(MSH->text(row, col));
+      text = sum.toText();
+    }
+    MSH->setText(totals, col, text);
+  }
+  Text2->hide();
+}
+
+void frmSFKHeXiao::Txt2ToMSH()
+{
+  const int row = MSH->row();
+  const float amount = SingleMoney::of(cell(row, Amount));
+  MSH->setText(row, Open, SingleMoney::difference(SingleMoney::of(cell(row, Due)), {SingleMoney::of(cell(row, WrittenOff)), amount}));
+  if (amount == 0)
+    HXLinks::DeleteHXLink(session, cell(row, BillCode), cell(row, BillType), isQuery() ? cell(row, SFKCode) : SFKBillCode);
+  RefreshTotals();
+}
+
+void frmSFKHeXiao::CommitHX()
+{
+  if (isQuery()) {
+    desk().inform("收付款核销查询状态下不允许操作核销！");
+    return;
+  }
+  if (!allocatesWholeBill())
+    return;
+  for (int row = 1; row <= lastDataRow(); ++row)
+    if (SingleMoney::of(cell(row, Amount)) != 0)
+      SaveHXRow(row);
+  desk().inform("核销成功！");
+}
+
+bool frmSFKHeXiao::allocatesWholeBill()
+{
+  float total = 0;
+  for (int row = 1; row <= lastDataRow(); ++row) {
+    if (SingleMoney::of(cell(row, Open)) < 0) {
+      desk().inform("第 " + QString::number(row) + " 行未核销金额为负，请调整数据使其不能为负值！");
+      return false;
+    }
+    total = float(double(total) + NumberText::numericPrefix(cell(row, Amount)));
+  }
+  if (total != SFKMoney)
+    desk().inform("设置的核销金额与收付款单金额不相等，请检查！");
+  return total == SFKMoney;
+}
+
+void frmSFKHeXiao::SaveHXRow(int row)
+{
+  HXLinks::SaveHXRow(session, {cell(row, BillCode), cell(row, BillType), cell(row, BillDatee), SFKBillCode, SFKBillDatee,
+                               NumberText::ofDouble(NumberText::numericPrefix(cell(row, Amount)))});
+}
+
+void frmSFKHeXiao::ShowInOutBill()
+{
+  const QString billType = cell(MSH->row(), BillType);
+  if (!isOnRow() || !sourceBill(billType))
+    return;
+  Mod_ZORVEKMain::RunSiblingProgram(session, billType + "原单查看",
+                                    {"收付款核销", billType, HXLinks::BillTableOfType(billType), textUnder("单据编号")});
+}
+
+void frmSFKHeXiao::ShowSFKBill()
+{
+  if (!isOnRow())
+    return;
+  const QString code = textUnder("收付款单号");
+  if (code.isEmpty()) {
+    desk().inform("不能确定收付款单号，请先点击选择需要显示的行！");
+    return;
+  }
+  if (const SourceBill* const bill = sourceBill(cell(MSH->row(), BillType)))
+    Mod_ZORVEKMain::RunSiblingProgram(session, bill->operation, {"收付款核销", bill->view, bill->table, code});
+}
+
+void frmSFKHeXiao::goToFirstAmount()
+{
+  if (lastDataRow() < 1)
+    return;
+  MSH->setCurrent(1, Amount);
+  setFocus(*MSH);
+}
