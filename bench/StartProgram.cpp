@@ -1,3 +1,4 @@
+#include "desktop/Appearance.h"
 #include "desktop/DesktopDesk.h"
 #include "platform/Machine.h"
 #include "program/ProgramScreens.h"
@@ -31,6 +32,7 @@ public:
 int main(int argc, char** argv)
 {
   QApplication application(argc, argv);
+  Appearance::apply();
   FirstPaint paint;
   application.installEventFilter(&paint);
   DesktopDesk desk;
