@@ -24,24 +24,6 @@ FundBillForm::FundBillForm(Session& ofSession, const BillTraits& traits, int bal
   buildFooter();
 }
 
-QStringList FundBillForm::headerValues() const
-{
-  return QStringList{
-             quoted(billCode()),
-             quoted(dateText()),
-             quotedText(*TxtCode),
-             quotedText(*TxtName),
-             quoted(Trim(session.params.UserName)),
-             totalMoney().toText(),
-             quotedText(*TxtMemo),
-             quoted(QString::fromUtf16(traits().billType)),
-             quoted("正常"),
-             quoted({}), // Report
-             quotedText(*TxtSaleMan),
-         } +
-         closingValues();
-}
-
 void FundBillForm::fillOwnFields(const Recordset& header)
 {
   PartnerBillForm::fillOwnFields(header);

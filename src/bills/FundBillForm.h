@@ -12,7 +12,6 @@ public:
   FundBillForm(Session& session, const BillTraits& traits, int balanceSign);
 
 protected:
-  QStringList headerValues() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
   void refreshAfterSave() override { RefreshBalanceLabel(); }

@@ -92,7 +92,7 @@ void LineBillForm::insertLines()
 
 QStringList LineBillForm::lineValues(int row) const
 {
-  return QStringList{QString::number(row), quoted(dateText()), quoted(billCode())} + linePartnerValues() +
+  return QStringList{QString::number(row), quoted(dateText()), quoted(billCode())} + partnerValues() +
          QStringList{
              quoted(m_lines->text(row, LineGrid::AccountCode)),
              quoted(m_lines->text(row, LineGrid::AccountName)),

@@ -29,8 +29,8 @@ protected:
   void DeleteLineRow() override { m_lines->DeleteLineRow(); }
   Currency totalMoney() const override;
 
-  // The partner's columns of a line's row.
-  virtual QStringList linePartnerValues() const { return {}; }
+  // The partner's columns, the same in the header's row and in each line's.
+  virtual QStringList partnerValues() const { return {}; }
   // Called for each stored line that is shown.
   virtual void fillFromLine(const Recordset& line) { Q_UNUSED(line) }
 

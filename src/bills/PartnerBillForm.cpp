@@ -15,6 +15,21 @@ void PartnerBillForm::buildPartner()
   addPickButton(FrameProvide, "ImgName", [this] { ImgName_Click(); });
 }
 
+QStringList PartnerBillForm::headerValues() const
+{
+  return QStringList{quoted(billCode()), quoted(dateText())} + partnerValues() +
+         QStringList{
+             quoted(Trim(session.params.UserName)),         totalMoney().toText(), quotedText(*TxtMemo),
+             quoted(QString::fromUtf16(traits().billType)), quoted("正常"),
+         } +
+         kindValues() +
+         QStringList{
+             quoted({}), // Report
+             quotedText(*TxtSaleMan),
+         } +
+         closingValues();
+}
+
 void PartnerBillForm::fillOwnFields(const Recordset& header)
 {
   TxtCode->setText(header.text("UnitCode"));

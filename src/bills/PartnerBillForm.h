@@ -13,9 +13,12 @@ protected:
   // TxtCode, TxtName and their picture button.
   void buildPartner();
 
+  QStringList headerValues() const override;
+  // A header column of the bill's own, between its state and its report mark.
+  virtual QStringList kindValues() const { return {}; }
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
-  QStringList linePartnerValues() const override { return {quotedText(*TxtCode), quotedText(*TxtName)}; }
+  QStringList partnerValues() const override { return {quotedText(*TxtCode), quotedText(*TxtName)}; }
   Control& firstField() override { return *TxtName; }
   void ShowPartnerInfo() override;
 

@@ -91,23 +91,9 @@ QList<BillForm::SaveCheck> frmFeeSustain::saveChecks() const
   };
 }
 
-QStringList frmFeeSustain::headerValues() const
+QStringList frmFeeSustain::kindValues() const
 {
-  return QStringList{
-             quoted(billCode()),
-             quoted(dateText()),
-             quotedText(*TxtCode),
-             quotedText(*TxtName),
-             quoted(Trim(session.params.UserName)),
-             totalMoney().toText(),
-             quotedText(*TxtMemo),
-             quoted(QString::fromUtf16(traits().billType)),
-             quoted("正常"),
-             quoted(isCustomerMode() ? "客户" : "供应商"),
-             quoted({}), // Report
-             quotedText(*TxtSaleMan),
-         } +
-         closingValues();
+  return {quoted(isCustomerMode() ? "客户" : "供应商")};
 }
 
 QString frmFeeSustain::partnerColumns() const

@@ -15,7 +15,7 @@ public:
 protected:
   void Form_Load() override;
   QList<SaveCheck> saveChecks() const override;
-  QStringList headerValues() const override;
+  QStringList kindValues() const override;
   void InitLineGrid() override;
   void fillOwnFields(const Recordset& header) override;
   QString billListClause() const override;
