@@ -116,8 +116,22 @@ FormWindow& DesktopDesk::open(Form& form, QWidget* parent)
   return *m_windows.back();
 }
 
+bool DesktopDesk::bringToFront(const Form& form)
+{
+  const auto at =
+      std::find_if(m_windows.begin(), m_windows.end(), [&](const auto& one) { return !one->isClosed() && &one->form() == &form; });
+  if (at == m_windows.end())
+    return false;
+  std::rotate(at, at + 1, m_windows.end());
+  m_windows.back()->window().raise();
+  m_windows.back()->window().activateWindow();
+  return true;
+}
+
 void DesktopDesk::show(Form& form)
 {
+  if (bringToFront(form))
+    return;
   FormWindow& opened = open(form, nullptr);
   // The window may be in the middle of the very event that closes it, and goes when that is over.
   QObject::connect(&opened, &FormWindow::closed, &opened, [this, &opened] { take(opened).release()->deleteLater(); });

@@ -1,6 +1,7 @@
 #include "desktop/Windows.h"
 
 #include "ui_frmCode.h"
+#include "ui_frmGouDui.h"
 #include "ui_frmPayfund.h"
 #include "ui_frmSFKHeXiao.h"
 #include "ui_frmWarehouseSelect.h"
@@ -26,6 +27,8 @@ struct Maker {
 constexpr Maker Makers[] = {
     {"frmPayfund", design<Ui::frmPayfund, QMainWindow>},
     {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
+    {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
+    {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
     {"frmCode", design<Ui::frmCode, QDialog>},
     {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
 };

@@ -5,6 +5,8 @@
 #include "bills/frmFeeSustain.h"
 #include "bills/frmGathefund.h"
 #include "bills/frmPayfund.h"
+#include "settlement/frmGouDui.h"
+#include "settlement/frmGouDuiTogather.h"
 #include "settlement/frmSFKHeXiao.h"
 
 namespace {
@@ -21,9 +23,14 @@ struct Maker {
 
 // The entry names the screens; here they get their forms.
 constexpr Maker Makers[] = {
-    {"frmPayfund", make<frmPayfund>},           {"frmGathefund", make<frmGathefund>},
-    {"frmBankKeepTake", make<frmBankKeepTake>}, {"frmFeeElseIncome", make<frmFeeElseIncome>},
-    {"frmFeeSustain", make<frmFeeSustain>},     {"frmSFKHeXiao", make<frmSFKHeXiao>},
+    {"frmPayfund", make<frmPayfund>},
+    {"frmGathefund", make<frmGathefund>},
+    {"frmBankKeepTake", make<frmBankKeepTake>},
+    {"frmFeeElseIncome", make<frmFeeElseIncome>},
+    {"frmFeeSustain", make<frmFeeSustain>},
+    {"frmSFKHeXiao", make<frmSFKHeXiao>},
+    {"frmGouDui", make<frmGouDui>},
+    {"frmGouDuiTogather", make<frmGouDuiTogather>},
 };
 
 } // namespace

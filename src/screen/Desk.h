@@ -25,7 +25,7 @@ public:
   // and as Ok where Ok is the only one.
   virtual Answer ask(const Box& box) = 0;
 
-  // Shows a form and returns at once.
+  // Shows a form and returns at once. One that is open already comes to the front.
   virtual void show(Form& form) = 0;
   // Shows a form over all others and returns when it has been closed.
   virtual void showModal(Form& form) = 0;

@@ -20,7 +20,7 @@ void Grid::setRows(int rows)
   }
   m_rows.reserve(wanted);
   while (m_rows.size() < wanted)
-    m_rows.append(Row{QStringList(cols()), DefaultRowHeight});
+    m_rows.append(Row{QStringList(cols())});
   keepCurrentInside();
   emit layoutChanged();
 }
@@ -32,7 +32,8 @@ void Grid::setCols(int cols)
     return;
   m_columns.resize(wanted);
   for (Row& row : m_rows)
-    row.texts.resize(wanted);
+    if (row.demand < 0)
+      row.texts.resize(wanted);
   m_colors.removeIf([wanted](const auto& cell) { return cell.key().second >= wanted; });
   keepCurrentInside();
   emit layoutChanged();
@@ -48,7 +49,8 @@ void Grid::setFixed(int rows, int cols)
 void Grid::clear()
 {
   for (Row& row : m_rows)
-    row = Row{QStringList(cols()), DefaultRowHeight};
+    row = Row{QStringList(cols())};
+  m_demanded = nullptr;
   m_columns.fill(Column());
   m_colors.clear();
   emit layoutChanged();
@@ -70,32 +72,60 @@ void Grid::removeRow(int row)
 
 QString Grid::text(int row, int col) const
 {
-  return contains(row, col) ? m_rows[row].texts[col] : QString();
+  if (!contains(row, col))
+    return {};
+  const Row& at = m_rows[row];
+  return at.demand < 0 ? at.texts[col] : m_demanded(at.demand, col);
 }
 
 void Grid::setText(int row, int col, const QString& text)
 {
-  if (!contains(row, col) || m_rows[row].texts[col] == text)
+  if (!contains(row, col) || this->text(row, col) == text)
     return;
-  m_rows[row].texts[col] = text;
+  Row& at = m_rows[row];
+  if (at.demand >= 0) {
+    for (int each = 0; each < cols(); ++each)
+      at.texts.append(m_demanded(at.demand, each));
+    at.demand = -1;
+  }
+  at.texts[col] = text;
   emit cellChanged(row, col);
 }
 
 void Grid::setBlock(int firstRow, QList<QStringList> texts)
 {
-  m_rows.reserve(firstRow + texts.size());
-  while (m_rows.size() < firstRow)
-    m_rows.append(Row{QStringList(cols()), DefaultRowHeight});
+  reserveRows(firstRow, texts.size());
   for (QStringList& line : texts) {
     if (line.size() != cols())
       line.resize(cols());
-    if (firstRow < m_rows.size())
-      m_rows[firstRow].texts = std::move(line);
-    else
-      m_rows.append(Row{std::move(line), DefaultRowHeight});
+    if (firstRow == m_rows.size())
+      m_rows.append(Row());
+    m_rows[firstRow].texts = std::move(line);
+    m_rows[firstRow].demand = -1;
     ++firstRow;
   }
   emit layoutChanged();
+}
+
+void Grid::setRowsOnDemand(int firstRow, int count, std::function<QString(int row, int col)> text)
+{
+  m_demanded = std::move(text);
+  reserveRows(firstRow, count);
+  for (int row = 0; row < count; ++row) {
+    if (firstRow + row == m_rows.size())
+      m_rows.append(Row());
+    m_rows[firstRow + row].texts.clear();
+    m_rows[firstRow + row].demand = row;
+  }
+  emit layoutChanged();
+}
+
+// Room for rows from `firstRow` on; those ahead of it are there afterwards.
+void Grid::reserveRows(int firstRow, qsizetype count)
+{
+  m_rows.reserve(firstRow + count);
+  while (m_rows.size() < firstRow)
+    m_rows.append(Row{QStringList(cols())});
 }
 
 int Grid::rowHeight(int row) const

@@ -41,6 +41,10 @@ public:
   void setText(int row, int col, const QString& text);
   // Makes `texts` the rows from `firstRow` on, one list a row, in one step; the grid grows as needed.
   void setBlock(int firstRow, QList<QStringList> texts);
+  // Makes `count` rows from `firstRow` on whose texts are made when they are asked for, and not kept: for
+  // lists of tens of thousands of rows. `text` gets the row, counted from 0 at `firstRow`, and the
+  // column. A row that is written to keeps texts of its own from then on. One such block at a time.
+  void setRowsOnDemand(int firstRow, int count, std::function<QString(int row, int col)> text);
 
   int rowHeight(int row) const;
   void setRowHeight(int row, int height);
@@ -97,8 +101,9 @@ protected:
 
 private:
   struct Row {
-    QStringList texts;
+    QStringList texts; // none for a row on demand
     int height = DefaultRowHeight;
+    int demand = -1; // which row of the block on demand it is
   };
   struct Column {
     int width = DefaultColWidth;
@@ -106,12 +111,14 @@ private:
   };
 
   bool contains(int row, int col) const { return row >= 0 && row < rows() && col >= 0 && col < cols(); }
+  void reserveRows(int firstRow, qsizetype count);
   void keepCurrentInside();
   // The nearest row or column in a direction that is not hidden and not fixed; the old one if there is none.
   int stepRow(int from, int step) const;
   int stepCol(int from, int step) const;
 
   QList<Row> m_rows;
+  std::function<QString(int row, int col)> m_demanded;
   QList<Column> m_columns;
   QHash<QPair<int, int>, int> m_colors;
   int m_fixedRows = 1;

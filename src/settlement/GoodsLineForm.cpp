@@ -1,0 +1,114 @@
+#include "settlement/GoodsLineForm.h"
+
+#include "ledger/BillCatalogue.h"
+#include "platform/Trim.h"
+#include "session/Mod_ZORVEKMain.h"
+
+namespace {
+
+constexpr char Unmatched[] = "未勾对数据";
+constexpr char Matched[] = "已勾对数据";
+
+// What the programs of the goods bills call the bills of a kind.
+struct Kind {
+  const char* billType;
+  const char* name;
+};
+constexpr Kind Kinds[] = {
+    {"购买入库单", "购买入库"}, {"采购入库单", "采购入库"}, {"其他入库单", "其他入库"},
+    {"销售出库单", "销售出库"}, {"其他出库单", "其他出库"},
+};
+
+} // namespace
+
+GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits) : ListForm(ofSession, traits)
+{
+  buildHead();
+  CombBillType = addDropDown("CombBillType", {"采购入库单", "销售出库单", "其他入库单", "其他出库单"});
+  CombShowType = addDropDown("CombShowType", {Unmatched, Matched, "全部数据"});
+  Container* const invoices = add<Container>(FrameCondition, "Frame1", "发票类型");
+  ChZZSFP = add<CheckBox>(invoices, "ChZZSFP", "增值税发票");
+  ChPTFP = add<CheckBox>(invoices, "ChPTFP", "普通发票");
+  ChSJ = add<CheckBox>(invoices, "ChSJ", "收据");
+  for (CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
+    box->setChecked(true);
+  buildConditions();
+  buildList();
+  onTool("ToolOldBill", [this] { ToolOldBill_Click(); });
+}
+
+QString GoodsLineForm::headerTable() const
+{
+  const QString table = ModFuntion::GetBillHeaderTable(CombBillType->text());
+  return table.isEmpty() ? "TabOutBill" : table;
+}
+
+QString GoodsLineForm::lineTable() const
+{
+  const QString table = ModFuntion::GetBillLineTable(CombBillType->text());
+  return table.isEmpty() ? "TabOutBillInf" : table;
+}
+
+QString GoodsLineForm::Source::fromWhere() const
+{
+  return " from  " + header + "," + line + " " + " where  " + header + ".Code=" + line + ".BillCode" + " and  " + header + ".State='正常'" +
+         conditions;
+}
+
+QString GoodsLineForm::BuildQuerySql()
+{
+  if (invoiceKinds().isEmpty()) {
+    desk().inform("请选择发票类型！");
+    return {};
+  }
+  if (!datesAreDates())
+    return {};
+  return statement({headerTable(), lineTable(), " and  " + conditions().join(" and ")});
+}
+
+QStringList GoodsLineForm::invoiceKinds() const
+{
+  QStringList kinds;
+  for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
+    if (box->isChecked())
+      kinds.append(headerTable() + ".InvoiceType='" + box->caption() + "' ");
+  return kinds;
+}
+
+QStringList GoodsLineForm::conditions() const
+{
+  const QString header = headerTable();
+  QStringList pieces;
+  if (const QString code = Trim(TxtBillCode->text()); !code.isEmpty())
+    pieces.append(header + ".Code='" + code + "' ");
+  if (const QString code = Trim(TxtUnitCode->text()); !code.isEmpty())
+    pieces.append(header + ".UnitCode like '" + code + "%' ");
+  if (const QString name = Trim(TxtUnitName->text()); !name.isEmpty())
+    pieces.append(header + ".UnitName like '" + name + "%' ");
+  if (!Trim(TxtDateeFrom->text()).isEmpty())
+    pieces.append(dateCondition(header + ".Datee>=", *TxtDateeFrom));
+  if (!Trim(TxtDateeTo->text()).isEmpty())
+    pieces.append(dateCondition(header + ".Datee<=", *TxtDateeTo));
+  pieces.append(" ( " + invoiceKinds().join("  or ") + " ) ");
+  if (CombShowType->text() == Unmatched)
+    pieces.append(lineTable() + ".GouDui<>1 ");
+  else if (CombShowType->text() == Matched)
+    pieces.append(lineTable() + ".GouDui=1 ");
+  return pieces;
+}
+
+void GoodsLineForm::ToolOldBill_Click()
+{
+  if (!isOnRow())
+    return;
+  for (const Kind& kind : Kinds)
+    if (CombBillType->text() == kind.billType)
+      Mod_ZORVEKMain::RunSiblingProgram(session, QString(kind.name) + "原单查看",
+                                        {session.params.OperateType, kind.name, headerTable(), textUnder("单据编号")});
+}
+
+void GoodsLineForm::headTotals()
+{
+  MSH->setText(MSH->rows() - 1, 2, "合计");
+  MSH->setTotalsRow(true);
+}

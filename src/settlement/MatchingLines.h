@@ -1,0 +1,36 @@
+#pragma once
+
+#include "database/RowSet.h"
+#include "session/DotType.h"
+
+#include <QHash>
+
+#include <vector>
+
+struct Session;
+
+// The lines of the matching list, read once and kept as the database gave them. The text of a cell is
+// made when it is wanted: most of tens of thousands of lines are never looked at.
+class MatchingLines {
+public:
+  enum Column { BillCode = 1, Num = 7, GouDui = 24, ColumnCount };
+
+  // Looks up the names of the attributes that the lines have.
+  MatchingLines(Session& session, const RowSet& rows);
+
+  int count() const { return int(m_rows.rows()); }
+  // What a column of the list shows of a line, counted from 0. What belongs to the bill shows on its
+  // first line only.
+  QString text(int line, int column) const;
+
+private:
+  void findColumns();
+  void markFirstLines();
+  void nameAttributes(Session& session);
+
+  RowSet m_rows;
+  DotType m_decimals;
+  int m_places[ColumnCount] = {}; // where a column of the list stands among the fields
+  std::vector<bool> m_isFirst;
+  QHash<QString, QString> m_attributes;
+};

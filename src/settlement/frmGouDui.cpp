@@ -1,0 +1,109 @@
+#include "settlement/frmGouDui.h"
+
+#include "platform/NumberText.h"
+#include "platform/RunTimeError.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "settlement/MatchingLines.h"
+
+#include <limits>
+
+namespace {
+
+constexpr ListColumn Columns[MatchingLines::ColumnCount] = {
+    {"", 300},          {"单据编号", 1500}, {"单据类型", 1500}, {"录单日期", 1500}, {"单位编号", 1000},
+    {"单位名称", 2000}, {"发票类型", 1000}, {"次序", 500},      {"商品编号", 1000}, {"商品名称", 2000},
+    {"规格", 1000},     {"属性", 1500},     {"单位", 1000},     {"数量", 1000},     {"单价", 1000},
+    {"金额", 1500},     {"折扣", 800},      {"折后单价", 1000}, {"折后金额", 1000}, {"税率(%)", 800},
+    {"税额", 1000},     {"含税单价", 1000}, {"含税金额", 1500}, {"备注", 1000},     {"开票勾对", 1000},
+};
+
+constexpr ListTraits::Tool Tools[] = {
+    {"ToolOldBill", "原单"}, {"ToolOK", "调入"}, {"ToolFiltre", "过滤"}, {"ToolPrint", "打印"}, {"ToolExit", "退出"},
+};
+
+constexpr ListTraits Traits{"frmGouDui",   "开票勾对",
+                            "查询",        "注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
+                            "YYYY-MMM-DD", Tools};
+
+// Orders of a screen that shares these lists and lays them out itself.
+constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询", "销售订单查询"};
+
+constexpr char Tick[] = "√";
+// Lines are counted in sixteen bits.
+constexpr int MostLines = std::numeric_limits<qint16>::max();
+
+} // namespace
+
+frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits)
+{
+  MSH->onClick = [this] { MSH_Click(); };
+}
+
+std::span<const ListColumn> frmGouDui::columns() const
+{
+  for (const char* const order : ForeignOrders)
+    if (session.params.OperateType == order)
+      return {};
+  return Columns;
+}
+
+QString frmGouDui::statement(const Source& source) const
+{
+  const QString& H = source.header;
+  const QString& L = source.line;
+  return "  select " + H + ".Code as BillCode " + " ," + H + ".BillType as BillType " + " ," + H + ".Datee as BillDatee " + " ," + H +
+         ".UnitCode as UnitCode " + " ," + H + ".UnitName as UnitName " + " ," + H + ".InvoiceType as InvoiceType " + " ," + L + ".* " +
+         source.fromWhere() + " order by " + H + ".UnitCode, " + H + ".Datee," + H + ".Code," + L + ".Num ";
+}
+
+void frmGouDui::FillMSH(const QString& sql)
+{
+  if (columns().empty())
+    return;
+  desk().setBusy(true);
+  emptyGrid();
+  SetGridHead();
+  const Recordset rs = OpenRecordset(session, sql);
+  if (rs.eof())
+    tellNoData();
+  else
+    showLines(rs);
+  desk().setBusy(false);
+}
+
+void frmGouDui::showLines(const Recordset& rs)
+{
+  const auto lines = std::make_shared<MatchingLines>(session, rs.rows());
+  const int shown = qMin(lines->count(), MostLines);
+  MSH->setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
+  MSH->addRow();
+  if (shown < lines->count())
+    throw RunTimeError(RunTimeError::Overflow, "溢出");
+  // The amounts of the totals row stay empty.
+  headTotals();
+  for (int col = 3; col <= 10; ++col)
+    MSH->setText(MSH->rows() - 1, col, "----");
+}
+
+void frmGouDui::MSH_Click()
+{
+  const int row = MSH->row();
+  if (!FrameCondition->isEnabled() || MSH->col() != MatchingLines::GouDui || row <= 0)
+    return;
+  const bool wasTicked = Trim(MSH->text(row, MatchingLines::GouDui)) == Tick;
+  if (wasTicked && !desk().confirm("确定取消吗？", Desk::Icon::Question))
+    return;
+  MSH->setText(row, MatchingLines::GouDui, wasTicked ? "" : Tick);
+  const auto number = qint64(NumberText::numericPrefix(MSH->text(row, MatchingLines::Num)));
+  OpenRecordset(session, "update " + lineTable() + (wasTicked ? " set GouDui=0 " : " set GouDui=1 ") + " where BillCode='" +
+                             billCodeOf(row) + "' and Num=" + QString::number(number) + " ");
+}
+
+// The code stands on the first line of a bill only.
+QString frmGouDui::billCodeOf(int row) const
+{
+  while (row > 0 && Trim(MSH->text(row, MatchingLines::BillCode)).isEmpty())
+    --row;
+  return Trim(MSH->text(row, MatchingLines::BillCode));
+}

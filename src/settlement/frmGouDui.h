@@ -1,0 +1,23 @@
+#pragma once
+
+#include "settlement/GoodsLineForm.h"
+
+// Invoice matching: lists the lines of goods bills, and a click in the last column ticks a line or
+// takes its tick back, at once and without the list being asked for anew. While FrameCondition is
+// disabled the list is only looked at.
+class frmGouDui : public GoodsLineForm {
+  Q_OBJECT
+
+public:
+  explicit frmGouDui(Session& ofSession);
+
+protected:
+  QString statement(const Source& source) const override;
+  void FillMSH(const QString& sql) override;
+  std::span<const ListColumn> columns() const override;
+
+private:
+  void showLines(const Recordset& rs);
+  void MSH_Click();
+  QString billCodeOf(int row) const;
+};

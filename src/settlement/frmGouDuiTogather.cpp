@@ -1,0 +1,139 @@
+#include "settlement/frmGouDuiTogather.h"
+
+#include "ledger/Money.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+
+namespace {
+
+constexpr ListColumn Columns[] = {
+    {"", 300}, {"单位编号", 1500}, {"单位名称", 2000}, {"金额", 2000}, {"折后金额", 2000}, {"税额", 2000}, {"含税金额", 2000},
+};
+constexpr int FirstSum = 3;
+constexpr const char* Sums[] = {"SumMoneyy", "SumMoneyyDiscount", "SumTax", "SumMoneyyTax"};
+
+constexpr ListTraits::Tool Tools[] = {
+    {"ToolOldBill", "原单"}, {"ToolInf", "明细"}, {"ToolOK", "调入"}, {"ToolFiltre", "过滤"}, {"ToolPrint", "打印"}, {"ToolExit", "退出"},
+};
+
+constexpr ListTraits Traits{"frmGouDuiTogather",
+                            "开票金额汇总表",
+                            "汇总",
+                            "注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
+                            "YYYY-MMM-DD",
+                            Tools};
+
+// Orders of screens that share these lists and lay them out themselves.
+constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询",
+                                         "销售订单查询",     "采购订单调入查询", "采购订单查询"};
+
+constexpr char DetailTitle[] = "开票勾对明细显示";
+
+} // namespace
+
+frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSession, Traits)
+{
+  onTool("ToolInf", [this] { ToolInf_Click(); });
+  MSH->onDoubleClick = [this] {
+    if (find("ToolInf")->isVisible())
+      ToolInf_Click();
+  };
+}
+
+std::span<const ListColumn> frmGouDuiTogather::columns() const
+{
+  for (const char* const order : ForeignOrders)
+    if (session.params.OperateType == order)
+      return {};
+  return Columns;
+}
+
+QString frmGouDuiTogather::statement(const Source& source) const
+{
+  const QString& H = source.header;
+  const QString& L = source.line;
+  return "  select " + H + ".UnitCode as UnitCode " + " ," + H + ".UnitName as UnitName " + " ,sum(" + L + ".Moneyy) as SumMoneyy " +
+         " ,sum(" + L + ".Moneyy_Discount) as SumMoneyyDiscount " + " ,sum(" + L + ".Tax) as SumTax " + " ,sum(" + L +
+         ".Moneyy_Tax) as sumMoneyyTax " + source.fromWhere() + " group by " + H + ".UnitCode," + H + ".UnitName  " + " order by " + H +
+         ".UnitCode ";
+}
+
+void frmGouDuiTogather::FillMSH(const QString& sql)
+{
+  if (columns().empty())
+    return;
+  desk().setBusy(true);
+  emptyGrid();
+  SetGridHead();
+  Recordset rs = OpenRecordset(session, sql);
+  if (rs.eof() || rs.field("SumMoneyy").isNull())
+    tellNoData();
+  else
+    showPartners(rs);
+  desk().setBusy(false);
+}
+
+void frmGouDuiTogather::showPartners(Recordset& rs)
+{
+  QList<QStringList> lines;
+  for (; !rs.eof(); rs.moveNext()) {
+    QStringList line{QString(), rs.text("UnitCode"), rs.text("UnitName")};
+    for (const char* const sum : Sums)
+      line.append(ModFuntion::FormatDotText(rs.field(sum), session.DotSet.DotMoney));
+    lines.append(line);
+  }
+  lines.append(QStringList());
+  MSH->setBlock(1, lines);
+  headTotals();
+  addUp();
+}
+
+// The totals are sums of what the rows show, rounding included.
+void frmGouDuiTogather::addUp()
+{
+  const int totals = MSH->rows() - 1;
+  for (int col = FirstSum; col < MSH->cols(); ++col) {
+    Currency sum;
+    for (int row = 1; row < totals; ++row)
+      sum += ModFuntion::MoneyOf(MSH->text(row, col));
+    MSH->setText(totals, col, ModFuntion::FormatDotText(sum, session.DotSet.DotMoney));
+  }
+}
+
+void frmGouDuiTogather::ToolInf_Click()
+{
+  if (!isOnRow())
+    return;
+  if (!m_detail || !m_detail->isOpen())
+    m_detail = std::make_unique<frmGouDui>(session);
+  m_detail->load();
+  copyConditions(*m_detail);
+  m_detail->LabTabName->setCaption(DetailTitle);
+  m_detail->setCaption(DetailTitle);
+  m_detail->CmdQuery_Click();
+  m_detail->FrameCondition->setEnabled(false);
+  desk().show(*m_detail);
+}
+
+// The partner is the row's; its code and name are prefixes there, so that others may come with it.
+void frmGouDuiTogather::copyConditions(frmGouDui& detail)
+{
+  detail.TxtBillCode->setText(TxtBillCode->text());
+  detail.TxtDateeFrom->setText(TxtDateeFrom->text());
+  detail.TxtDateeTo->setText(TxtDateeTo->text());
+  detail.ChZZSFP->setChecked(ChZZSFP->isChecked());
+  detail.ChPTFP->setChecked(ChPTFP->isChecked());
+  detail.ChSJ->setChecked(ChSJ->isChecked());
+  detail.TxtUnitCode->setText(Trim(MSH->text(MSH->row(), 1)));
+  detail.TxtUnitName->setText(Trim(MSH->text(MSH->row(), 2)));
+  detail.CombBillType->setText(CombBillType->text());
+  detail.CombShowType->setText(CombShowType->text());
+}
+
+// The run ends with this screen, and the detail with the run.
+void frmGouDuiTogather::onUnload()
+{
+  if (m_detail)
+    m_detail->close();
+  GoodsLineForm::onUnload();
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "settlement/frmGouDui.h"
+
+// The invoice summary: the lines of invoice matching, summed for each trading partner. A row leads to
+// its lines on frmGouDui, which can then only be looked at.
+class frmGouDuiTogather : public GoodsLineForm {
+  Q_OBJECT
+
+public:
+  explicit frmGouDuiTogather(Session& ofSession);
+
+protected:
+  QString statement(const Source& source) const override;
+  void FillMSH(const QString& sql) override;
+  std::span<const ListColumn> columns() const override;
+  void onUnload() override;
+
+private:
+  void showPartners(Recordset& rs);
+  void addUp();
+  void ToolInf_Click();
+  void copyConditions(frmGouDui& detail);
+
+  std::unique_ptr<frmGouDui> m_detail;
+};
