@@ -11,13 +11,29 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
-// Rows of the usual height get the room that a line of Chinese text needs, the others grow with them.
+// Rows of the usual height get the room that a line of Chinese text needs, and the columns grow in step:
+// a bill's code fits into the column that is made for it.
+constexpr int TwipsPerPixel = 12;
 constexpr int UsualRowPixels = 24;
+
+// A cell that has a colour of its own keeps it in the row that is marked.
+class CellDelegate : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+  {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const QVariant color = index.data(Qt::ForegroundRole); color.isValid())
+      option->palette.setColor(QPalette::HighlightedText, color.value<QColor>());
+  }
+};
 
 } // namespace
 
@@ -44,6 +60,7 @@ GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
 void GridBinding::prepareView()
 {
   m_view.setModel(&m_model);
+  m_view.setItemDelegate(new CellDelegate(&m_view));
   m_view.viewport()->installEventFilter(this);
   m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   m_view.setSelectionMode(QAbstractItemView::SingleSelection);

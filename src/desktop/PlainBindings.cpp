@@ -48,6 +48,9 @@ void ButtonBinding::show()
 {
   SelfActingBinding::show();
   m_button.setText(control().caption());
+  // A text takes the key of its own letter, or none.
+  if (const QKeySequence key = Actions::shortcut(control()); !key.isEmpty())
+    m_button.setShortcut(key);
   if (const auto* const box = qobject_cast<const CheckBox*>(&control()))
     m_button.setChecked(box->isChecked());
 }

@@ -304,9 +304,11 @@ void DesktopStage::modalStands(QWidget& window)
 Face DesktopStage::reach(const ControlName& name)
 {
   const Face face = Widgets::reach(name);
-  if (!face.window->isActiveWindow()) {
+  // The list of a drop-down that has gone keeps the focus until another window gets it.
+  const auto isInFront = [&] { return QApplication::activePopupWidget() || QApplication::activeWindow() == face.window; };
+  if (!isInFront()) {
     face.window->activateWindow();
-    if (!QTest::qWaitForWindowActive(face.window))
+    if (!QTest::qWaitFor(isInFront))
       throw Unmet(QStringLiteral("the window of %1 does not come to the front").arg(topForm()));
   }
   return face;

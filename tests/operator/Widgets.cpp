@@ -55,6 +55,9 @@ QWidget* topWindow()
 {
   if (QWidget* const modal = QApplication::activeModalWidget(); modal && isForm(*modal))
     return modal;
+  // Of several windows side by side, the one that came to the front.
+  if (QWidget* const active = QApplication::activeWindow(); active && active->isVisible() && isForm(*active))
+    return active;
   const QList<QWidget*> open = windows();
   return open.isEmpty() ? nullptr : open.last();
 }
