@@ -3,6 +3,7 @@
 #include "desktop/Appearance.h"
 #include "ui_BillFoot.h"
 #include "ui_BillHead.h"
+#include "ui_BillPartner.h"
 #include "ui_BillTotal.h"
 #include "ui_LoadingPanel.h"
 
@@ -13,6 +14,11 @@ BillHead::BillHead(QWidget* parent) : QWidget(parent)
   Appearance::stamp(*design.LabState);
   // The date that the bill was stored with stands behind the picker as plain text.
   Appearance::blend(*design.TxtDate);
+}
+
+BillPartner::BillPartner(QWidget* parent) : QGroupBox(parent)
+{
+  Ui::BillPartner().setupUi(this);
 }
 
 BillFoot::BillFoot(QWidget* parent) : QWidget(parent)

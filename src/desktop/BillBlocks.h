@@ -15,6 +15,14 @@ public:
   explicit BillHead(QWidget* parent);
 };
 
+// The trading partner, the salesman and the memo.
+class BillPartner : public QGroupBox {
+  Q_OBJECT
+
+public:
+  explicit BillPartner(QWidget* parent);
+};
+
 // Maker, auditor, and what else happens at a save.
 class BillFoot : public QWidget {
   Q_OBJECT

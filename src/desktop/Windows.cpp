@@ -1,6 +1,9 @@
 #include "desktop/Windows.h"
 
+#include "ui_frmBankKeepTake.h"
 #include "ui_frmCode.h"
+#include "ui_frmFeeElseIncome.h"
+#include "ui_frmFeeSustain.h"
 #include "ui_frmGouDui.h"
 #include "ui_frmPayfund.h"
 #include "ui_frmSFKHeXiao.h"
@@ -26,6 +29,10 @@ struct Maker {
 
 constexpr Maker Makers[] = {
     {"frmPayfund", design<Ui::frmPayfund, QMainWindow>},
+    {"frmGathefund", design<Ui::frmPayfund, QMainWindow>},
+    {"frmBankKeepTake", design<Ui::frmBankKeepTake, QMainWindow>},
+    {"frmFeeElseIncome", design<Ui::frmFeeElseIncome, QMainWindow>},
+    {"frmFeeSustain", design<Ui::frmFeeSustain, QMainWindow>},
     {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
     {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
     {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
