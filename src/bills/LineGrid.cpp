@@ -60,6 +60,8 @@ void LineGrid::applyDefaultLayout()
     m_grid.setColWidth(col, DefaultWidths[col]);
     m_grid.setText(0, col, headings[col]);
   }
+  // A code is no amount, though it is all figures.
+  m_grid.setColAlignment(AccountCode, Grid::AlignLeft);
 }
 
 bool LineGrid::isOnLine() const
