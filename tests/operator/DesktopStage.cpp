@@ -505,6 +505,7 @@ QStringList DesktopStage::tree(const ControlName& name)
 
 void DesktopStage::screenshot(const QString& path)
 {
+  settle();
   QWidget* const window = Widgets::topWindow();
   if (!window)
     throw Unmet(QStringLiteral("no form is open"));
