@@ -90,6 +90,24 @@ TEST_F(GridTest, EveryCellHasATextAndOutsideThereIsNone)
   EXPECT_EQ(grid.rows(), 16);
 }
 
+TEST_F(GridTest, RowsOnDemandAreAskedForTheirTextsUntilTheyAreWrittenTo)
+{
+  QString mark = u"a"_s;
+  grid.setRowsOnDemand(1, 20, [&](int row, int col) { return u"%1%2,%3"_s.arg(mark).arg(row).arg(col); });
+  EXPECT_EQ(grid.rows(), 21);
+  grid.addRow();
+  grid.setText(3, 1, u"own"_s);
+  mark = u"b"_s;
+  grid.removeRow(2);
+  EXPECT_EQ(grid.text(1, 4) + grid.text(3, 0) + grid.text(19, 4), u"b0,4b3,0b19,4"_s);
+  EXPECT_EQ(grid.text(2, 0) + grid.text(2, 1), u"a2,0own"_s) << "what was written to stays as it was then";
+  EXPECT_EQ(grid.text(20, 1), u""_s);
+  grid.setCols(7);
+  EXPECT_EQ(grid.text(2, 6) + grid.text(3, 6), u"b3,6"_s);
+  grid.clear();
+  EXPECT_EQ(grid.text(1, 1), u""_s);
+}
+
 TEST_F(GridTest, ARemovedRowTakesItsColourAndLeavesTheOthersTheirs)
 {
   for (int row = 1; row <= 3; ++row) {
