@@ -62,6 +62,7 @@ protected:
   virtual QString voucherKind() const { return billName(); }
   virtual void FJXCAccount_Click();
   virtual void ShowPartnerInfo() {}
+  virtual void openWriteOff() {}
 
   // Checks of a save that several forms have.
   bool operatorMayEdit() { return mayDo(RightKind::Edit); }

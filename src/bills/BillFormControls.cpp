@@ -125,7 +125,7 @@ void BillForm::buildToolbar()
       {"ToolDeleteRow", "删除行", &BillForm::DeleteLineRow, "", Feature::Lines},
       {"ToolRedWord", "作废", &BillForm::VoidBill},
       {"ToolSeeWarrent", "凭证", &BillForm::ShowVoucher},
-      {"ToolHX", "核销", nullptr, "", Feature::WriteOff},
+      {"ToolHX", "核销", &BillForm::openWriteOff, "", Feature::WriteOff},
       {"ToolPrint", "打印", &BillForm::popUpPrintMenu},
       {nullptr, "资料", &BillForm::ShowPartnerInfo, "", Feature::Partner},
       {"ToolImg", "图文", nullptr},

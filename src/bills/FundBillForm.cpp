@@ -12,8 +12,8 @@ const QString BalanceHeading = QStringLiteral("截止当日尚欠：");
 
 } // namespace
 
-FundBillForm::FundBillForm(Session& ofSession, const BillTraits& traits, int balanceSign)
-    : PartnerBillForm(ofSession, traits), m_balanceSign(balanceSign)
+FundBillForm::FundBillForm(Session& ofSession, const BillTraits& traits, int balanceSign, const WriteOff::Kind& writeOff)
+    : PartnerBillForm(ofSession, traits), m_balanceSign(balanceSign), m_writeOff(writeOff)
 {
   buildPartner();
   TxtName->onChange = [this] { RefreshBalanceLabel(); };
@@ -45,4 +45,9 @@ void FundBillForm::RefreshBalanceLabel()
   const Currency balance = GetOutstandingBalance(session, code, DTPDate->date(), currency, IsAuditedOnly(session)).EndBalance;
   const Currency shown = m_balanceSign < 0 ? -balance : balance;
   LabFundAttention->setCaption(BalanceHeading + FormatDotText(shown, session.DotSet.DotMoney) + "元");
+}
+
+void FundBillForm::openWriteOff()
+{
+  WriteOff::open(session, m_writeOff, {TxtBillCode->text(), LabTotalMoney->caption(), TxtCode->text(), TxtName->text(), DTPDate->date()});
 }

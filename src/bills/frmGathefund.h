@@ -8,7 +8,7 @@ class frmGathefund : public FundBillForm {
   Q_OBJECT
 
 public:
-  explicit frmGathefund(Session& ofSession) : FundBillForm(ofSession, ReceiptTraits, 1) {}
+  explicit frmGathefund(Session& ofSession) : FundBillForm(ofSession, ReceiptTraits, 1, WriteOff::Receipt) {}
 
 protected:
   QList<SaveCheck> saveChecks() const override;

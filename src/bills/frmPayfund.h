@@ -7,7 +7,7 @@ class frmPayfund : public FundBillForm {
   Q_OBJECT
 
 public:
-  explicit frmPayfund(Session& ofSession) : FundBillForm(ofSession, PaymentTraits, -1) {}
+  explicit frmPayfund(Session& ofSession) : FundBillForm(ofSession, PaymentTraits, -1, WriteOff::Payment) {}
 
 protected:
   QList<SaveCheck> saveChecks() const override;

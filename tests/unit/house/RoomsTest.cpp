@@ -26,7 +26,7 @@ const QList<std::pair<QString, QStringList>> Known{
     {u"pickers"_s, {u"database"_s, u"platform"_s, u"screen"_s, u"session"_s}},
     {u"printing"_s, {u"platform"_s, u"session"_s}},
     {u"settlement"_s, {u"database"_s, u"ledger"_s, u"pickers"_s, u"platform"_s, u"screen"_s, u"session"_s}},
-    {u"bills"_s, {u"ledger"_s, u"pickers"_s, u"platform"_s, u"printing"_s, u"screen"_s, u"session"_s, u"vouchers"_s}},
+    {u"bills"_s, {u"ledger"_s, u"pickers"_s, u"platform"_s, u"printing"_s, u"screen"_s, u"session"_s, u"settlement"_s, u"vouchers"_s}},
     {u"desktop"_s, {u"screen"_s}},
     {u"program"_s, {u"bills"_s, u"desktop"_s, u"platform"_s, u"session"_s, u"settlement"_s}},
 };
