@@ -169,10 +169,12 @@ bool GridBinding::eventFilter(QObject* watched, QEvent* event)
 {
   if (watched != m_view.viewport() || formWindow().isClosed())
     return SelfActingBinding::eventFilter(watched, event);
-  const auto* const mouse = static_cast<const QMouseEvent*>(event);
   switch (event->type()) {
-  case QEvent::MouseButtonPress: return mousePressed(mouse->position().toPoint(), mouse->button(), false);
-  case QEvent::MouseButtonDblClick: return mousePressed(mouse->position().toPoint(), mouse->button(), true);
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonDblClick: {
+    const auto* const mouse = static_cast<const QMouseEvent*>(event);
+    return mousePressed(mouse->position().toPoint(), mouse->button(), event->type() == QEvent::MouseButtonDblClick);
+  }
   case QEvent::MouseMove:
   case QEvent::MouseButtonRelease: return true;
   case QEvent::Wheel: {
