@@ -64,6 +64,8 @@ bool startsWithOneOf(const QString& path, const QStringList& beginnings)
 QStringList brokenBans(const File& file)
 {
   QStringList complaints;
+  if (file.isPicture())
+    return complaints;
   for (const Ban& ban : Bans) {
     const bool headersOnly = ban.instead.endsWith(u"(headers only)"_s);
     if ((!ban.in.isEmpty() && !startsWithOneOf(file.path, ban.in)) || startsWithOneOf(file.path, ban.exceptIn) ||
