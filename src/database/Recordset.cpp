@@ -68,3 +68,11 @@ const RowSet& Recordset::rows() const
   requireOpen();
   return m_rows;
 }
+
+RowSet Recordset::takeRows()
+{
+  requireOpen();
+  RowSet taken = std::move(m_rows);
+  close();
+  return taken;
+}

@@ -34,6 +34,8 @@ public:
 
   // All rows, for a list that shows them as they are.
   const RowSet& rows() const;
+  // The same, taken over by a list that keeps them; the recordset is closed behind it.
+  RowSet takeRows();
 
 private:
   void requireOpen() const;

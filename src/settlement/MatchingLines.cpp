@@ -46,7 +46,7 @@ constexpr Field Fields[MatchingLines::ColumnCount] = {
 
 } // namespace
 
-MatchingLines::MatchingLines(Session& session, const RowSet& rows) : m_rows(rows), m_decimals(session.DotSet)
+MatchingLines::MatchingLines(Session& session, RowSet rows) : m_rows(std::move(rows)), m_decimals(session.DotSet)
 {
   findColumns();
   markFirstLines();

@@ -16,7 +16,7 @@ public:
   enum Column { BillCode = 1, Num = 7, GouDui = 24, ColumnCount };
 
   // Looks up the names of the attributes that the lines have.
-  MatchingLines(Session& session, const RowSet& rows);
+  MatchingLines(Session& session, RowSet rows);
 
   int count() const { return int(m_rows.rows()); }
   // What a column of the list shows of a line, counted from 0. What belongs to the bill shows on its

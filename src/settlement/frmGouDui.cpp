@@ -64,17 +64,17 @@ void frmGouDui::FillMSH(const QString& sql)
   desk().setBusy(true);
   emptyGrid();
   SetGridHead();
-  const Recordset rs = OpenRecordset(session, sql);
+  Recordset rs = OpenRecordset(session, sql);
   if (rs.eof())
     tellNoData();
   else
-    showLines(rs);
+    showLines(rs.takeRows());
   desk().setBusy(false);
 }
 
-void frmGouDui::showLines(const Recordset& rs)
+void frmGouDui::showLines(RowSet rows)
 {
-  const auto lines = std::make_shared<MatchingLines>(session, rs.rows());
+  const auto lines = std::make_shared<MatchingLines>(session, std::move(rows));
   const int shown = qMin(lines->count(), MostLines);
   MSH->setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
   MSH->addRow();

@@ -17,7 +17,7 @@ protected:
   std::span<const ListColumn> columns() const override;
 
 private:
-  void showLines(const Recordset& rs);
+  void showLines(RowSet rows);
   void MSH_Click();
   QString billCodeOf(int row) const;
 };
