@@ -17,9 +17,11 @@ public:
     Recordset recordset; // not open if the statement gives no rows or failed
     std::unique_ptr<DatabaseError> error;
   };
-  // Runs one statement on the open connection.
+  // Runs one statement on the open connection. One that was dropped is made anew, once, if the statement
+  // cannot have done anything yet; otherwise the failure is told and the holder is no longer open.
   Outcome run(const QString& sql);
 
 private:
   std::unique_ptr<Engine> m_engine;
+  QString m_text; // by which it was opened
 };

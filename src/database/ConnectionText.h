@@ -1,10 +1,12 @@
 #pragma once
 
+#include "database/ServerPlace.h"
+
 #include <QHash>
 #include <QString>
-#include <optional>
 
-// A connection text read back: the words between its ";", each a name and a value.
+// A connection text read back: the words between its ";", each a name and a value. A value may stand
+// in braces, and then holds what it likes.
 class ConnectionText {
 public:
   explicit ConnectionText(const QString& text);
@@ -18,6 +20,8 @@ public:
   bool isDriver() const { return m_values.contains(QStringLiteral("driver")); }
   // Full path of the file of a Jet text, with this system's separators.
   QString filePath() const;
+  // Where the database of a driver text is, and who asks for it.
+  ServerPlace server() const;
 
 private:
   QHash<QString, QString> m_values;

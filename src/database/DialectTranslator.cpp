@@ -23,7 +23,26 @@ bool hasBrokenCharacter(QStringView sql)
   return false;
 }
 
-QString refusalOf(QStringView sql, const Tokens& tokens)
+bool isPlain(const SqlToken& token)
+{
+  return token.kind == SqlToken::Number || token.kind == SqlToken::Symbol ||
+         (token.kind == SqlToken::Word && token.text[0] != u'"' && token.text[0] != u'[');
+}
+
+// A driver reads {...} as its own words; PostgreSQL reads $...$ and E'...' as quotes.
+QString refusalOfSigns(const Tokens& tokens, Target target)
+{
+  for (std::size_t at = 0; at < tokens.size(); ++at) {
+    const SqlToken& token = tokens[at];
+    const bool opensEscapes = target == Target::PostgreSql && token.isWord(QLatin1String("e")) && at + 1 < tokens.size() &&
+                              tokens[at + 1].kind == SqlToken::Text && tokens[at + 1].text.data() == token.text.data() + 1;
+    if (opensEscapes || (isPlain(token) && (token.text.contains(u'{') || (target == Target::PostgreSql && token.text.contains(u'$')))))
+      return QStringLiteral("语句含有无效字符：%1").arg(token.text.left(60).toString());
+  }
+  return {};
+}
+
+QString refusalOf(QStringView sql, const Tokens& tokens, Target target)
 {
   if (hasBrokenCharacter(sql))
     return QStringLiteral("语句含有无效字符");
@@ -42,7 +61,7 @@ QString refusalOf(QStringView sql, const Tokens& tokens)
   for (std::size_t at = 0; at < tokens.size(); ++at)
     if (tokens[at].isSymbol(u';') && at + 1 < tokens.size())
       return QStringLiteral("一次只允许一条语句");
-  return {};
+  return target == Target::Embedded ? QString() : refusalOfSigns(tokens, target);
 }
 
 // Position of the bracket that closes the one at `open`; nothing if it is missing.
@@ -77,10 +96,17 @@ bool isShortForm(QStringView token)
   return true;
 }
 
+// "[Name]" or "\"Name\"" as the server keeps it.
+QString quotedName(QStringView token)
+{
+  const QString inside = token.sliced(1, token.size() - 2).toString().toLower();
+  return u'"' + (token[0] == u'[' ? QString(inside).replace(u'"', QStringLiteral("\"\"")) : inside) + u'"';
+}
+
 // Collects what changes of a statement, and writes the statement with it.
 class Rewriter {
 public:
-  Rewriter(QStringView sql, const Tokens& tokens) : m_sql(sql), m_tokens(tokens) {}
+  Rewriter(QStringView sql, const Tokens& tokens, Target target) : m_sql(sql), m_tokens(tokens), m_target(target) {}
 
   QString rewritten()
   {
@@ -130,6 +156,20 @@ private:
       rewriteConvert(at, *convert);
     else if (m_tokens[at].isWord(QLatin1String("select")))
       rewriteTop(at);
+    else if (m_target == Target::PostgreSql)
+      rewriteForPostgreSql(at);
+  }
+
+  // PostgreSQL: names in quotes are not folded to small letters, and a backslash in a pattern is a sign
+  // of its own.
+  void rewriteForPostgreSql(std::size_t at)
+  {
+    const QStringView text = m_tokens[at].text;
+    if (text[0] == u'[' || text[0] == u'"')
+      replace(at, quotedName(text));
+    else if (m_tokens[at].isWord(QLatin1String("like")) && at + 1 < m_tokens.size() && m_tokens[at + 1].kind == SqlToken::Text &&
+             m_tokens[at + 1].text.contains(u'\\'))
+      replace(at + 1, m_tokens[at + 1].text.toString().replace(u'\\', QStringLiteral("\\\\")));
   }
 
   // Whether a function call of this name starts at `at`; then the position of its opening bracket.
@@ -212,17 +252,19 @@ private:
 
   QStringView m_sql;
   const Tokens& m_tokens;
+  Target m_target;
   std::vector<Edit> m_edits;
 };
 
 } // namespace
 
-Translation forEmbedded(const QString& sql)
+Translation translate(const QString& sql, Target target)
 {
   const Tokens tokens = SqlTokens::read(sql);
-  if (const QString refusal = refusalOf(sql, tokens); !refusal.isEmpty())
+  if (const QString refusal = refusalOf(sql, tokens, target); !refusal.isEmpty())
     return {{}, refusal};
-  return {Rewriter(sql, tokens).rewritten(), {}};
+  const bool isQuery = tokens.front().isWord(QLatin1String("select"));
+  return {target == Target::SqlServer ? sql : Rewriter(sql, tokens, target).rewritten(), {}, isQuery};
 }
 
 } // namespace DialectTranslator

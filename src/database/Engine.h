@@ -16,6 +16,9 @@ struct StatementResult {
   bool isQuery = false;
   RowSet rows;
   std::unique_ptr<DatabaseError> error;
+  // With an error: the connection was lost and nothing was done, so that the statement may be sent once
+  // more over a new one.
+  bool isRepeatable = false;
 
   static StatementResult failed(int number, const QString& description);
 };

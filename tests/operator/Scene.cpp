@@ -1,6 +1,5 @@
 #include "Scene.h"
 
-#include "SideDatabase.h"
 #include "Unmet.h"
 #include "platform/DateText.h"
 #include "session/ModChangeStr.h"
@@ -12,7 +11,6 @@
 
 namespace {
 
-constexpr char AccountSetName[] = "A001.mdb";
 constexpr int DirectiveCount = 5;
 
 QString directiveKey(int index)
@@ -60,8 +58,8 @@ private:
   ThisMachine m_real;
 };
 
-Scene::Scene(const QString& folder, const QString& shelf)
-    : m_folder(folder), m_shelf(shelf), m_machine(std::make_unique<RecordingMachine>(folder))
+Scene::Scene(const QString& folder, std::unique_ptr<AccountSetGround> ground)
+    : m_folder(folder), m_ground(std::move(ground)), m_machine(std::make_unique<RecordingMachine>(folder))
 {
   for (const char* name : {"Data", "PrintTemp", "TempFile"})
     require(QDir(folder).mkpath(QString::fromLatin1(name)), QStringLiteral("make the folder %1").arg(file(name)));
@@ -79,27 +77,16 @@ QString Scene::file(const QString& name) const
   return QDir(m_folder).filePath(QString(name).replace(u'\\', u'/'));
 }
 
-QString Scene::accountSetPath() const
-{
-  return file(QStringLiteral("Data/") + AccountSetName);
-}
-
 void Scene::makeAccountSet(AccountSet::Content content)
 {
-  const QString kept = QDir(m_shelf).filePath(content == AccountSet::Content::Demo ? "demo" : "empty");
-  if (!QFile::exists(kept)) {
-    const QString why = AccountSet::create(kept, content);
-    require(why.isEmpty(), QStringLiteral("make an account set: %1").arg(why));
-  }
-  QFile::remove(accountSetPath());
-  require(QFile::copy(kept, accountSetPath()), QStringLiteral("copy the account set"));
+  m_ground->make(content);
 }
 
 QList<QStringList> Scene::runSql(const QString& sql)
 {
-  if (!QFile::exists(accountSetPath()))
+  if (!m_ground->stands())
     makeAccountSet(AccountSet::Content::Empty);
-  return SideDatabase::run(accountSetPath(), sql);
+  return m_ground->run(sql);
 }
 
 void Scene::setClock(const QDateTime& now)
@@ -129,18 +116,15 @@ QString Scene::valueOf(const QString& key, const QStringList& directives) const
   for (int i = 0; i < DirectiveCount; ++i)
     if (key == directiveKey(i))
       return directives.value(i);
-  const QHash<QString, QString> unlessTold = {
-      {"DatabaseType", "Access"},
-      {"ConDataName", AccountSetName},
-      {"UserName", "系统管理员"},
-      {"OperateDate", DateText::shortForm(m_machine->today())},
-  };
+  QHash<QString, QString> unlessTold = m_ground->sessionKeys();
+  unlessTold.insert("UserName", "系统管理员");
+  unlessTold.insert("OperateDate", DateText::shortForm(m_machine->today()));
   return m_session.value(key, unlessTold.value(key));
 }
 
 void Scene::writeParameters(const QStringList& directives)
 {
-  if (!QFile::exists(accountSetPath()))
+  if (!m_ground->stands())
     makeAccountSet(AccountSet::Content::Empty);
   QByteArray content;
   for (const QString& key : ModReadWriteParameters::keys())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accountset/AccountSet.h"
+#include "AccountSetGround.h"
 #include "support/FixedMachine.h"
 
 #include <QHash>
@@ -18,9 +18,8 @@ public:
     QStringList directives; // always five
   };
 
-  // The folder is new and empty; `shelf` is a folder in which finished account sets are kept for
-  // the scripts that follow.
-  Scene(const QString& folder, const QString& shelf);
+  // The folder is new and empty.
+  Scene(const QString& folder, std::unique_ptr<AccountSetGround> ground);
   ~Scene();
 
   Machine& machine();
@@ -48,11 +47,10 @@ public:
 private:
   class RecordingMachine;
 
-  QString accountSetPath() const;
   QString valueOf(const QString& key, const QStringList& directives) const;
 
   QString m_folder;
-  QString m_shelf;
+  std::unique_ptr<AccountSetGround> m_ground;
   std::unique_ptr<RecordingMachine> m_machine;
   QHash<QString, QString> m_session;
 };

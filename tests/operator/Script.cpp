@@ -246,7 +246,9 @@ Script::For playedForOf(const QString& firstLine)
   const QString line = PlaceText::cut(firstLine);
   if (line == u"# view model only")
     return Script::For::ViewModelOnly;
-  return line == u"# desktop only" ? Script::For::DesktopOnly : Script::For::BothWays;
+  if (line == u"# file only")
+    return Script::For::FileOnly;
+  return line == u"# desktop only" ? Script::For::DesktopOnly : Script::For::Everywhere;
 }
 
 } // namespace

@@ -90,9 +90,9 @@ struct ScriptError : std::runtime_error {
 
 // A script that has been read: what is to be done, line by line. Reading plays nothing.
 struct Script {
-  enum class For { BothWays, ViewModelOnly, DesktopOnly };
+  enum class For { Everywhere, ViewModelOnly, DesktopOnly, FileOnly };
 
-  For playedFor = For::BothWays;
+  For playedFor = For::Everywhere;
   QList<Directive> directives;
 
   // Reads UTF-8 text, with or without a mark at its start, lines ended by LF or CR LF. ScriptError

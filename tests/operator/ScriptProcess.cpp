@@ -50,6 +50,18 @@ private:
   int m_descriptor;
 };
 
+// Whether the script can be played this way.
+bool isMeant(const Script& script, const Task& task)
+{
+  switch (script.playedFor) {
+  case Script::For::Everywhere: return true;
+  case Script::For::ViewModelOnly: return !task.desktop;
+  case Script::For::DesktopOnly: return task.desktop;
+  case Script::For::FileOnly: return !task.server;
+  }
+  return true;
+}
+
 Result playHere(const Task& task, const Report& report)
 {
   QFile file(task.script);
@@ -57,9 +69,10 @@ Result playHere(const Task& task, const Report& report)
     return {Outcome::Failed, 0, QStringLiteral("cannot read the script")};
   try {
     const Script script = Script::read(file.readAll());
-    if (script.playedFor == (task.desktop ? Script::For::ViewModelOnly : Script::For::DesktopOnly))
+    if (!isMeant(script, task))
       return {Outcome::Skipped};
-    Scene scene(task.programFolder, task.shelf);
+    Scene scene(task.programFolder,
+                task.server ? AccountSetGround::onServer(*task.server) : AccountSetGround::onFile(task.programFolder, task.shelf));
     const auto makeStage = [&](Encounters& encounters) -> std::unique_ptr<Stage> {
       if (task.desktop)
         return std::make_unique<DesktopStage>(encounters);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "database/ServerPlace.h"
+
 #include <QString>
+#include <optional>
 
 // One script in a process of its own, so that one that crashes or hangs is a failure like any other
 // and leaves nothing to the next.
@@ -12,6 +15,7 @@ struct Task {
   QString shelf;         // where finished account sets are kept from script to script
   QString pictureFolder; // empty for no pictures
   bool desktop = false;
+  std::optional<ServerPlace> server = {}; // whose administrator makes the account sets; none for files
 };
 
 enum class Outcome { Passed, Skipped, Failed };

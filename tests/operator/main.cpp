@@ -1,3 +1,4 @@
+#include "AccountSetGround.h"
 #include "ModelStage.h"
 #include "ScriptProcess.h"
 
@@ -9,14 +10,18 @@
 
 #include <cstdio>
 
-// Plays operator scripts: operator [--desktop] [--keep DIR] SCRIPT-OR-FOLDER...
+// Plays operator scripts: operator [--desktop] [--server] [--keep DIR] SCRIPT-OR-FOLDER...
 
 namespace {
 
-constexpr char UsageText[] = "Usage: operator [--desktop] [--keep DIR] SCRIPT-OR-FOLDER...\n";
+constexpr char UsageText[] = "Usage: operator [--desktop] [--server] [--keep DIR] SCRIPT-OR-FOLDER...\n";
+
+// Where the server is; tools/with-server sets it.
+constexpr char ServerVariable[] = "ZORVEK_SERVER";
 
 struct Arguments {
   bool desktop = false;
+  std::optional<ServerPlace> server;
   QString keep;
   QStringList paths;
   bool valid = true;
@@ -29,7 +34,10 @@ Arguments readArguments(int count, char** texts)
     const QString text = QString::fromLocal8Bit(texts[i]);
     if (text == u"--desktop")
       arguments.desktop = true;
-    else if (text == u"--keep" && i + 1 < count)
+    else if (text == u"--server") {
+      arguments.server = AccountSetGround::readServer(qEnvironmentVariable(ServerVariable));
+      arguments.valid = arguments.valid && arguments.server;
+    } else if (text == u"--keep" && i + 1 < count)
       arguments.keep = QString::fromLocal8Bit(texts[++i]);
     else if (text.startsWith(u"--"))
       arguments.valid = false;
@@ -119,8 +127,8 @@ int main(int count, char** texts)
     for (const QString& script : scriptsAt(path)) {
       const QString folder = QDir(base).filePath(names.nameOf(script, path));
       QDir(folder).removeRecursively();
-      tally.add(script,
-                ScriptProcess::play({script, folder, temporary.path(), arguments.keep.isEmpty() ? QString() : base, arguments.desktop}));
+      tally.add(script, ScriptProcess::play({script, folder, temporary.path(), arguments.keep.isEmpty() ? QString() : base,
+                                             arguments.desktop, arguments.server}));
       if (arguments.keep.isEmpty())
         QDir(folder).removeRecursively();
     }

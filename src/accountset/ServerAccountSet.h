@@ -1,0 +1,24 @@
+#pragma once
+
+#include "accountset/AccountSet.h"
+#include "accountset/Place.h"
+
+// Makes account sets on a PostgreSQL server.
+namespace ServerAccountSet {
+
+// The name and the password by which the program will ask for the database.
+struct Login {
+  QString name;
+  QString password;
+};
+
+// Makes the database that `place` names, as the administrator that it names, with all tables, keys and
+// indexes, and lets `login` select, insert, update and delete there, and nothing else. A login that is not
+// there yet is made; one that is keeps its password. Empty if the database stands now, otherwise why not;
+// one that was there before is left as it was.
+QString create(const Place& place, const Login& login, AccountSet::Content content);
+
+// The same place, asked for by someone else or of another database.
+Place withDatabase(const Place& place, const QString& database);
+
+} // namespace ServerAccountSet

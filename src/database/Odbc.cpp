@@ -1,0 +1,318 @@
+#include "database/Odbc.h"
+
+#include <QStringList>
+
+#include <charconv>
+#include <sql.h>
+#include <sqlext.h>
+#include <vector>
+
+namespace {
+
+// The number of a failure for which the driver has none.
+constexpr int Unnumbered = -2147467259;
+
+SQLCHAR* bytesOf(const QByteArray& text)
+{
+  return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.constData()));
+}
+
+// A handle of the driver manager, given back with its owner.
+template <SQLSMALLINT Type> class Handle {
+public:
+  explicit Handle(SQLHANDLE parent)
+  {
+    if (!SQL_SUCCEEDED(SQLAllocHandle(Type, parent, &m_handle)))
+      m_handle = SQL_NULL_HANDLE;
+  }
+  ~Handle()
+  {
+    if (m_handle != SQL_NULL_HANDLE)
+      SQLFreeHandle(Type, m_handle);
+  }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+  SQLHANDLE get() const { return m_handle; }
+
+private:
+  SQLHANDLE m_handle = SQL_NULL_HANDLE;
+};
+
+struct Diagnosis {
+  DatabaseError error{Unnumbered, QStringLiteral("ODBC 驱动程序没有说明原因")};
+  QByteArray state;
+};
+
+Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle)
+{
+  SQLCHAR state[6] = {};
+  SQLCHAR words[2048] = {};
+  SQLINTEGER number = 0;
+  SQLSMALLINT size = 0;
+  Diagnosis diagnosis;
+  if (!SQL_SUCCEEDED(SQLGetDiagRec(type, handle, 1, state, &number, words, sizeof words, &size)))
+    return diagnosis;
+  diagnosis.state = QByteArray(reinterpret_cast<const char*>(state));
+  diagnosis.error.description = QString::fromUtf8(reinterpret_cast<const char*>(words)).trimmed();
+  if (number != 0)
+    diagnosis.error.number = number;
+  return diagnosis;
+}
+
+// What the server sends when it ends the connection itself comes as a state of its own.
+bool tellsOfLoss(const QByteArray& state)
+{
+  return state.startsWith("08") || state == "57P01" || state == "57P02" || state == "57P03" || state == "HYT01";
+}
+
+enum class Reading { Integer, Real, Text, Bytes };
+
+Reading readingOf(SQLSMALLINT type)
+{
+  switch (type) {
+  case SQL_BIT:
+  case SQL_TINYINT:
+  case SQL_SMALLINT:
+  case SQL_INTEGER:
+  case SQL_BIGINT: return Reading::Integer;
+  case SQL_NUMERIC:
+  case SQL_DECIMAL:
+  case SQL_REAL:
+  case SQL_FLOAT:
+  case SQL_DOUBLE: return Reading::Real;
+  case SQL_BINARY:
+  case SQL_VARBINARY:
+  case SQL_LONGVARBINARY: return Reading::Bytes;
+  default: return Reading::Text;
+  }
+}
+
+template <typename Number> Number numberOf(const QByteArray& text)
+{
+  Number number{};
+  std::from_chars(text.constData(), text.constData() + text.size(), number);
+  return number;
+}
+
+// Reads the rows of a statement that has been run.
+class RowReader {
+public:
+  explicit RowReader(SQLHSTMT statement) : m_statement(statement) {}
+
+  // False if the driver failed on the way.
+  bool readAll(RowSet& rows)
+  {
+    if (!describe())
+      return false;
+    rows = RowSet(m_names);
+    SQLRETURN code = SQL_SUCCESS;
+    while (SQL_SUCCEEDED(code = SQLFetch(m_statement)))
+      for (std::size_t i = 0; i < m_readings.size(); ++i)
+        if (!readValue(rows, SQLUSMALLINT(i + 1), m_readings[i]))
+          return false;
+    return code == SQL_NO_DATA;
+  }
+
+private:
+  bool describe()
+  {
+    SQLSMALLINT columns = 0;
+    if (!SQL_SUCCEEDED(SQLNumResultCols(m_statement, &columns)))
+      return false;
+    for (SQLSMALLINT i = 1; i <= columns; ++i) {
+      SQLCHAR name[256] = {};
+      SQLSMALLINT size = 0;
+      SQLSMALLINT type = 0;
+      if (!SQL_SUCCEEDED(SQLDescribeCol(m_statement, SQLUSMALLINT(i), name, sizeof name, &size, &type, nullptr, nullptr, nullptr)))
+        return false;
+      m_names.append(QString::fromUtf8(reinterpret_cast<const char*>(name)));
+      m_readings.push_back(readingOf(type));
+    }
+    return true;
+  }
+
+  bool readValue(RowSet& rows, SQLUSMALLINT column, Reading reading)
+  {
+    bool isNull = false;
+    if (!fetchBytes(column, reading == Reading::Bytes ? SQL_C_BINARY : SQL_C_CHAR, isNull))
+      return false;
+    if (isNull)
+      rows.appendNull();
+    else if (reading == Reading::Integer)
+      rows.appendInteger(numberOf<std::int64_t>(m_value));
+    else if (reading == Reading::Real)
+      rows.appendReal(numberOf<double>(m_value));
+    else
+      rows.appendText(m_value.constData(), m_value.size());
+    return true;
+  }
+
+  // A long value comes in pieces.
+  bool fetchBytes(SQLUSMALLINT column, SQLSMALLINT type, bool& isNull)
+  {
+    m_value.clear();
+    const SQLLEN room = SQLLEN(sizeof m_piece) - (type == SQL_C_CHAR ? 1 : 0);
+    while (true) {
+      SQLLEN size = 0;
+      const SQLRETURN code = SQLGetData(m_statement, column, type, m_piece, sizeof m_piece, &size);
+      if (code == SQL_NO_DATA)
+        return true;
+      if (!SQL_SUCCEEDED(code))
+        return false;
+      isNull = size == SQL_NULL_DATA;
+      if (isNull)
+        return true;
+      const bool whole = size != SQL_NO_TOTAL && size <= room;
+      m_value.append(m_piece, whole ? size : room);
+      if (whole)
+        return true;
+    }
+  }
+
+  SQLHSTMT m_statement;
+  QStringList m_names;
+  std::vector<Reading> m_readings;
+  QByteArray m_value;
+  char m_piece[4096];
+};
+
+QString inBraces(const QString& value)
+{
+  static const QString Special = QStringLiteral("[]{}(),;?*=!@");
+  const bool plain = std::none_of(value.begin(), value.end(), [](QChar c) { return Special.contains(c) || c.isSpace(); });
+  return plain ? value : u'{' + QString(value).replace(u'}', QStringLiteral("}}")) + u'}';
+}
+
+// What the registry says about a driver: the file that it is.
+QString libraryOf(SQLHENV environment, const QString& driver)
+{
+  SQLCHAR name[256];
+  SQLCHAR attributes[2048];
+  SQLSMALLINT size = 0;
+  for (SQLUSMALLINT direction = SQL_FETCH_FIRST;
+       SQL_SUCCEEDED(SQLDrivers(environment, direction, name, sizeof name, &size, attributes, sizeof attributes, &size));
+       direction = SQL_FETCH_NEXT) {
+    if (driver.compare(QString::fromUtf8(reinterpret_cast<const char*>(name)), Qt::CaseInsensitive) != 0)
+      continue;
+    // Words ended by a zero each.
+    for (const char* word = reinterpret_cast<const char*>(attributes); *word; word += qstrlen(word) + 1)
+      if (qstrnicmp(word, "driver=", 7) == 0)
+        return QString::fromUtf8(word + 7);
+  }
+  return {};
+}
+
+} // namespace
+
+struct Odbc::Handles {
+  Handle<SQL_HANDLE_ENV> environment{SQL_NULL_HANDLE};
+  std::unique_ptr<Handle<SQL_HANDLE_DBC>> connection;
+  bool connected = false;
+  bool lost = false;
+
+  ~Handles()
+  {
+    if (connected)
+      SQLDisconnect(connection->get());
+  }
+};
+
+Odbc::Odbc(std::unique_ptr<Handles> handles) : m_handles(std::move(handles)) {}
+
+Odbc::~Odbc() = default;
+
+QString Odbc::driverText(const ServerPlace& place, const QString& library)
+{
+  QStringList words = {"Driver={" + place.driver + "}"};
+  if (library.contains(QStringLiteral("psqlodbc"))) {
+    words << "Server=" + inBraces(place.host);
+    if (!place.port.isEmpty())
+      words << "Port=" + place.port;
+    // Line breaks and binary columns as they are; a server that has fallen silent is given up.
+    words << QStringLiteral("LFConversion=0;ByteaAsLongVarBinary=1;"
+                            "pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
+                            "tcp_user_timeout=20000 client_encoding=UTF8}")
+                 .arg(ConnectWait.count());
+  } else if (library.contains(QStringLiteral("tdsodbc"))) {
+    words << "Server=" + inBraces(place.host) << "Port=" + place.port << QStringLiteral("TDS_Version=7.4;ClientCharset=UTF-8");
+  } else {
+    words << "Server=" + place.host + (place.port.isEmpty() ? QString() : u',' + place.port);
+  }
+  words << "Database=" + inBraces(place.database) << "UID=" + inBraces(place.user) << "PWD=" + inBraces(place.password);
+  return words.join(u';') + u';';
+}
+
+Odbc::Opening Odbc::open(const ServerPlace& place)
+{
+  auto handles = std::make_unique<Handles>();
+  SQLHENV environment = handles->environment.get();
+  SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+  handles->connection = std::make_unique<Handle<SQL_HANDLE_DBC>>(environment);
+  SQLHDBC connection = handles->connection->get();
+  if (connection == SQL_NULL_HANDLE)
+    return {nullptr, {Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用")}};
+  SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(ConnectWait.count()), 0);
+  const QByteArray text = driverText(place, libraryOf(environment, place.driver)).toUtf8();
+  const SQLRETURN code =
+      SQLDriverConnect(connection, nullptr, bytesOf(text), SQLSMALLINT(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  if (!SQL_SUCCEEDED(code))
+    return {nullptr, diagnosisOf(SQL_HANDLE_DBC, connection).error};
+  handles->connected = true;
+  std::unique_ptr<Odbc> odbc(new Odbc(std::move(handles)));
+  if (const QString reason = odbc->setUp(); !reason.isEmpty())
+    return {nullptr, {Unnumbered, reason}};
+  return {std::move(odbc), {}};
+}
+
+// The limits of time, and quotes that end where the standard ends them. Empty if the server took them.
+QString Odbc::setUp()
+{
+  const auto milliseconds = [](std::chrono::seconds wait) { return QByteArray::number(qint64(wait.count()) * 1000); };
+  QList<QByteArray> settings;
+  if (kind() == Kind::PostgreSql)
+    settings = {"set client_encoding to 'UTF8'", "set standard_conforming_strings to on", "set lock_timeout to " + milliseconds(LockWait),
+                "set statement_timeout to " + milliseconds(StatementWait)};
+  else if (kind() == Kind::SqlServer)
+    settings = {"set lock_timeout " + milliseconds(LockWait)};
+  for (const QByteArray& setting : settings)
+    if (const StatementResult result = run(setting); result.error)
+      return result.error->description;
+  return {};
+}
+
+Odbc::Kind Odbc::kind() const
+{
+  SQLCHAR name[128] = {};
+  SQLSMALLINT size = 0;
+  SQLGetInfo(m_handles->connection->get(), SQL_DBMS_NAME, name, sizeof name, &size);
+  const QByteArray told(reinterpret_cast<const char*>(name));
+  if (told.contains("PostgreSQL"))
+    return Kind::PostgreSql;
+  return told.contains("SQL Server") ? Kind::SqlServer : Kind::Unknown;
+}
+
+StatementResult Odbc::run(const QByteArray& utf8)
+{
+  const Handle<SQL_HANDLE_STMT> statement(m_handles->connection->get());
+  SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(StatementWait.count()), 0);
+  StatementResult result;
+  SQLRETURN code = SQLExecDirect(statement.get(), bytesOf(utf8), SQLINTEGER(utf8.size()));
+  SQLSMALLINT columns = 0;
+  if (SQL_SUCCEEDED(code))
+    code = SQLNumResultCols(statement.get(), &columns);
+  result.isQuery = columns > 0;
+  // An update or delete that met no row answers SQL_NO_DATA.
+  if (code == SQL_NO_DATA || (SQL_SUCCEEDED(code) && (!result.isQuery || RowReader(statement.get()).readAll(result.rows))))
+    return result;
+  const Diagnosis diagnosis = diagnosisOf(SQL_HANDLE_STMT, statement.get());
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttr(m_handles->connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  m_handles->lost = m_handles->lost || dead == SQL_CD_TRUE || tellsOfLoss(diagnosis.state);
+  return StatementResult::failed(diagnosis.error.number, diagnosis.error.description);
+}
+
+bool Odbc::isLost() const
+{
+  return m_handles->lost;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "database/Engine.h"
+#include "database/ServerPlace.h"
+
+#include <chrono>
+#include <memory>
+
+// One connection through the machine's ODBC driver manager, with the words and the limits of time that
+// the kinds of server want. What is run goes to the server as it stands: the engine, and the makers of
+// account sets, say what may be run.
+//
+// Nothing waits without an end: connecting, a lock and a statement each have their limit, and a server
+// that has fallen silent is given up.
+class Odbc {
+public:
+  enum class Kind { PostgreSql, SqlServer, Unknown };
+
+  static constexpr std::chrono::seconds ConnectWait{5};
+  static constexpr std::chrono::seconds LockWait{10};
+  static constexpr std::chrono::seconds StatementWait{120};
+
+  struct Opening {
+    std::unique_ptr<Odbc> connection; // null if the server could not be reached or refused
+    DatabaseError error;
+  };
+  static Opening open(const ServerPlace& place);
+
+  ~Odbc();
+
+  // What the server says that it is.
+  Kind kind() const;
+  // Runs one statement, given as UTF-8, and reads its rows to their end.
+  StatementResult run(const QByteArray& utf8);
+  // True once a failure has shown that the server is gone from the other end.
+  bool isLost() const;
+
+  // The text that a driver of some library takes: each writes host and port, and its limits, in its own
+  // way. Values that need it stand in braces.
+  static QString driverText(const ServerPlace& place, const QString& library);
+
+private:
+  struct Handles;
+
+  explicit Odbc(std::unique_ptr<Handles> handles);
+  QString setUp();
+
+  std::unique_ptr<Handles> m_handles;
+};

@@ -1,0 +1,119 @@
+#include "database/PostgreSqlTypes.h"
+
+namespace PostgreSqlTypes {
+namespace {
+
+// A date is kept as its writer put it, so the type is text in all but its order.
+constexpr const char* DateType[] = {
+    "create type zdate",
+    "create function zdate_in(cstring) returns zdate as 'textin' language internal immutable strict parallel safe",
+    "create function zdate_out(zdate) returns cstring as 'textout' language internal immutable strict parallel safe",
+    "create function zdate_recv(internal) returns zdate as 'textrecv' language internal stable strict parallel safe",
+    "create function zdate_send(zdate) returns bytea as 'textsend' language internal stable strict parallel safe",
+    "create type zdate (input = zdate_in, output = zdate_out, receive = zdate_recv, send = zdate_send,"
+    " internallength = variable, storage = extended, category = 'S')",
+    "create cast (zdate as text) without function as implicit",
+    "create cast (text as zdate) without function as assignment",
+};
+
+// The day at the start of a text as a number that grows with it; null if there is none. A form or a day
+// that the program's own reading of dates would not take is none here either.
+constexpr char DayOf[] = R"(create function zdate_day(value text) returns integer as $body$
+declare
+  part text[] := regexp_match(value, '^[\s\u3000\u00a0]*(\d{4})([-/.])(\d{1,2})\2(\d{1,2})'
+    '(?:[ T]\s*(?:[01]?\d|2[0-3]):[0-5]?\d(?::[0-5]?\d)?(?:\.\d{0,9})?)?[\s\u3000\u00a0]*$');
+  y integer := part[1];
+  m integer := part[3];
+  d integer := part[4];
+begin
+  if part is null or y < 1 or m not between 1 and 12 or d < 1
+     or d > (array[31, case when y % 4 = 0 and (y % 100 <> 0 or y % 400 = 0) then 29 else 28 end,
+             31, 30, 31, 30, 31, 31, 30, 31, 30, 31])[m] then
+    return null;
+  end if;
+  return (y * 12 + m) * 31 + d;
+end $body$ language plpgsql immutable strict parallel safe)";
+
+// Days by their order, and behind them, as text, what is no day. Texts in the short form are in order as
+// they stand; the 29th to 31st are left to the slow way, which knows the lengths of months.
+constexpr char Order[] = R"(create function zdate_order(a zdate, b zdate) returns integer as $body$
+declare
+  short constant text := '^[1-9]\d{3}-(0[1-9]|1[0-2])-(0[1-9]|1\d|2[0-8])$';
+  x text := a;
+  y text := b;
+  dayx integer;
+  dayy integer;
+begin
+  if x = y then
+    return 0;
+  end if;
+  if x !~ short or y !~ short then
+    dayx := zdate_day(x);
+    dayy := zdate_day(y);
+    if dayx is not null and dayy is not null then
+      return sign(dayx - dayy);
+    elsif dayx is not null then
+      return -1;
+    elsif dayy is not null then
+      return 1;
+    end if;
+  end if;
+  return case when x < y then -1 else 1 end;
+end $body$ language plpgsql immutable strict parallel safe)";
+
+struct Comparison {
+  const char* name;
+  const char* sign;
+  const char* commutator;
+  const char* negator;
+  const char* estimate;
+};
+
+constexpr Comparison Comparisons[] = {
+    {"zdate_lt", "<", ">", ">=", "scalarltsel"},  {"zdate_le", "<=", ">=", ">", "scalarlesel"}, {"zdate_eq", "=", "=", "<>", "eqsel"},
+    {"zdate_ge", ">=", "<=", "<", "scalargesel"}, {"zdate_gt", ">", "<", "<=", "scalargtsel"},  {"zdate_ne", "<>", "<>", "=", "neqsel"},
+};
+
+QStringList comparison(const Comparison& of)
+{
+  const auto fill = [&of](const char* text) {
+    return QString::fromLatin1(text)
+        .replace(QStringLiteral("@name"), QLatin1String(of.name))
+        .replace(QStringLiteral("@sign"), QLatin1String(of.sign))
+        .replace(QStringLiteral("@commutator"), QLatin1String(of.commutator))
+        .replace(QStringLiteral("@negator"), QLatin1String(of.negator))
+        .replace(QStringLiteral("@estimate"), QLatin1String(of.estimate));
+  };
+  return {fill("create function @name(a zdate, b zdate) returns boolean as 'select zdate_order(a, b) @sign 0' language sql "
+               "immutable strict parallel safe"),
+          fill("create operator @sign (leftarg = zdate, rightarg = zdate, function = @name, commutator = @commutator, "
+               "negator = @negator, restrict = @estimate)")};
+}
+
+constexpr const char* Ordering[] = {
+    "create operator class zdate_ops default for type zdate using btree as operator 1 <, operator 2 <=, operator 3 =,"
+    " operator 4 >=, operator 5 >, function 1 zdate_order(zdate, zdate)",
+    "create function zdate_later(a zdate, b zdate) returns zdate as 'select case when a >= b then a else b end'"
+    " language sql immutable strict parallel safe",
+    "create function zdate_earlier(a zdate, b zdate) returns zdate as 'select case when a <= b then a else b end'"
+    " language sql immutable strict parallel safe",
+    "create aggregate max(zdate) (sfunc = zdate_later, stype = zdate, sortop = >)",
+    "create aggregate min(zdate) (sfunc = zdate_earlier, stype = zdate, sortop = <)",
+};
+
+} // namespace
+
+QStringList definitions()
+{
+  QStringList statements = {QStringLiteral("create extension citext")};
+  for (const char* statement : DateType)
+    statements.append(QLatin1String(statement));
+  statements << QString::fromLatin1(DayOf) << QString::fromLatin1(Order);
+  for (const Comparison& of : Comparisons)
+    statements += comparison(of);
+  for (const char* statement : Ordering)
+    statements.append(QLatin1String(statement));
+  return statements;
+}
+
+} // namespace PostgreSqlTypes

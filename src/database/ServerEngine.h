@@ -1,0 +1,19 @@
+#pragma once
+
+#include "database/Engine.h"
+#include "database/ServerPlace.h"
+
+// The server engine: a database behind the machine's ODBC driver manager. It asks the server what it is
+// and gives each its dialect.
+//
+// A statement that fails because the connection was dropped leaves the engine not open. It is marked
+// repeatable only if nothing of it can have been done: a select, or a write that was not yet sent. A
+// write that was sent is never repeated, here or by the caller.
+struct ServerEngine {
+  struct Opening {
+    std::unique_ptr<Engine> engine; // null if there is no connection
+    DatabaseError error;
+  };
+
+  static Opening open(const ServerPlace& place);
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "accountset/AccountSet.h"
+#include "database/ServerPlace.h"
+
+#include <QHash>
+#include <QList>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+// Where a script's account set stands: in a file of its program folder, or in a database of its own on
+// a server.
+class AccountSetGround {
+public:
+  static std::unique_ptr<AccountSetGround> onFile(const QString& programFolder, const QString& shelf);
+  // `administrator` may make databases there.
+  static std::unique_ptr<AccountSetGround> onServer(const ServerPlace& administrator);
+
+  virtual ~AccountSetGround() = default;
+
+  virtual bool stands() const = 0;
+  // Makes it, in place of the one that stands.
+  virtual void make(AccountSet::Content content) = 0;
+  // One statement of the account set's own engine, run beside the program with every right. Rows come as
+  // texts, NULL as "NULL" and numbers in their shortest form. Unmet with the engine's words if it fails.
+  virtual QList<QStringList> run(const QString& sql) = 0;
+  // What the parameter file says of it.
+  virtual QHash<QString, QString> sessionKeys() const = 0;
+
+  // Reads user:password@host:port.
+  static std::optional<ServerPlace> readServer(const QString& text);
+};
