@@ -71,7 +71,6 @@ void GridBinding::prepareView()
   QHeaderView* const headings = m_view.horizontalHeader();
   headings->setHighlightSections(false);
   headings->setMinimumSectionSize(1);
-  headings->setStretchLastSection(true);
   QHeaderView* const rows = m_view.verticalHeader();
   rows->setHighlightSections(false);
   rows->setSectionResizeMode(QHeaderView::Fixed);
@@ -103,6 +102,8 @@ void GridBinding::layOutColumns()
 {
   QHeaderView* const headings = m_view.horizontalHeader();
   headings->setVisible(m_grid.fixedRows() > 0 && m_grid.rowHeight(0) > 0);
+  // Amounts that end a list stay beside the others.
+  headings->setStretchLastSection(!m_grid.hasTotalsRow());
   headings->setFixedHeight(heightOf(qMax(Grid::DefaultRowHeight, m_grid.rowHeight(0))) + 2);
   for (int section = 0; section < m_model.columnCount(); ++section) {
     const int twips = m_grid.colWidth(m_model.colOf(section));

@@ -167,6 +167,7 @@ QString frmSFKHeXiao::stateCondition(const QString& table) const
 
 void frmSFKHeXiao::FillMSH(const QString& sql)
 {
+  Text2->hide();
   desk().setBusy(true);
   const Recordset rs = OpenRecordset(session, sql);
   if (rs.eof()) {

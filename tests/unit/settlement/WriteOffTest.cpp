@@ -105,6 +105,7 @@ TEST_F(WriteOffTest, ACommitIsRepeatedWithoutDoublingItsLinks)
     EXPECT_EQ(desk.takeTexts(), "核销成功！");
   });
   EXPECT_EQ(links(), "XSD1|100\nXSD2|50");
+  EXPECT_EQ(file.rows("select distinct HXDatee||'|'||SFKBillDatee from TabSFKHeXiao"), " 2022-06-08|2022-06-08");
   EXPECT_EQ(file.rows("select HXMoney from TabOutBill order by Code"), "100\n50");
 }
 
