@@ -6,7 +6,7 @@ namespace EmbeddedSchema {
 
 QString sql(std::span<const Schema::Table> tables)
 {
-  return SchemaSql::statements(tables, SchemaSql::embeddedType).join(QStringLiteral(";\n")) + QStringLiteral(";\n");
+  return SchemaSql::statements(tables, SchemaSql::Embedded).join(QStringLiteral(";\n")) + QStringLiteral(";\n");
 }
 
 } // namespace EmbeddedSchema

@@ -23,23 +23,22 @@ QString presenceOf(Presence presence)
 
 // The key is a unique constraint: as a primary key, a column of whole numbers in the file would number its
 // rows by itself, and on a server a row could not leave out its line number.
-QString tableSql(const Table& table, TypeWords typeOf)
+QString tableSql(const Table& table, const Words& words)
 {
   QStringList parts;
   for (const Column& column : table.columns)
-    parts.append(QLatin1String(column.name) + u' ' + typeOf(column.type) + presenceOf(column.presence));
+    parts.append(QLatin1String(column.name) + u' ' + words.typeOf(column.type) + presenceOf(column.presence));
   if (*table.key)
     parts.append(QStringLiteral("unique (%1)").arg(QLatin1String(table.key)));
   return QStringLiteral("create table %1 (%2)").arg(QLatin1String(table.name), parts.join(QStringLiteral(", ")));
 }
 
-QString indexSql(const Table& table, QLatin1String columns)
+QString indexSql(const Table& table, const QString& columns, QLatin1String nullsAhead)
 {
-  const QString name = QLatin1String(table.name) + u'_' + QString(columns).replace(QStringLiteral(", "), QStringLiteral("_"));
-  return QStringLiteral("create index %1 on %2 (%3)").arg(name, QLatin1String(table.name), columns);
+  const QStringList names = columns.split(QStringLiteral(", "));
+  return QStringLiteral("create index %1_%2 on %1 (%3%4)")
+      .arg(QLatin1String(table.name), names.join(u'_'), names.join(nullsAhead + QStringLiteral(", ")), nullsAhead);
 }
-
-} // namespace
 
 QString embeddedType(ColumnType type)
 {
@@ -68,14 +67,19 @@ QString serverType(ColumnType type)
   return {};
 }
 
-QStringList statements(std::span<const Table> tables, TypeWords typeOf)
+} // namespace
+
+const Words Embedded{embeddedType, ""};
+const Words Server{serverType, " nulls first"};
+
+QStringList statements(std::span<const Table> tables, const Words& words)
 {
   QStringList all;
   for (const Table& table : tables) {
-    all.append(tableSql(table, typeOf));
+    all.append(tableSql(table, words));
     for (const char* columns : table.indexes)
       if (columns)
-        all.append(indexSql(table, QLatin1String(columns)));
+        all.append(indexSql(table, QLatin1String(columns), QLatin1String(words.nullsAhead)));
   }
   return all;
 }

@@ -58,7 +58,7 @@ QString fillDatabase(const Place& place, const Login& login, AccountSet::Content
     return database.reason;
   QStringList statements = {QStringLiteral("begin")};
   statements += PostgreSqlTypes::definitions();
-  statements += SchemaSql::statements(Schema::allTables(), SchemaSql::serverType);
+  statements += SchemaSql::statements(Schema::allTables(), SchemaSql::Server);
   statements += rightsOf(place, login);
   statements += QStringLiteral("commit");
   if (const QString reason = database.store->runAll(statements); !reason.isEmpty())

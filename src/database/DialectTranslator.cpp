@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 namespace DialectTranslator {
 namespace {
@@ -124,6 +125,7 @@ private:
     qsizetype from;
     qsizetype to;
     QString text;
+    int rank = 0; // of insertions at the same place, the lower stands ahead
   };
 
   qsizetype positionOf(std::size_t token) const
@@ -167,6 +169,8 @@ private:
     const QStringView text = m_tokens[at].text;
     if (text[0] == u'[' || text[0] == u'"')
       replace(at, quotedName(text));
+    else if (m_tokens[at].isWord(QLatin1String("by")) && at > 0 && m_tokens[at - 1].isWord(QLatin1String("order")))
+      rewriteOrder(at);
     else if (m_tokens[at].isWord(QLatin1String("like")) && at + 1 < m_tokens.size() && m_tokens[at + 1].kind == SqlToken::Text &&
              m_tokens[at + 1].text.contains(u'\\'))
       replace(at + 1, m_tokens[at + 1].text.toString().replace(u'\\', QStringLiteral("\\\\")));
@@ -219,7 +223,23 @@ private:
       return;
     replace(top, {});
     replace(count, {});
-    insert(endOfSelect(count), QStringLiteral(" limit %1 ").arg(m_tokens[count].text));
+    const qsizetype end = positionOf(endOfSelect(count));
+    m_edits.push_back({end, end, QStringLiteral(" limit %1 ").arg(m_tokens[count].text), 1});
+  }
+
+  // The system's databases sort what is null ahead of all values, PostgreSQL behind them.
+  void rewriteOrder(std::size_t by)
+  {
+    const std::size_t end = endOfSelect(by);
+    int depth = 0;
+    for (std::size_t at = by + 1; at <= end; ++at) {
+      if (at < end && m_tokens[at].isSymbol(u'('))
+        ++depth;
+      else if (at < end && m_tokens[at].isSymbol(u')'))
+        --depth;
+      if (at == end || (depth == 0 && m_tokens[at].isSymbol(u',')))
+        insert(at, m_tokens[at - 1].isWord(QLatin1String("desc")) ? QStringLiteral(" nulls last ") : QStringLiteral(" nulls first "));
+    }
   }
 
   std::size_t endOfSelect(std::size_t inside) const
@@ -239,7 +259,7 @@ private:
   QString written()
   {
     std::stable_sort(m_edits.begin(), m_edits.end(),
-                     [](const Edit& a, const Edit& b) { return std::pair(a.from, a.to) < std::pair(b.from, b.to); });
+                     [](const Edit& a, const Edit& b) { return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank); });
     QString sql;
     sql.reserve(m_sql.size() + 16 * qsizetype(m_edits.size()));
     qsizetype done = 0;

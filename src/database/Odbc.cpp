@@ -177,6 +177,11 @@ private:
   char m_piece[4096];
 };
 
+qint64 seconds(std::chrono::milliseconds wait)
+{
+  return std::chrono::ceil<std::chrono::seconds>(wait).count();
+}
+
 QString inBraces(const QString& value)
 {
   static const QString Special = QStringLiteral("[]{}(),;?*=!@");
@@ -210,7 +215,11 @@ struct Odbc::Handles {
   std::unique_ptr<Handle<SQL_HANDLE_DBC>> connection;
   bool connected = false;
   bool lost = false;
+  qint64 statementWait = 0; // in seconds
 
+  Kind kind = Kind::Unknown;
+
+  Kind askKind() const;
   ~Handles()
   {
     if (connected)
@@ -222,7 +231,7 @@ Odbc::Odbc(std::unique_ptr<Handles> handles) : m_handles(std::move(handles)) {}
 
 Odbc::~Odbc() = default;
 
-QString Odbc::driverText(const ServerPlace& place, const QString& library)
+QString Odbc::driverText(const ServerPlace& place, const ServerWaits& waits, const QString& library)
 {
   QStringList words = {"Driver={" + place.driver + "}"};
   if (library.contains(QStringLiteral("psqlodbc"))) {
@@ -233,7 +242,7 @@ QString Odbc::driverText(const ServerPlace& place, const QString& library)
     words << QStringLiteral("LFConversion=0;ByteaAsLongVarBinary=1;"
                             "pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
                             "tcp_user_timeout=20000 client_encoding=UTF8}")
-                 .arg(ConnectWait.count());
+                 .arg(seconds(waits.connect));
   } else if (library.contains(QStringLiteral("tdsodbc"))) {
     words << "Server=" + inBraces(place.host) << "Port=" + place.port << QStringLiteral("TDS_Version=7.4;ClientCharset=UTF-8");
   } else {
@@ -243,7 +252,7 @@ QString Odbc::driverText(const ServerPlace& place, const QString& library)
   return words.join(u';') + u';';
 }
 
-Odbc::Opening Odbc::open(const ServerPlace& place)
+Odbc::Opening Odbc::open(const ServerPlace& place, const ServerWaits& waits)
 {
   auto handles = std::make_unique<Handles>();
   SQLHENV environment = handles->environment.get();
@@ -252,50 +261,58 @@ Odbc::Opening Odbc::open(const ServerPlace& place)
   SQLHDBC connection = handles->connection->get();
   if (connection == SQL_NULL_HANDLE)
     return {nullptr, {Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用")}};
-  SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(ConnectWait.count()), 0);
-  const QByteArray text = driverText(place, libraryOf(environment, place.driver)).toUtf8();
+  SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(waits.connect)), 0);
+  const QByteArray text = driverText(place, waits, libraryOf(environment, place.driver)).toUtf8();
   const SQLRETURN code =
       SQLDriverConnect(connection, nullptr, bytesOf(text), SQLSMALLINT(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
   if (!SQL_SUCCEEDED(code))
     return {nullptr, diagnosisOf(SQL_HANDLE_DBC, connection).error};
   handles->connected = true;
+  handles->kind = handles->askKind();
+  handles->statementWait = seconds(waits.statement);
   std::unique_ptr<Odbc> odbc(new Odbc(std::move(handles)));
-  if (const QString reason = odbc->setUp(); !reason.isEmpty())
+  if (const QString reason = odbc->setUp(waits); !reason.isEmpty())
     return {nullptr, {Unnumbered, reason}};
   return {std::move(odbc), {}};
 }
 
 // The limits of time, and quotes that end where the standard ends them. Empty if the server took them.
-QString Odbc::setUp()
+QString Odbc::setUp(const ServerWaits& waits)
 {
-  const auto milliseconds = [](std::chrono::seconds wait) { return QByteArray::number(qint64(wait.count()) * 1000); };
+  const auto number = [](std::chrono::milliseconds wait) { return QByteArray::number(qint64(wait.count())); };
   QList<QByteArray> settings;
   if (kind() == Kind::PostgreSql)
-    settings = {"set client_encoding to 'UTF8'", "set standard_conforming_strings to on", "set lock_timeout to " + milliseconds(LockWait),
-                "set statement_timeout to " + milliseconds(StatementWait)};
+    settings = {"set client_encoding to 'UTF8'", "set standard_conforming_strings to on", "set lock_timeout to " + number(waits.lock),
+                "set statement_timeout to " + number(waits.statement)};
   else if (kind() == Kind::SqlServer)
-    settings = {"set lock_timeout " + milliseconds(LockWait)};
+    settings = {"set lock_timeout " + number(waits.lock)};
   for (const QByteArray& setting : settings)
     if (const StatementResult result = run(setting); result.error)
       return result.error->description;
   return {};
 }
 
-Odbc::Kind Odbc::kind() const
+Odbc::Kind Odbc::Handles::askKind() const
 {
   SQLCHAR name[128] = {};
   SQLSMALLINT size = 0;
-  SQLGetInfo(m_handles->connection->get(), SQL_DBMS_NAME, name, sizeof name, &size);
+  SQLGetInfo(connection->get(), SQL_DBMS_NAME, name, sizeof name, &size);
   const QByteArray told(reinterpret_cast<const char*>(name));
   if (told.contains("PostgreSQL"))
     return Kind::PostgreSql;
   return told.contains("SQL Server") ? Kind::SqlServer : Kind::Unknown;
 }
 
+Odbc::Kind Odbc::kind() const
+{
+  return m_handles->kind;
+}
+
 StatementResult Odbc::run(const QByteArray& utf8)
 {
   const Handle<SQL_HANDLE_STMT> statement(m_handles->connection->get());
-  SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(StatementWait.count()), 0);
+  if (kind() != Kind::PostgreSql)
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(m_handles->statementWait), 0);
   StatementResult result;
   SQLRETURN code = SQLExecDirect(statement.get(), bytesOf(utf8), SQLINTEGER(utf8.size()));
   SQLSMALLINT columns = 0;

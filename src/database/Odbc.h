@@ -3,7 +3,6 @@
 #include "database/Engine.h"
 #include "database/ServerPlace.h"
 
-#include <chrono>
 #include <memory>
 
 // One connection through the machine's ODBC driver manager, with the words and the limits of time that
@@ -16,15 +15,11 @@ class Odbc {
 public:
   enum class Kind { PostgreSql, SqlServer, Unknown };
 
-  static constexpr std::chrono::seconds ConnectWait{5};
-  static constexpr std::chrono::seconds LockWait{10};
-  static constexpr std::chrono::seconds StatementWait{120};
-
   struct Opening {
     std::unique_ptr<Odbc> connection; // null if the server could not be reached or refused
     DatabaseError error;
   };
-  static Opening open(const ServerPlace& place);
+  static Opening open(const ServerPlace& place, const ServerWaits& waits = {});
 
   ~Odbc();
 
@@ -37,13 +32,13 @@ public:
 
   // The text that a driver of some library takes: each writes host and port, and its limits, in its own
   // way. Values that need it stand in braces.
-  static QString driverText(const ServerPlace& place, const QString& library);
+  static QString driverText(const ServerPlace& place, const ServerWaits& waits, const QString& library);
 
 private:
   struct Handles;
 
   explicit Odbc(std::unique_ptr<Handles> handles);
-  QString setUp();
+  QString setUp(const ServerWaits& waits);
 
   std::unique_ptr<Handles> m_handles;
 };

@@ -65,9 +65,9 @@ private:
 
 } // namespace
 
-ServerEngine::Opening ServerEngine::open(const ServerPlace& place)
+ServerEngine::Opening ServerEngine::open(const ServerPlace& place, const ServerWaits& waits)
 {
-  Odbc::Opening opening = Odbc::open(place);
+  Odbc::Opening opening = Odbc::open(place, waits);
   if (!opening.connection)
     return {nullptr, opening.error};
   return {std::make_unique<OdbcEngine>(std::move(opening.connection)), {}};

@@ -15,5 +15,5 @@ struct ServerEngine {
     DatabaseError error;
   };
 
-  static Opening open(const ServerPlace& place);
+  static Opening open(const ServerPlace& place, const ServerWaits& waits = {});
 };

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 // Where a database on a server is, and who asks for it.
 struct ServerPlace {
   QString driver; // as the ODBC registry of the machine names it
@@ -10,4 +12,12 @@ struct ServerPlace {
   QString database;
   QString user;
   QString password;
+};
+
+// How long is waited for what: for a server to answer at all, for a lock that another program holds, for
+// the end of one statement.
+struct ServerWaits {
+  std::chrono::milliseconds connect{5'000};
+  std::chrono::milliseconds lock{10'000};
+  std::chrono::milliseconds statement{120'000};
 };

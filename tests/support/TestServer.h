@@ -1,0 +1,41 @@
+#pragma once
+
+#include "accountset/Place.h"
+#include "accountset/ServerAccountSet.h"
+#include "accountset/Store.h"
+
+#include <optional>
+
+// The PostgreSQL server beside which the tests run (tools/with-server), if there is one.
+namespace TestServer {
+
+// Its administrator, in one of its databases.
+inline std::optional<Place> administrator(const QString& database = QStringLiteral("postgres"))
+{
+  if (!qEnvironmentVariableIsSet("ZORVEK_SERVER"))
+    return std::nullopt;
+  return Place::read(QStringLiteral("server://%1/%2").arg(qEnvironmentVariable("ZORVEK_SERVER"), database));
+}
+
+// A database with all tables, gone again with this.
+struct Database {
+  explicit Database(const QString& name, AccountSet::Content content = AccountSet::Content::Empty)
+      : administrator(*TestServer::administrator(name)), reason(ServerAccountSet::create(administrator, login, content)),
+        clerk(administrator)
+  {
+    clerk.server.user = login.name;
+    clerk.server.password = login.password;
+  }
+  ~Database()
+  {
+    if (const auto opening = Store::open(*TestServer::administrator()); opening.store)
+      opening.store->run("drop database if exists \"" + administrator.server.database + "\" with (force)");
+  }
+
+  const ServerAccountSet::Login login{QStringLiteral("clerk"), QStringLiteral("p;w}x y")};
+  const Place administrator;
+  const QString reason; // why it could not be made
+  Place clerk;          // who the program is
+};
+
+} // namespace TestServer
