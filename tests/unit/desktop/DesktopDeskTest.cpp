@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QTest>
 #include <functional>
@@ -57,4 +58,29 @@ TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItStands)
     box.accept();
   };
   desk.stop(u"<b>1&2</b>"_s);
+}
+
+TEST_F(DesktopDeskTest, AFormThatIsOpenComesToTheFrontInsteadOfASecondWindow)
+{
+  Form picker(desk, u"frmCode"_s);
+  Form bench(desk, u"frmSFKHeXiao"_s);
+  const auto windows = [] {
+    QStringList names;
+    for (const QWidget* window : QApplication::topLevelWidgets())
+      if (window->isVisible())
+        names.append(window->objectName());
+    names.sort();
+    return names;
+  };
+  const auto comesToTheFront = [&](Form& form) {
+    desk.show(form);
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() && QApplication::activeWindow()->objectName() == form.name(); });
+  };
+  EXPECT_TRUE(comesToTheFront(picker));
+  EXPECT_TRUE(comesToTheFront(bench));
+  EXPECT_TRUE(comesToTheFront(picker));
+  EXPECT_EQ(windows(), (QStringList{u"frmCode"_s, u"frmSFKHeXiao"_s}));
+  picker.close();
+  EXPECT_EQ(windows(), QStringList{u"frmSFKHeXiao"_s});
+  bench.close();
 }
