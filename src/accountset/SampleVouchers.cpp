@@ -52,11 +52,11 @@ struct Line {
   int number;
 };
 
-// An account read from the head of a bill is told with its class in front, one of a line as it is stored.
+// An account read from the head of a bill is told with its code in front, one of a line as it is stored.
 QString allNameOf(const Voucher& v, const Line& line)
 {
   const QString stored = fullName(line.part.account);
-  return line.isCounter && v.bill.kind->layout != CashLayout::Transfer ? line.part.account.first(1).toString() + u'>' + stored : stored;
+  return line.isCounter && v.bill.kind->layout != CashLayout::Transfer ? line.part.account.toString() + u'>' + stored : stored;
 }
 
 void writeLine(RowWriter& rows, const Voucher& v, const Line& line)
