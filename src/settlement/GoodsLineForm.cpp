@@ -3,6 +3,7 @@
 #include "ledger/BillCatalogue.h"
 #include "platform/Trim.h"
 #include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
 
 namespace {
 
@@ -21,7 +22,9 @@ constexpr Kind Kinds[] = {
 
 } // namespace
 
-GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits) : ListForm(ofSession, traits)
+GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits, std::span<const ListColumn> columns,
+                             std::span<const char* const> foreignOrders)
+    : ListForm(ofSession, traits), m_columns(columns), m_foreignOrders(foreignOrders)
 {
   buildHead();
   CombBillType = addDropDown("CombBillType", {"采购入库单", "销售出库单", "其他入库单", "其他出库单"});
@@ -95,6 +98,29 @@ QStringList GoodsLineForm::conditions() const
   else if (CombShowType->text() == Matched)
     pieces.append(lineTable() + ".GouDui=1 ");
   return pieces;
+}
+
+std::span<const ListColumn> GoodsLineForm::columns() const
+{
+  for (const char* const order : m_foreignOrders)
+    if (session.params.OperateType == order)
+      return {};
+  return m_columns;
+}
+
+void GoodsLineForm::FillMSH(const QString& sql)
+{
+  if (columns().empty())
+    return;
+  desk().setBusy(true);
+  emptyGrid();
+  SetGridHead();
+  Recordset rs = OpenRecordset(session, sql);
+  if (isNothing(rs))
+    tellNoData();
+  else
+    showRows(rs);
+  desk().setBusy(false);
 }
 
 void GoodsLineForm::ToolOldBill_Click()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/Recordset.h"
 #include "settlement/ListForm.h"
 
 // The conditions that invoice matching and its summary share: lines of goods bills of one kind, by the
@@ -16,7 +17,10 @@ public:
   ComboBox* CombShowType = nullptr;
 
 protected:
-  GoodsLineForm(Session& ofSession, const ListTraits& traits);
+  // `foreignOrders` are the orders of screens that share these lists and lay them out themselves: under
+  // one of them nothing is laid out or listed here.
+  GoodsLineForm(Session& ofSession, const ListTraits& traits, std::span<const ListColumn> columns,
+                std::span<const char* const> foreignOrders);
 
   // The tables that the statement reads, and its conditions, each led by " and ".
   struct Source {
@@ -28,9 +32,15 @@ protected:
     QString fromWhere() const;
   };
   virtual QString statement(const Source& source) const = 0;
+  // True if what the statement gave is as good as nothing.
+  virtual bool isNothing(const Recordset& rs) const { return rs.eof(); }
+  // Shows the rows below the headings, and the totals row below them.
+  virtual void showRows(Recordset& rs) = 0;
 
   void Form_Load() override { SetGridHead(); }
   QString BuildQuerySql() override;
+  void FillMSH(const QString& sql) override;
+  std::span<const ListColumn> columns() const override;
   QString headerTable() const;
   QString lineTable() const;
   void ToolOldBill_Click();
@@ -40,4 +50,7 @@ protected:
 private:
   QStringList invoiceKinds() const;
   QStringList conditions() const;
+
+  const std::span<const ListColumn> m_columns;
+  const std::span<const char* const> m_foreignOrders;
 };

@@ -37,9 +37,9 @@ void ListForm::buildList()
   MSH = add<Grid>(this, "MSH");
   MSH->setMarksRow(true);
   turnPagesByWheel(*MSH);
-  Toolbar1 = add<Container>(this, "Toolbar1");
+  Container* const toolbar = add<Container>(this, "Toolbar1");
   for (const ListTraits::Tool& tool : m_traits.tools)
-    add<ToolButton>(Toolbar1, tool.name, tool.caption);
+    add<ToolButton>(toolbar, tool.name, tool.caption);
   buildMenus();
 }
 

@@ -94,7 +94,6 @@ protected:
   void tellNoData();
 
   Grid* MSH = nullptr;
-  Container* Toolbar1 = nullptr;
 
 private:
   TextBox* addEntry(const char* name);

@@ -26,7 +26,6 @@ constexpr ListTraits Traits{"frmGouDui",   "开票勾对",
                             "查询",        "注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
                             "YYYY-MMM-DD", Tools};
 
-// Orders of a screen that shares these lists and lays them out itself.
 constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询", "销售订单查询"};
 
 constexpr char Tick[] = "√";
@@ -35,17 +34,9 @@ constexpr int MostLines = std::numeric_limits<qint16>::max();
 
 } // namespace
 
-frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits)
+frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits, Columns, ForeignOrders)
 {
   MSH->onClick = [this] { MSH_Click(); };
-}
-
-std::span<const ListColumn> frmGouDui::columns() const
-{
-  for (const char* const order : ForeignOrders)
-    if (session.params.OperateType == order)
-      return {};
-  return Columns;
 }
 
 QString frmGouDui::statement(const Source& source) const
@@ -57,24 +48,9 @@ QString frmGouDui::statement(const Source& source) const
          source.fromWhere() + " order by " + H + ".UnitCode, " + H + ".Datee," + H + ".Code," + L + ".Num ";
 }
 
-void frmGouDui::FillMSH(const QString& sql)
+void frmGouDui::showRows(Recordset& rs)
 {
-  if (columns().empty())
-    return;
-  desk().setBusy(true);
-  emptyGrid();
-  SetGridHead();
-  Recordset rs = OpenRecordset(session, sql);
-  if (rs.eof())
-    tellNoData();
-  else
-    showLines(rs.takeRows());
-  desk().setBusy(false);
-}
-
-void frmGouDui::showLines(RowSet rows)
-{
-  const auto lines = std::make_shared<MatchingLines>(session, std::move(rows));
+  const auto lines = std::make_shared<MatchingLines>(session, rs.takeRows());
   const int shown = qMin(lines->count(), MostLines);
   MSH->setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
   MSH->addRow();

@@ -13,11 +13,9 @@ public:
 
 protected:
   QString statement(const Source& source) const override;
-  void FillMSH(const QString& sql) override;
-  std::span<const ListColumn> columns() const override;
+  void showRows(Recordset& rs) override;
 
 private:
-  void showLines(RowSet rows);
   void MSH_Click();
   QString billCodeOf(int row) const;
 };

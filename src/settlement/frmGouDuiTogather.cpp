@@ -2,7 +2,6 @@
 
 #include "ledger/Money.h"
 #include "platform/Trim.h"
-#include "session/ModuleADO.h"
 
 namespace {
 
@@ -23,7 +22,6 @@ constexpr ListTraits Traits{"frmGouDuiTogather",
                             "YYYY-MMM-DD",
                             Tools};
 
-// Orders of screens that share these lists and lay them out themselves.
 constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询",
                                          "销售订单查询",     "采购订单调入查询", "采购订单查询"};
 
@@ -31,21 +29,13 @@ constexpr char DetailTitle[] = "开票勾对明细显示";
 
 } // namespace
 
-frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSession, Traits)
+frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSession, Traits, Columns, ForeignOrders)
 {
   onTool("ToolInf", [this] { ToolInf_Click(); });
   MSH->onDoubleClick = [this] {
     if (find("ToolInf")->isVisible())
       ToolInf_Click();
   };
-}
-
-std::span<const ListColumn> frmGouDuiTogather::columns() const
-{
-  for (const char* const order : ForeignOrders)
-    if (session.params.OperateType == order)
-      return {};
-  return Columns;
 }
 
 QString frmGouDuiTogather::statement(const Source& source) const
@@ -58,22 +48,13 @@ QString frmGouDuiTogather::statement(const Source& source) const
          ".UnitCode ";
 }
 
-void frmGouDuiTogather::FillMSH(const QString& sql)
+// A first partner without an amount hides all the others.
+bool frmGouDuiTogather::isNothing(const Recordset& rs) const
 {
-  if (columns().empty())
-    return;
-  desk().setBusy(true);
-  emptyGrid();
-  SetGridHead();
-  Recordset rs = OpenRecordset(session, sql);
-  if (rs.eof() || rs.field("SumMoneyy").isNull())
-    tellNoData();
-  else
-    showPartners(rs);
-  desk().setBusy(false);
+  return rs.eof() || rs.field("SumMoneyy").isNull();
 }
 
-void frmGouDuiTogather::showPartners(Recordset& rs)
+void frmGouDuiTogather::showRows(Recordset& rs)
 {
   QList<QStringList> lines;
   for (; !rs.eof(); rs.moveNext()) {

@@ -12,12 +12,11 @@ public:
 
 protected:
   QString statement(const Source& source) const override;
-  void FillMSH(const QString& sql) override;
-  std::span<const ListColumn> columns() const override;
+  bool isNothing(const Recordset& rs) const override;
+  void showRows(Recordset& rs) override;
   void onUnload() override;
 
 private:
-  void showPartners(Recordset& rs);
   void addUp();
   void ToolInf_Click();
   void copyConditions(frmGouDui& detail);

@@ -43,7 +43,6 @@ private:
 
   void Txt2ToMSH();
   void RefreshTotals();
-  QString SFKBillCodeOf(int row) const;
   void CommitHX();
   bool allocatesWholeBill();
   void SaveHXRow(int row);
