@@ -19,6 +19,7 @@ LineGrid::LineGrid(Session& session, LineGridHost& host, Grid& grid, CellEditor&
     : m_session(session), m_host(host), m_grid(grid), m_editor(editor), m_total(total)
 {
   m_grid.onClick = [this] { OpenCellEditor(); };
+  m_grid.onKey = [this](const Key& key) { return gridTab(key); };
   m_grid.onKeyDown = [this](const Key& key) { gridKeyDown(key); };
   m_grid.onMouseDown = [this] { m_editor.hide(); };
   m_editor.onKey = [this](const Key& key) { return editorKey(key); };
@@ -83,6 +84,18 @@ void LineGrid::gridKeyDown(const Key& key)
   OpenCellEditor();
   if (key.code == Key::Character && m_editor.isVisible())
     m_editor.press(key);
+}
+
+// Tab goes on from the cell where Enter has left the operator. At the ends of a row it leaves the lines,
+// so that there is a way out of them.
+bool LineGrid::gridTab(const Key& key)
+{
+  const int col = m_grid.col();
+  if (key.code != Key::Tab || !m_host.linesEditable() || !isOnLine() || col >= m_grid.cols() - 1 || (key.shift && col == AccountCode))
+    return false;
+  OpenCellEditor();
+  editorTab(key.shift);
+  return true;
 }
 
 bool LineGrid::editorKey(const Key& key)
@@ -151,10 +164,12 @@ void LineGrid::Txt2ToMSH(const QString& sql)
   const int col = m_grid.col();
   if (col == AccountCode || col == AccountName) {
     const Recordset rs = OpenRecordset(m_session, sql);
-    if (rs.eof())
+    if (rs.eof()) {
       m_host.pickLineAccount();
-    else
+    } else {
       setAccount(row, rs.text("Code"), rs.text("Name"));
+      reopenIfOpen();
+    }
   } else if (col == Amount) {
     m_grid.setText(row, Amount, FormatDotText(m_editor.text(), m_session.DotSet.DotMoney));
   } else if (col == Remark) {

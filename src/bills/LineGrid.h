@@ -68,6 +68,7 @@ private:
   void applyDefaultLayout();
   void applyStoredLayout();
   void gridKeyDown(const Key& key);
+  bool gridTab(const Key& key);
   bool editorKey(const Key& key);
   void editorTab(bool backwards);
   void editorEnter();
