@@ -11,9 +11,9 @@ namespace ScriptProcess {
 
 struct Task {
   QString script;
-  QString programFolder; // made new
-  QString shelf;         // where finished account sets are kept from script to script
-  QString pictureFolder; // empty for no pictures
+  QString programFolder;      // made new
+  QString shelf;              // where finished account sets are kept from script to script
+  QString pictureFolder = {}; // empty for no pictures
   bool desktop = false;
   std::optional<ServerPlace> server = {}; // whose administrator makes the account sets; none for files
 };

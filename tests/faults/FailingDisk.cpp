@@ -1,0 +1,108 @@
+#include "Faults.h"
+#include "FaultyFiles.h"
+#include "PayingOperator.h"
+#include "accountset/AccountSet.h"
+#include "accountset/Store.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <sqlite3.h>
+
+namespace Faults {
+namespace {
+
+const QString Saved = QStringLiteral("保存成功！");
+const QList<int> Amounts = {100, 200, 300};
+
+// A fresh sample firm, and an operator who has filled in a payment.
+class Scene {
+public:
+  Scene()
+  {
+    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
+    if (const QString reason = AccountSet::create(path(), AccountSet::Content::Demo); !reason.isEmpty())
+      qFatal("%s", qPrintable(reason));
+    m_operator = std::make_unique<PayingOperator>(m_folder.path(), PayingOperator::onFile());
+    m_operator->fillIn(Amounts);
+  }
+
+  QStringList save() { return m_operator->save(); }
+
+  // One box for each statement that failed; and behind it, when the disk is well, the same process saves.
+  QString saveUnder(const FaultyFiles::Plan& plan)
+  {
+    FaultyFiles::follow(plan);
+    const QStringList said = m_operator->save();
+    const auto errors = std::count_if(said.begin(), said.end(), [](const QString& text) { return text.startsWith(u"Error:"); });
+    if (FaultyFiles::failures() == 0 || errors == 0)
+      return QStringLiteral("%1 failures were told in %2 boxes").arg(FaultyFiles::failures()).arg(errors);
+    if (errors != FaultyFiles::failedStatements())
+      return QStringLiteral("%1 statements failed, %2 boxes came: %3")
+          .arg(FaultyFiles::failedStatements())
+          .arg(errors)
+          .arg(said.join(u" / "));
+    injected += FaultyFiles::failures();
+    FaultyFiles::follow({});
+    removeOrphans();
+    m_operator->beginBill();
+    m_operator->fillIn(Amounts);
+    if (const QStringList again = m_operator->save(); again != QStringList(Saved))
+      return QStringLiteral("the next save said: ") + again.join(u" / ");
+    return contents();
+  }
+
+  static inline int injected = 0;
+
+private:
+  QString path() const { return m_folder.filePath(QStringLiteral("Data/A001.mdb")); }
+
+  // A header that failed leaves its lines, and the next bill draws its number.
+  void removeOrphans() const
+  {
+    Store::open({path(), {}})
+        .store->run(QStringLiteral("delete from TabPayfundBillInf where BillCode not in (select Code from TabPayfundBill)"));
+  }
+
+  QString contents() const
+  {
+    const auto opening = Store::open({path(), {}});
+    const auto value = [&](const char* sql) { return opening.store->run(QLatin1String(sql)).rows.value(0, 0).toText(); };
+    if (const QString whole = value("pragma integrity_check"); whole != u"ok")
+      return whole;
+    // The bill that was saved last has the highest code.
+    if (value("select sum(Moneyy) from TabPayfundBillInf where BillCode=(select max(Code) from TabPayfundBill)") != u"600")
+      return QStringLiteral("the bill that was saved behind it is not there");
+    return {};
+  }
+
+  QTemporaryDir m_folder;
+  std::unique_ptr<PayingOperator> m_operator;
+};
+
+// The places at which a save writes or syncs.
+int writesOfASave()
+{
+  Scene scene;
+  FaultyFiles::follow({});
+  if (scene.save() != QStringList(Saved))
+    qFatal("the payment was not saved");
+  return FaultyFiles::writes();
+}
+
+} // namespace
+
+void failingDisk(Tally& tally)
+{
+  const int writes = writesOfASave();
+  for (int write = 1; write <= writes; ++write) {
+    tally.add(QStringLiteral("I/O error at write %1").arg(write), Scene().saveUnder({.failAtWrite = write, .failure = SQLITE_IOERR_WRITE}));
+    tally.add(QStringLiteral("disk full from write %1").arg(write),
+              Scene().saveUnder({.failAtWrite = write, .failure = SQLITE_FULL, .failsOn = true}));
+  }
+  std::printf("disk: a save writes %d times; %d errors injected\n", writes, Scene::injected);
+}
+
+} // namespace Faults

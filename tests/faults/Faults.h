@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Tally.h"
+
+// The kinds of fault. Each prints its counts and adds up what it tried; `isLong` for every place there is
+// instead of a choice of them.
+namespace Faults {
+
+// The scripts' programs are killed behind their statements and in the middle of their writes.
+void kill(const QString& scripts, bool isLong, Tally& tally);
+// The disk fails, or is full, at a write of a save.
+void failingDisk(Tally& tally);
+// Files with bytes changed, cut off, or put in.
+void damage(bool isLong, Tally& tally);
+// Eight operators save at once, on the file or on the server of the tests.
+void operators(bool onServer, bool isLong, Tally& tally);
+
+} // namespace Faults

@@ -1,0 +1,26 @@
+#include "Faults.h"
+#include "FaultyFiles.h"
+
+// Plays faults: faults kill|disk|damage|operators|operators-server. ZORVEK_LONG in the surroundings asks
+// for every place there is, which takes long.
+
+int main(int count, char** texts)
+{
+  const QString kind = count == 2 ? QString::fromLocal8Bit(texts[1]) : QString();
+  const bool isLong = qEnvironmentVariableIsSet("ZORVEK_LONG");
+  Tally tally;
+  FaultyFiles::install();
+  if (kind == u"kill")
+    Faults::kill(QStringLiteral(SCRIPTS_FOLDER), isLong, tally);
+  else if (kind == u"disk")
+    Faults::failingDisk(tally);
+  else if (kind == u"damage")
+    Faults::damage(isLong, tally);
+  else if (kind == u"operators" || kind == u"operators-server")
+    Faults::operators(kind == u"operators-server", isLong, tally);
+  else {
+    std::fputs("Usage: faults kill|disk|damage|operators|operators-server\n", stderr);
+    return 2;
+  }
+  return tally.close();
+}
