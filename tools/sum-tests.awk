@@ -37,7 +37,7 @@
     if (failed[group] == 0)
       failed[group] = 1
   }
-  printf "%-18s%d passed, %d failed\n", name, passed[group], failed[group]
+  printf "%-26s%d passed, %d failed\n", name, passed[group], failed[group]
   allPassed += passed[group]
   allFailed += failed[group]
 }

@@ -1,0 +1,144 @@
+#include "Targets.h"
+
+#include "Script.h"
+#include "database/ConnectionText.h"
+#include "database/DialectTranslator.h"
+#include "platform/AnsiText.h"
+#include "platform/Currency.h"
+#include "platform/DateText.h"
+#include "platform/NumberText.h"
+#include "platform/RunTimeError.h"
+#include "session/ModChangeStr.h"
+#include "session/ModReadWriteParameters.h"
+#include "support/FixedMachine.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+
+void require(bool holds, const char* what)
+{
+  if (holds)
+    return;
+  std::fprintf(stderr, "does not hold: %s\n", what);
+  std::abort();
+}
+
+QByteArray contentOf(const QString& path)
+{
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray corpusFile(const char* name)
+{
+  return contentOf(QStringLiteral(CORPUS_FOLDER "/") + name);
+}
+
+// One entry a line.
+template <const char* Name> QList<QByteArray> lines()
+{
+  return corpusFile(Name).split('\n');
+}
+
+void readParameters(const QByteArray& bytes)
+{
+  static const QTemporaryDir Folder;
+  const FixedMachine machine(Folder.path());
+  QFile file(Folder.filePath(ModReadWriteParameters::FileName));
+  if (file.open(QIODevice::WriteOnly))
+    file.write(bytes);
+  file.close();
+  SessionParams params;
+  ModReadWriteParameters::ReadSystemParameters(machine, params);
+}
+
+// Whole files, parted by a line "--"; a file is scrambled line by line, as its writer does it.
+QList<QByteArray> parameterFiles()
+{
+  QList<QByteArray> files = {{}};
+  for (const QByteArray& line : corpusFile("parameters.txt").split('\n')) {
+    if (line == "--")
+      files.append(QByteArray());
+    else
+      files.last() += ModChangeStr::ChangeStrEncode(QString::fromUtf8(line)) + "\r\n";
+  }
+  return files;
+}
+
+void translate(const QByteArray& bytes)
+{
+  using DialectTranslator::Target, DialectTranslator::Translation;
+  const QString sql = QString::fromUtf8(bytes);
+  for (const Target target : {Target::Embedded, Target::PostgreSql, Target::SqlServer}) {
+    const Translation translation = DialectTranslator::translate(sql, target);
+    require(translation.refusal.isEmpty() || translation.sql.isEmpty(), "a statement that is refused is not run");
+    // What was let through is one statement still.
+    if (translation.refusal.isEmpty() && target != Target::PostgreSql)
+      require(DialectTranslator::translate(translation.sql, target).refusal.isEmpty(), "a translation may be run");
+  }
+  ConnectionText(sql).server();
+}
+
+void readAmount(const QByteArray& bytes)
+{
+  const QString text = QString::fromUtf8(bytes);
+  const double value = NumberText::numericPrefix(text);
+  require(std::isfinite(value), "an amount is finite");
+  NumberText::isNumeric(text);
+  NumberText::fixed(value, 2, true);
+  NumberText::plain(value);
+  try {
+    const Currency money = Currency::ofText(text);
+    require(Currency::ofText(money.toText()) == money, "money survives its text");
+  } catch (const RunTimeError&) {
+    // Too large an amount.
+  }
+}
+
+void readDate(const QByteArray& bytes)
+{
+  const auto date = DateText::parse(QString::fromUtf8(bytes));
+  if (date)
+    require(DateText::parse(DateText::shortForm(*date)) == date, "a date survives its text");
+}
+
+void readScript(const QByteArray& bytes)
+{
+  try {
+    Script::read(bytes);
+  } catch (const ScriptError& error) {
+    require(error.line > 0, "an error has its line");
+  }
+}
+
+// The scripts of the tree, and those that must fail.
+QList<QByteArray> scripts()
+{
+  QList<QByteArray> all;
+  for (const char* folder : {"/scripts", "/operator/selftest"})
+    for (QDirIterator files(QStringLiteral(TESTS_FOLDER) + folder, {QStringLiteral("*.op")}, QDir::Files, QDirIterator::Subdirectories);
+         files.hasNext();)
+      all.append(contentOf(files.next()));
+  return all;
+}
+
+constexpr char SqlFile[] = "sql.txt";
+constexpr char AmountFile[] = "amounts.txt";
+constexpr char DateFile[] = "dates.txt";
+
+} // namespace
+
+const QList<Target>& targets()
+{
+  static const QList<Target> All = {
+      {"parameters", readParameters, parameterFiles}, {"sql", translate, lines<SqlFile>}, {"amounts", readAmount, lines<AmountFile>},
+      {"dates", readDate, lines<DateFile>},           {"scripts", readScript, scripts},
+  };
+  return All;
+}
