@@ -63,6 +63,7 @@ protected:
   virtual void FJXCAccount_Click();
   virtual void ShowPartnerInfo() {}
   virtual void openWriteOff() {}
+  void openImages();
 
   // Checks of a save that several forms have.
   bool operatorMayEdit() { return mayDo(RightKind::Edit); }
@@ -122,6 +123,8 @@ protected:
   void ImgSaleMan_Click();
   virtual void InsertLineRow() {}
   virtual void DeleteLineRow() {}
+  virtual void FMSHFormat_Click() {}
+  void FDeleteMSHFormat_Click();
   void popUpPrintMenu() { MPrint->popUp(); }
   void FExit_Click() { close(); }
 

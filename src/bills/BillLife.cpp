@@ -3,6 +3,7 @@
 #include "ledger/AccountingCalendar.h"
 #include "platform/DateText.h"
 #include "platform/Trim.h"
+#include "printing/GridLayout.h"
 #include "printing/ImageAttachments.h"
 #include "session/ModuleADO.h"
 #include "vouchers/ShowVoucher.h"
@@ -169,4 +170,14 @@ void BillForm::FSeeWarrent_Click()
 void BillForm::FJXCAccount_Click()
 {
   Vouchers::FJXCAccount_Click(session, voucherKind());
+}
+
+void BillForm::openImages()
+{
+  OpenBillImages(session, billCode(), voucherKind());
+}
+
+void BillForm::FDeleteMSHFormat_Click()
+{
+  GridLayout::FDeleteMSHFormat_Click(session, billName());
 }

@@ -4,6 +4,7 @@
 #include "ledger/Money.h"
 #include "pickers/TreePicker.h"
 #include "platform/Trim.h"
+#include "printing/GridLayout.h"
 #include "session/ModuleADO.h"
 
 using namespace ModFuntion;
@@ -21,6 +22,18 @@ void LineBillForm::buildLines()
 QStringList LineBillForm::accountHeadings() const
 {
   return {QString::fromUtf16(traits().lines->accountCodeHeading), QString::fromUtf16(traits().lines->accountNameHeading)};
+}
+
+QString LineBillForm::layoutKey() const
+{
+  return GridLayout::keyOf(billName());
+}
+
+// Works on the live grid; laying it out again would take typed lines away.
+void LineBillForm::FMSHFormat_Click()
+{
+  closeCellEditor();
+  GridLayout::FMSHFormat_Click(session, *MSH, billName());
 }
 
 Currency LineBillForm::totalMoney() const

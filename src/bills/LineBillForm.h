@@ -27,6 +27,7 @@ protected:
   void closeCellEditor() override { Text2->hide(); }
   void InsertLineRow() override { m_lines->InsertLineRow(); }
   void DeleteLineRow() override { m_lines->DeleteLineRow(); }
+  void FMSHFormat_Click() override;
   Currency totalMoney() const override;
 
   // The partner's columns, the same in the header's row and in each line's.
@@ -46,7 +47,7 @@ protected:
 private:
   bool linesEditable() const override { return FrameProvide->isUsable(); }
   QStringList accountHeadings() const override;
-  QString layoutKey() const override { return billName() + "界面"; }
+  QString layoutKey() const override;
   void pickLineAccount() override;
   QStringList lineValues(int row) const;
 

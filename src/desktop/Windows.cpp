@@ -5,6 +5,7 @@
 #include "ui_frmFeeElseIncome.h"
 #include "ui_frmFeeSustain.h"
 #include "ui_frmGouDui.h"
+#include "ui_frmOption_Bill.h"
 #include "ui_frmPayfund.h"
 #include "ui_frmSFKHeXiao.h"
 #include "ui_frmWarehouseSelect.h"
@@ -36,6 +37,7 @@ constexpr Maker Makers[] = {
     {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
     {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
     {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
+    {"frmOption_Bill", design<Ui::frmOption_Bill, QDialog>},
     {"frmCode", design<Ui::frmCode, QDialog>},
     {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
 };

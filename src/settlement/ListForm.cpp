@@ -4,9 +4,9 @@
 #include "pickers/CodePicker.h"
 #include "platform/DateText.h"
 #include "platform/Trim.h"
+#include "printing/GridLayout.h"
 #include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
-#include "session/OperateRight.h"
 
 ListForm::ListForm(Session& ofSession, const ListTraits& traits) : Screen(ofSession, QString::fromLatin1(traits.form)), m_traits(traits)
 {
@@ -48,7 +48,9 @@ void ListForm::buildMenus()
   Menu* const file = add<Menu>(this, "MFile", "文件(&F)");
   add<MenuItem>(file, "FExcel", "导出至Excel表");
   add<MenuItem>(file, "FPrintSet", "打印设置");
-  add<MenuItem>(file, "FMSHFormat", "界面列表格式设置");
+  add<MenuItem>(file, "FMSHFormat", "界面列表格式设置")->onClick = [this] {
+    GridLayout::FMSHFormat_Click(session, *MSH, LabTabName->caption());
+  };
   add<MenuItem>(file, "FDeleteMSHFormat", "删除界面列表格式")->onClick = [this] { FDeleteMSHFormat_Click(); };
   add<MenuItem>(file, "FExit", "退出")->onClick = [this] { close(); };
   Menu* const print = add<Menu>(this, "MPrint", "打印(&T)");
@@ -106,14 +108,10 @@ void ListForm::CmdQuery_Click()
     FillMSH(sql);
 }
 
-QString ListForm::layoutKey() const
-{
-  return Trim(LabTabName->caption()) + "界面";
-}
-
 void ListForm::SetGridHead()
 {
-  Recordset layout = OpenRecordset(session, "select * from TabPrintMSHSet where TabName='" + layoutKey() + "' order by ColOrder ");
+  Recordset layout = OpenRecordset(session, "select * from TabPrintMSHSet where TabName='" + GridLayout::keyOf(LabTabName->caption()) +
+                                                "' order by ColOrder ");
   const auto heads = columns();
   if (heads.empty())
     return;
@@ -141,13 +139,8 @@ void ListForm::emptyGrid()
 
 void ListForm::FDeleteMSHFormat_Click()
 {
-  if (!CheckOperateRight(session, session.params.UserName, "界面列表格式设置", RightKind::Edit))
-    return;
-  if (!desk().confirm("删除当前界面格式设置吗？", Desk::Icon::Question))
-    return;
-  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + layoutKey() + "'");
-  desk().inform("删除成功！");
-  SetGridHead();
+  if (GridLayout::FDeleteMSHFormat_Click(session, LabTabName->caption()))
+    SetGridHead();
 }
 
 bool ListForm::datesAreDates()

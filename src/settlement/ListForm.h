@@ -102,7 +102,6 @@ private:
   void buildMenus();
   bool moveOn(const Key& key);
   bool isBlankOrDate(const TextBox& box, const QString& label);
-  QString layoutKey() const;
   void FDeleteMSHFormat_Click();
 
   const ListTraits& m_traits;

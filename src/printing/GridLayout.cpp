@@ -1,0 +1,70 @@
+#include "printing/GridLayout.h"
+
+#include "platform/Trim.h"
+#include "printing/frmOption_Bill.h"
+#include "screen/Grid.h"
+#include "session/ModuleADO.h"
+#include "session/OperateRight.h"
+#include "session/Session.h"
+
+namespace GridLayout {
+namespace {
+
+bool maySetLayouts(Session& session)
+{
+  return CheckOperateRight(session, session.params.UserName, QStringLiteral("界面列表格式设置"), RightKind::Edit);
+}
+
+QString quoted(const QString& text)
+{
+  return "'" + text + "'";
+}
+
+// A cell's alignment, font and colour as columns of the table. The grids have one font.
+QStringList looks(int alignment, int color)
+{
+  const QString no = quoted("否");
+  return {QString::number(alignment), quoted("宋体"), "9", no, no, no, QString::number(color)};
+}
+
+} // namespace
+
+QString keyOf(const QString& screenTitle)
+{
+  return Trim(screenTitle) + "界面";
+}
+
+void FMSHFormat_Click(Session& session, Grid& grid, const QString& screenTitle)
+{
+  if (!maySetLayouts(session))
+    return;
+  frmOption_Bill dialog(session);
+  dialog.LoadMSHHead(grid, keyOf(screenTitle));
+  session.desk.showModal(dialog);
+}
+
+bool FDeleteMSHFormat_Click(Session& session, const QString& screenTitle)
+{
+  if (!maySetLayouts(session) || !session.desk.confirm("删除当前界面格式设置吗？", Desk::Icon::Question))
+    return false;
+  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + keyOf(screenTitle) + "'");
+  session.desk.inform(QStringLiteral("删除成功！"));
+  return true;
+}
+
+// The first cell of a column stands for all of its content.
+void SaveGridLayout(Session& session, Grid& grid, const QString& name)
+{
+  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + name + "'");
+  const int contentRow = grid.rows() > 1 ? 1 : 0;
+  for (int col = 0; col < grid.cols(); ++col) {
+    grid.setCurrent(contentRow, col);
+    const QStringList values =
+        QStringList{quoted(name), QString::number(col), QString::number(grid.colWidth(col)), quoted(grid.text(0, col))} +
+        looks(grid.colAlignment(col), grid.cellColor(0, col)) + looks(grid.colAlignment(col), grid.cellColor(contentRow, col));
+    OpenRecordset(session, "insert into  TabPrintMSHSet values (" + values.join(',') + ")");
+  }
+  session.desk.inform(QStringLiteral("保存成功！"));
+}
+
+} // namespace GridLayout

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "screen/Controls.h"
+#include "screen/Form.h"
+
+class Grid;
+struct Session;
+
+// The dialog that renames, resizes, aligns and hides the columns of the calling screen's grid. It works
+// on the live grid, so each change shows at once; leaving without a save takes nothing back.
+//
+// What is changed is every column whose heading is the name chosen in the list, two of one name both.
+class frmOption_Bill : public Form {
+  Q_OBJECT
+
+public:
+  explicit frmOption_Bill(Session& ofSession);
+
+  // The grid, and the name under which CmdOk stores its layout.
+  void LoadMSHHead(Grid& ofGrid, const QString& layoutName);
+
+private:
+  void wire();
+  QList<int> chosenColumns() const;
+  void showColumn(int col);
+  void ListMSHHead_Click();
+  void ChShowCol_Click();
+  void TxtMSHColWidth_Change();
+  void TxtMSHElseName_Change();
+  void align(int alignment);
+  void CmdOk_Click();
+
+  Session& session;
+  Grid* grid = nullptr;
+  QString name;
+
+  Label LabHead{this, "LabHead"};
+  ListBox ListMSHHead{this, "ListMSHHead"};
+  Label LabElseName{this, "LabElseName"};
+  TextBox TxtMSHElseName{this, "TxtMSHElseName"};
+  CheckBox ChShowCol{this, "ChShowCol"};
+  Label LabColWidth{this, "LabColWidth"};
+  TextBox TxtMSHColWidth{this, "TxtMSHColWidth"};
+  Container FrameAlign{this, "FrameAlign"};
+  Option OptionMSHHeadDefault{&FrameAlign, "OptionMSHHeadDefault"};
+  Option OptionMSHHeadLeft{&FrameAlign, "OptionMSHHeadLeft"};
+  Option OptionMSHHeadCenter{&FrameAlign, "OptionMSHHeadCenter"};
+  Option OptionMSHHeadRight{&FrameAlign, "OptionMSHHeadRight"};
+  Button CmdOk{this, "CmdOk"};
+  Button CmdExit{this, "CmdExit"};
+};
