@@ -33,6 +33,7 @@ constexpr Shade Shades[] = {
 };
 
 constexpr QRgb GroupBorder = 0xffd5dce3;
+constexpr QPoint GroupTitleIndent{8, 2};
 
 // Families that hold all the characters of the screens, so that none has to be looked for elsewhere.
 const QStringList Families{QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"), QStringLiteral("Microsoft YaHei")};
@@ -62,6 +63,13 @@ public:
     painter->setPen(QColor::fromRgb(GroupBorder));
     painter->setBrush(option->palette.alternateBase());
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
+
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const override
+  {
+    const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const bool isGroupTitle = control == CC_GroupBox && part == SC_GroupBoxLabel;
+    return isGroupTitle ? rect.translated(GroupTitleIndent) : rect;
   }
 };
 
