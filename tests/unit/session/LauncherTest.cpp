@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QFile>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +23,26 @@ struct LauncherTest : testing::Test, SessionFixture {
   bool run(const QString& operation) { return Mod_ZORVEKMain::RunSiblingProgram(session, operation, {u" 1 "_s, u"2"_s}); }
   bool hasParameterFile() const { return QFile::exists(folder.filePath(u"SysPar.dll"_s)); }
 };
+
+// The program folder of the test, and programs that really start.
+struct StartingMachine : FixedMachine {
+  using FixedMachine::FixedMachine;
+  bool startProgram(const QString& path) override { return ThisMachine().startProgram(path); }
+};
+
+// A sibling: takes the parameter file away, as all of the family do, and keeps what it read.
+constexpr char Taker[] = "#!/bin/sh\n"
+                         "cd \"${0%/*}\" && mv SysPar.dll reading && mv reading read\n";
+
+QByteArray contentOnceThere(const QString& path)
+{
+  QElapsedTimer waited;
+  waited.start();
+  while (!QFile::exists(path) && waited.elapsed() < 10000)
+    QThread::msleep(5);
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 } // namespace
 
@@ -94,4 +116,26 @@ TEST_F(LauncherTest, WithoutAParameterFileNothingIsStarted)
   EXPECT_FALSE(run(u"打印"_s));
   EXPECT_EQ(desk.takeTexts(), u"参数存取失败！"_s);
   EXPECT_TRUE(machine.started.isEmpty());
+}
+
+TEST_F(LauncherTest, RealProgramsInARowTakeEachItsOwnFile)
+{
+  StartingMachine starting(folder.path());
+  Session real{desk, starting};
+  real.params = session.params;
+  real.params.ConDataRemark = u"a=b:c"_s;
+  const QString left = folder.filePath(u"SysPar.dll"_s);
+  const QString taken = folder.filePath(u"read"_s);
+  QFile sibling(folder.filePath(u"MIRVAL.exe"_s));
+  ASSERT_TRUE(sibling.open(QIODevice::WriteOnly) && sibling.write(Taker) > 0 && sibling.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+  sibling.close();
+  for (const Directives& orders : {Directives{u"往来单位信息录入"_s, u" 付款单 "_s, u"G001"_s}, Directives{u"科目设置"_s}}) {
+    ASSERT_TRUE(ModReadWriteParameters::WriteSystemParameters(real, orders));
+    const QByteArray expected = contentOnceThere(left);
+    ASSERT_TRUE(Mod_ZORVEKMain::RunSiblingProgram(real, u"往来单位资料"_s, orders));
+    EXPECT_EQ(contentOnceThere(taken), expected);
+    EXPECT_FALSE(hasParameterFile());
+    QFile::remove(taken);
+  }
+  EXPECT_EQ(desk.takeTexts(), u""_s);
 }
