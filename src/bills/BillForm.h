@@ -3,6 +3,7 @@
 #include "bills/BillList.h"
 #include "bills/BillTraits.h"
 #include "platform/Currency.h"
+#include "printing/ModSavePrintData.h"
 #include "screen/Controls.h"
 #include "session/OperateRight.h"
 #include "session/Screen.h"
@@ -52,6 +53,8 @@ protected:
   }
   virtual void insertLines() {}
   virtual void closeCellEditor() {}
+  // What is printed below the head: the grid, or nothing.
+  virtual ModSavePrintData::PrintGrid printedGrid() const = 0;
   // After the bill and its voucher are written.
   virtual void refreshAfterSave() {}
   // The condition that keeps the month's list to the bills of this screen, led by " and ".
@@ -96,6 +99,7 @@ protected:
   void turnInto(const BillTraits& traits);
 
   bool mayDo(RightKind kind);
+  void PrintHandOff(const QString& printType);
   QString billCode() const;
   QString dateText() const;
   // A text in quotes, as it stands in SQL text: nothing in it is doubled or escaped.
@@ -124,6 +128,9 @@ protected:
   virtual void InsertLineRow() {}
   virtual void DeleteLineRow() {}
   virtual void FMSHFormat_Click() {}
+  void MPDirect_PT_Click() { PrintHandOff("直接打印"); }
+  void MPPreview_PT_Click() { PrintHandOff("打印预览"); }
+  void MPrintSet_PT_Click() { PrintHandOff("打印设置"); }
   void FDeleteMSHFormat_Click();
   void popUpPrintMenu() { MPrint->popUp(); }
   void FExit_Click() { close(); }
@@ -212,6 +219,7 @@ private:
   void dropWriteOffs(const QString& code);
   void browseTo(const std::optional<QString>& code);
   void clearAfterDelete();
+  QStringList printLines(std::span<const PrintLine> lines) const;
 
   const BillTraits* m_traits;
   BillList m_billList; // Adodc1

@@ -163,7 +163,7 @@ void BillForm::buildFileMenu()
       {"FJXCAccount", "自动生成会计凭证对应科目设置", &BillForm::FJXCAccount_Click},
       {"FMSHFormat", "界面列表格式设置", &BillForm::FMSHFormat_Click, Feature::Lines},
       {"FDeleteMSHFormat", "删除界面列表格式", &BillForm::FDeleteMSHFormat_Click, Feature::Lines},
-      {"FPrintSet", "打印设置", nullptr},
+      {"FPrintSet", "打印设置", &BillForm::MPrintSet_PT_Click},
       {"FExcle", "导出至Excel文件...", nullptr},
       {"FExit", "退出", &BillForm::FExit_Click},
   };
@@ -186,9 +186,9 @@ void BillForm::buildFileMenu()
 void BillForm::buildPrintMenu()
 {
   MPrint = add<Menu>(this, "MPrint", "打印(&T)");
-  add<MenuItem>(MPrint, "MPDirect_PT", "直接打印");
-  add<MenuItem>(MPrint, "MPPreview_PT", "打印预览");
-  add<MenuItem>(MPrint, "MPrintSet_PT", "打印设置");
+  add<MenuItem>(MPrint, "MPDirect_PT", "直接打印")->onClick = [this] { MPDirect_PT_Click(); };
+  add<MenuItem>(MPrint, "MPPreview_PT", "打印预览")->onClick = [this] { MPPreview_PT_Click(); };
+  add<MenuItem>(MPrint, "MPrintSet_PT", "打印设置")->onClick = [this] { MPrintSet_PT_Click(); };
   add<MenuItemArray>(add<Menu>(MPrint, "MPDirect_Excel", "按模板直接打印"), "MPDirect_Excel_D_Inf")->setItem(0, "暂无");
   add<MenuItemArray>(add<Menu>(MPrint, "MPPreview_Excel", "按模板打印预览"), "MPPreview_Excel_D_Inf")->setItem(0, "暂无");
   add<MenuItem>(MPrint, "MPrintSet_Excel", "外部报表管理");

@@ -98,6 +98,19 @@ constexpr PartnerTraits FeeOffsetPartner{
     .infoToolTip = u"供应商或客户基础资料",
 };
 
+constexpr PrintLine PartnerHead[] = {{u"录单日期：", "TxtDate"},
+                                     {u"单据编号：", "TxtBillCode"},
+                                     {u"单位名称：", "TxtName"},
+                                     {u"业 务 员：", "TxtSaleMan"},
+                                     {u"备    注：", "TxtMemo"}};
+constexpr PrintLine TotalFoot[] = {{u"金额合计：", "LabTotalMoney"}};
+constexpr PrintLine BankHead[] = {{u"录单日期：", "TxtDate"},    {u"单据编号：", "TxtBillCode"},     {u"金    额：", "TxtMoney"},
+                                  {u"业 务 员：", "TxtSaleMan"}, {u"转出账户：", "TxtAccountNameC"}, {u"转入账户：", "TxtAccountNameR"},
+                                  {u"备    注：", "TxtMemo"}};
+constexpr PrintLine FeeHead[] = {
+    {u"录单日期：", "TxtDate"}, {u"单据编号：", "TxtBillCode"}, {u"业 务 员：", "TxtSaleMan"}, {u"备    注：", "TxtMemo"}};
+constexpr PrintLine FeeFoot[] = {{u"现    金：", "TxtCash"}, {u"银    行：", "TxtTransfer"}, {u"金额合计：", "LabTotalMoney"}};
+
 constexpr const char* BankBlanks[] = {"TxtBillCode",     "TxtAccountCodeR", "TxtAccountNameR", "TxtAccountCodeC",
                                       "TxtAccountNameC", "TxtOperator",     "TxtMemo",         "TxtMoney"};
 constexpr const char* FeeBlanks[] = {"TxtBillCode",     "TxtCashAccouCode", "TxtCashAccouName", "TxtCash", "TxtTransferCode",
@@ -117,6 +130,8 @@ constexpr BillTraits PaymentTraits{
     .headFrame = u"供应商信息",
     .lines = &PaymentLines,
     .partner = &PaymentPartner,
+    .printHead = PartnerHead,
+    .printFoot = TotalFoot,
     .duplicateCode = u"付款单编号重复，请修改！",
     .missingAtVoid = u"付款单编号不存在，作废失败！",
     .isWrittenOff = true,
@@ -133,6 +148,8 @@ constexpr BillTraits ReceiptTraits{
     .headFrame = u"客户信息",
     .lines = &ReceiptLines,
     .partner = &ReceiptPartner,
+    .printHead = PartnerHead,
+    .printFoot = TotalFoot,
     .duplicateCode = u"收款单编号重复，请修改！",
     .missingAtVoid = u"收款单编号不存在，作废失败！",
     .isWrittenOff = true,
@@ -147,6 +164,7 @@ constexpr BillTraits BankTraits{
     .rightFunction = u"银行存取",
     .billType = u"", // the mode, worked out at each save
     .headFrame = u"银行存取款信息",
+    .printHead = BankHead,
     .duplicateCode = u"单编号重复，请修改！",
     .missingAtVoid = u"单编号不存在，作废失败！",
     .blankAfterDelete = BankBlanks,
@@ -162,6 +180,8 @@ constexpr BillTraits ExpenseTraits{
     .billType = u"费用开支",
     .headFrame = u"单据信息",
     .lines = &ExpenseLines,
+    .printHead = FeeHead,
+    .printFoot = FeeFoot,
     .duplicateCode = u"单据编号重复，请修改！",
     .missingAtVoid = u"单据编号不存在，作废失败！",
     .blankAfterDelete = FeeBlanks,
@@ -177,6 +197,8 @@ constexpr BillTraits OtherIncomeTraits{
     .billType = u"其他收入",
     .headFrame = u"单据信息",
     .lines = &OtherIncomeLines,
+    .printHead = FeeHead,
+    .printFoot = FeeFoot,
     .duplicateCode = u"单据编号重复，请修改！",
     .missingAtVoid = u"单据编号不存在，作废失败！",
     .blankAfterDelete = FeeBlanks,
@@ -194,6 +216,8 @@ constexpr BillTraits FeeOffsetTraits{
     .saleManPickerTitle = u"选择制单人",
     .lines = &FeeOffsetLines,
     .partner = &FeeOffsetPartner,
+    .printHead = PartnerHead,
+    .printFoot = TotalFoot,
     .duplicateCode = u"费用抵冲单编号重复，请修改！",
     .missingAtVoid = u"费用抵冲单编号不存在，作废失败！",
     .asksRightAtVoid = false,

@@ -34,6 +34,12 @@ struct PartnerTraits {
   const char16_t* infoToolTip;
 };
 
+// A line of a printout: its label, and the control whose text stands behind it.
+struct PrintLine {
+  const char16_t* label;
+  const char* control;
+};
+
 struct BillTraits {
   const char* form;
   const char16_t* billName; // designed caption of LabBillName
@@ -46,6 +52,8 @@ struct BillTraits {
   const char16_t* saleManPickerTitle = u"选择业务员";
   const LineTraits* lines = nullptr;
   const PartnerTraits* partner = nullptr;
+  std::span<const PrintLine> printHead;
+  std::span<const PrintLine> printFoot = {};
 
   const char16_t* duplicateCode;
   const char16_t* missingAtVoid;

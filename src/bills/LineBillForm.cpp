@@ -5,6 +5,7 @@
 #include "pickers/TreePicker.h"
 #include "platform/Trim.h"
 #include "printing/GridLayout.h"
+#include "printing/PrintHandOff.h"
 #include "session/ModuleADO.h"
 
 using namespace ModFuntion;
@@ -34,6 +35,11 @@ void LineBillForm::FMSHFormat_Click()
 {
   closeCellEditor();
   GridLayout::FMSHFormat_Click(session, *MSH, billName());
+}
+
+ModSavePrintData::PrintGrid LineBillForm::printedGrid() const
+{
+  return printedLines(*MSH);
 }
 
 Currency LineBillForm::totalMoney() const

@@ -25,6 +25,7 @@ protected:
   void insertLines() override;
   void clearOwnFields() override { LabTotalMoney->setCaption({}); }
   void closeCellEditor() override { Text2->hide(); }
+  ModSavePrintData::PrintGrid printedGrid() const override;
   void InsertLineRow() override { m_lines->InsertLineRow(); }
   void DeleteLineRow() override { m_lines->DeleteLineRow(); }
   void FMSHFormat_Click() override;

@@ -18,7 +18,8 @@ frmBankKeepTake::frmBankKeepTake(Session& ofSession) : BillForm(ofSession, BankT
   buildSaleManAndMemo();
   buildMoneyType();
   // The grid of the other bills is there and holds nothing.
-  add<Grid>(Pic, "MSH")->setVisible(false);
+  MSH = add<Grid>(Pic, "MSH");
+  MSH->setVisible(false);
   buildFooter();
 }
 

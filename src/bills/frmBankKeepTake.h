@@ -16,6 +16,8 @@ protected:
   Currency totalMoney() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
+  // The grid that holds nothing.
+  ModSavePrintData::PrintGrid printedGrid() const override { return {.grid = MSH, .totalColumns = 2}; }
   Control& firstField() override { return *m_outgoing.name; }
 
 private:
@@ -40,4 +42,5 @@ private:
   AccountBoxes m_outgoing{u"转出账户"};
   AccountBoxes m_incoming{u"转入账户"};
   TextBox* TxtMoney = nullptr;
+  Grid* MSH = nullptr;
 };

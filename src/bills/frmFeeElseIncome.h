@@ -19,6 +19,8 @@ protected:
   QStringList headerValues() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
+  // The lines of these bills are not printed.
+  ModSavePrintData::PrintGrid printedGrid() const override { return {}; }
   Control& firstField() override { return *TxtSaleMan; }
 
 private:

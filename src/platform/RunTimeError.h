@@ -11,8 +11,10 @@ public:
   // The numbers are those that operators quote to the help desk.
   enum Number {
     Overflow = 6,
+    OutOfBounds = 9,
     TypeMismatch = 13,
     PermissionDenied = 70,
+    PathFileAccess = 75,
     NoCurrentRecord = 3021,
     NoSuchField = 3265,
     Closed = 3704,

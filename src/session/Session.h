@@ -4,6 +4,7 @@
 #include "platform/Machine.h"
 #include "screen/Desk.h"
 #include "session/DotType.h"
+#include "session/PrintStrings.h"
 #include "session/SessionParams.h"
 
 // Everything that one run asks of its surroundings, made at start and handed down by reference.
@@ -15,6 +16,7 @@ struct Session {
   Connection connection = {};
   // The node clicked last in the tree picker; it outlives the dialog.
   QString SelectedCode = {};
+  PrintStrings printStrings = {};
 
   // The date of the session; today if it is none.
   QDate operateDate() const;

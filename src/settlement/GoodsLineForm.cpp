@@ -123,6 +123,16 @@ void GoodsLineForm::FillMSH(const QString& sql)
   desk().setBusy(false);
 }
 
+QStringList GoodsLineForm::printHead() const
+{
+  QString invoices = "发票类型：";
+  for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
+    if (box->isChecked())
+      invoices += box->caption() + "  ";
+  return {invoices, "票据类型：" + CombBillType->text(), "单据日期从：" + TxtDateeFrom->text() + "至" + TxtDateeTo->text(),
+          "显示数据类型：" + CombShowType->text()};
+}
+
 void GoodsLineForm::ToolOldBill_Click()
 {
   if (!isOnRow())

@@ -41,6 +41,7 @@ protected:
   QString BuildQuerySql() override;
   void FillMSH(const QString& sql) override;
   std::span<const ListColumn> columns() const override;
+  QStringList printHead() const override;
   QString headerTable() const;
   QString lineTable() const;
   void ToolOldBill_Click();

@@ -5,6 +5,7 @@
 #include "platform/DateText.h"
 #include "platform/Trim.h"
 #include "printing/GridLayout.h"
+#include "printing/PrintHandOff.h"
 #include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
 
@@ -47,17 +48,22 @@ void ListForm::buildMenus()
 {
   Menu* const file = add<Menu>(this, "MFile", "文件(&F)");
   add<MenuItem>(file, "FExcel", "导出至Excel表");
-  add<MenuItem>(file, "FPrintSet", "打印设置");
+  addPrintItem(file, "FPrintSet", "打印设置");
   add<MenuItem>(file, "FMSHFormat", "界面列表格式设置")->onClick = [this] {
     GridLayout::FMSHFormat_Click(session, *MSH, LabTabName->caption());
   };
   add<MenuItem>(file, "FDeleteMSHFormat", "删除界面列表格式")->onClick = [this] { FDeleteMSHFormat_Click(); };
   add<MenuItem>(file, "FExit", "退出")->onClick = [this] { close(); };
   Menu* const print = add<Menu>(this, "MPrint", "打印(&T)");
-  add<MenuItem>(print, "PDirect", "直接打印");
-  add<MenuItem>(print, "PPreview", "打印预览");
+  addPrintItem(print, "PDirect", "直接打印");
+  addPrintItem(print, "PPreview", "打印预览");
   onTool("ToolPrint", [print] { print->popUp(); });
   onTool("ToolExit", [this] { close(); });
+}
+
+void ListForm::addPrintItem(Menu* menu, const char* name, const QString& operation)
+{
+  add<MenuItem>(menu, name, operation)->onClick = [this, operation] { PrintGrid(operation); };
 }
 
 ComboBox* ListForm::addDropDown(const char* name, const QStringList& items)
@@ -141,6 +147,11 @@ void ListForm::FDeleteMSHFormat_Click()
 {
   if (GridLayout::FDeleteMSHFormat_Click(session, LabTabName->caption()))
     SetGridHead();
+}
+
+void ListForm::PrintGrid(const QString& operation)
+{
+  PrintHandOff(session, {.title = Trim(LabTabName->caption()), .head = printHead(), .printed = printedLines(*MSH)}, operation);
 }
 
 bool ListForm::datesAreDates()

@@ -60,6 +60,8 @@ protected:
   virtual void FillMSH(const QString& sql) = 0;
   // The columns of the list as it stands; none if the screen is not to be laid out at all.
   virtual std::span<const ListColumn> columns() const = 0;
+  // The lines above the list on a printout.
+  virtual QStringList printHead() const { return {}; }
   // False if the buttons beside the partner's boxes open nothing.
   virtual bool offersPartners() const { return true; }
 
@@ -100,9 +102,11 @@ private:
   TextBox* addDate(const char* name);
   ImageButton* addPartnerButton(const char* name, const QString& returnField);
   void buildMenus();
+  void addPrintItem(Menu* menu, const char* name, const QString& operation);
   bool moveOn(const Key& key);
   bool isBlankOrDate(const TextBox& box, const QString& label);
   void FDeleteMSHFormat_Click();
+  void PrintGrid(const QString& operation);
 
   const ListTraits& m_traits;
 };

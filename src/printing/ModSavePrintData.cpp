@@ -1,0 +1,136 @@
+#include "printing/ModSavePrintData.h"
+
+#include "platform/AnsiText.h"
+#include "platform/RunTimeError.h"
+#include "platform/Trim.h"
+#include "screen/Grid.h"
+#include "session/Session.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+namespace ModSavePrintData {
+namespace {
+
+// The lines of the file: headers end in a colon, values stand behind an equals sign.
+class PrintFile {
+public:
+  void header(const QString& key) { m_text += key + ":\r\n"; }
+  void value(const QString& key, const QString& value) { m_text += key + "=" + value + "\r\n"; }
+  void value(const QString& key, int number) { value(key, QString::number(number)); }
+  QString text() const { return m_text; }
+
+private:
+  QString m_text;
+};
+
+// Counts the strings that hold something and writes as many from the first on: behind a gap the last
+// one is lost.
+void writeStrings(PrintFile& file, const QString& which, const PrintStrings::Lines& lines)
+{
+  const auto count = std::count_if(lines.begin() + 1, lines.end(), [](const QString& line) { return !line.isEmpty(); });
+  file.header(which + "count");
+  file.value("count", int(count));
+  if (count == 0)
+    return;
+  file.header(which + "content");
+  for (int i = 1; i <= int(count); ++i)
+    file.value("string", lines[std::size_t(i)]);
+}
+
+// Line ends would end the line of the file.
+QString oneLine(QString text)
+{
+  return text.replace(u'\r', u'|').replace(u'\n', u'|');
+}
+
+void writeCells(PrintFile& file, const PrintGrid& printed)
+{
+  const Grid& grid = *printed.grid;
+  int row = -1;
+  for (int k = 0; k < grid.rows() - printed.bottomSkip - printed.topSkip; ++k) {
+    if (grid.rowHeight(k) < 1)
+      continue;
+    ++row;
+    int col = -1;
+    for (int c = printed.leftSkip; c < grid.cols(); ++c) {
+      if (grid.colWidth(c) < 1)
+        continue;
+      file.header("cell");
+      file.value("row", row);
+      file.value("col", ++col);
+      file.value("rowheight", grid.rowHeight(k));
+      file.value("colwidth", grid.colWidth(c));
+      file.value("string", oneLine(grid.text(printed.topSkip + k, c)));
+    }
+  }
+}
+
+void writeGrid(PrintFile& file, const PrintGrid& printed)
+{
+  file.header("msh");
+  file.value("mshrows", printed.mshrows());
+  file.value("mshcols", printed.mshcols());
+  if (printed.mshrows() == 0 || printed.mshcols() == 0)
+    return;
+  file.header("mshcontent");
+  writeCells(file, printed);
+}
+
+void setString(PrintStrings::Lines& lines, const QString& text, int index)
+{
+  if (index < 0 || index > PrintStrings::Last)
+    throw RunTimeError(RunTimeError::OutOfBounds, QStringLiteral("下标越界"));
+  lines[std::size_t(index)] = text;
+}
+
+} // namespace
+
+int PrintGrid::mshrows() const
+{
+  int visible = 0;
+  for (int row = 0; grid && row < grid->rows(); ++row)
+    visible += grid->rowHeight(row) >= 1 ? 1 : 0;
+  return grid ? visible - bottomSkip - topSkip : 0;
+}
+
+int PrintGrid::mshcols() const
+{
+  int visible = 0;
+  for (int col = 0; grid && col < grid->cols(); ++col)
+    visible += grid->colWidth(col) >= 1 ? 1 : 0;
+  return grid ? visible - rightSkip - leftSkip : 0;
+}
+
+void SetPrintHeadString(Session& session, const QString& text, int index)
+{
+  setString(session.printStrings.head, text, index);
+}
+
+void SetPrintFootString(Session& session, const QString& text, int index)
+{
+  setString(session.printStrings.foot, text, index);
+}
+
+void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType,
+                    const QString& accountantPrintSign)
+{
+  PrintFile content;
+  content.header("打印表表名");
+  content.value("printtablename", Trim(printTableName));
+  content.header("打印类别");
+  content.value("printtype", Trim(printType));
+  writeStrings(content, "head", session.printStrings.head);
+  writeStrings(content, "foot", session.printStrings.foot);
+  writeGrid(content, printed);
+  content.header("批量连续打印");
+  content.value("accountantprintsign", Trim(accountantPrintSign));
+
+  QFile file(session.machine.inProgramFolder(QString::fromLatin1(FileName)));
+  const QByteArray bytes = AnsiText::encode(content.text());
+  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
+    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误：") + file.fileName());
+}
+
+} // namespace ModSavePrintData

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+class Grid;
+struct Session;
+
+// The hand-off of a printout: what is on a screen goes into a text file beside the program, which the
+// print manager reads, lays out and prints.
+namespace ModSavePrintData {
+
+inline constexpr char FileName[] = "printfile.txt";
+
+// The part of a grid that is printed, hidden rows and columns left out. Without a grid none is.
+struct PrintGrid {
+  const Grid* grid = nullptr;
+  int totalColumns = 0; // handed over by the screens; nothing asks for it
+  int topSkip = 0;
+  int leftSkip = 0;
+  int rightSkip = 0;
+  int bottomSkip = 0;
+
+  // Counts that the file tells: of what shows, less the skips.
+  int mshrows() const;
+  int mshcols() const;
+};
+
+// Lines above and below the grid. RunTimeError for an index that is not 0 to 20.
+void SetPrintHeadString(Session& session, const QString& text, int index);
+void SetPrintFootString(Session& session, const QString& text, int index);
+
+// Writes the file in place of the last one, in the ANSI code page. RunTimeError if it cannot be written.
+void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType,
+                    const QString& accountantPrintSign = {});
+
+} // namespace ModSavePrintData

@@ -1,0 +1,23 @@
+#include "printing/PrintHandOff.h"
+
+#include "platform/Trim.h"
+#include "screen/Grid.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/Session.h"
+
+ModSavePrintData::PrintGrid printedLines(const Grid& grid)
+{
+  const bool endsBlank = Trim(grid.text(grid.rows() - 1, 1)).isEmpty();
+  return {.grid = &grid, .totalColumns = grid.cols(), .leftSkip = 1, .bottomSkip = endsBlank ? 1 : 0};
+}
+
+void PrintHandOff(Session& session, const PrintJob& job, const QString& printType)
+{
+  for (int i = 0; i < job.head.size(); ++i)
+    ModSavePrintData::SetPrintHeadString(session, job.head[i], i + 1);
+  for (int i = 0; i < job.foot.size(); ++i)
+    ModSavePrintData::SetPrintFootString(session, job.foot[i], i + 1);
+  ModSavePrintData::WritePrintFile(session, job.printed, job.title, printType);
+  if (!Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("打印"), {}))
+    session.desk.stop(QStringLiteral("启动打印模块意外失败，请重新操作！"));
+}
