@@ -121,6 +121,12 @@ void Appearance::blend(QWidget& field)
   recolour(field, QPalette::Base, 0x00000000);
 }
 
+void Appearance::ground(QWidget& field, bool isReadOnly)
+{
+  const QPalette colours = QApplication::palette(&field);
+  recolour(field, QPalette::Base, colours.color(isReadOnly ? QPalette::Disabled : QPalette::Active, QPalette::Base).rgba());
+}
+
 void Appearance::markAsCellEditor(QWidget& field)
 {
   recolour(field, QPalette::Base, 0xfffff7d6);

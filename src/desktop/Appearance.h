@@ -13,6 +13,8 @@ void apply();
 void stamp(QWidget& label);
 // A field that stands in its place without a ground of its own.
 void blend(QWidget& field);
+// A field that is only read has the ground of a disabled one, another that of a field to type in.
+void ground(QWidget& field, bool isReadOnly);
 // The field that a grid is edited in stands out from the cells around it.
 void markAsCellEditor(QWidget& field);
 

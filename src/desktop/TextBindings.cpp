@@ -1,5 +1,6 @@
 #include "desktop/TextBindings.h"
 
+#include "desktop/Appearance.h"
 #include "desktop/FormWindow.h"
 
 #include <QComboBox>
@@ -43,7 +44,12 @@ TextBinding::TextBinding(FormWindow& window, TextBox& control, QLineEdit& face)
 void TextBinding::show()
 {
   WidgetBinding::show();
-  m_edit.setReadOnly(m_box.isReadOnly());
+  if (m_edit.isReadOnly() != m_box.isReadOnly()) {
+    m_edit.setReadOnly(m_box.isReadOnly());
+    // A field without a frame has no ground of its own.
+    if (m_edit.hasFrame())
+      Appearance::ground(m_edit, m_box.isReadOnly());
+  }
   if (m_edit.text() != m_box.text())
     m_edit.setText(m_box.text());
 }
