@@ -88,10 +88,10 @@ Reading readingOf(SQLSMALLINT type)
   }
 }
 
-template <typename Number> Number numberOf(const QByteArray& text)
+template <typename Number> Number numberOf(QByteArrayView text)
 {
   Number number{};
-  std::from_chars(text.constData(), text.constData() + text.size(), number);
+  std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
 
@@ -144,28 +144,30 @@ private:
     else if (reading == Reading::Real)
       rows.appendReal(numberOf<double>(m_value));
     else
-      rows.appendText(m_value.constData(), m_value.size());
+      rows.appendText(m_value.data(), m_value.size());
     return true;
   }
 
-  // A long value comes in pieces.
+  // Leaves the value in m_value. Nearly all fit into one piece; a long one is put together.
   bool fetchBytes(SQLUSMALLINT column, SQLSMALLINT type, bool& isNull)
   {
-    m_value.clear();
     const SQLLEN room = SQLLEN(sizeof m_piece) - (type == SQL_C_CHAR ? 1 : 0);
+    m_long.resize(0);
     while (true) {
       SQLLEN size = 0;
       const SQLRETURN code = SQLGetData(m_statement, column, type, m_piece, sizeof m_piece, &size);
-      if (code == SQL_NO_DATA)
-        return true;
-      if (!SQL_SUCCEEDED(code))
+      if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
         return false;
-      isNull = size == SQL_NULL_DATA;
-      if (isNull)
+      isNull = code != SQL_NO_DATA && size == SQL_NULL_DATA;
+      const bool isLast = code == SQL_NO_DATA || isNull || (size != SQL_NO_TOTAL && size <= room);
+      const SQLLEN got = code == SQL_NO_DATA || isNull ? 0 : isLast ? size : room;
+      if (isLast && m_long.isEmpty()) {
+        m_value = QByteArrayView(m_piece, got);
         return true;
-      const bool whole = size != SQL_NO_TOTAL && size <= room;
-      m_value.append(m_piece, whole ? size : room);
-      if (whole)
+      }
+      m_long.append(m_piece, got);
+      m_value = m_long;
+      if (isLast)
         return true;
     }
   }
@@ -173,7 +175,8 @@ private:
   SQLHSTMT m_statement;
   QStringList m_names;
   std::vector<Reading> m_readings;
-  QByteArray m_value;
+  QByteArrayView m_value; // of m_piece or m_long
+  QByteArray m_long;
   char m_piece[4096];
 };
 
