@@ -175,6 +175,39 @@ TEST_F(EntryTest, AFailedReadBeforeAScreenStandsEndsTheRun)
   EXPECT_EQ(desk.boxes.size(), 2);
 }
 
+TEST_F(EntryTest, AFileThatIsNoWholeAccountSetEndsTheRunAndStaysAsItWas)
+{
+  QFile stored(accountSetPath());
+  ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
+  const QByteArray whole = stored.readAll();
+  struct Row {
+    const char* what;
+    QByteArray content;
+  };
+  for (const auto& [what, content] : {
+           Row{"empty", {}},
+           Row{"a text", QByteArray("no database at all\r\n").repeated(500)},
+           Row{"cut in its header", whole.left(60)},
+           Row{"cut behind its first page", whole.left(whole.size() / 2)},
+           Row{"a header before rubbish", whole.left(16) + QByteArray(whole.size(), '\xA5')},
+       }) {
+    QFile::remove(accountSetPath());
+    QFile damaged(accountSetPath());
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write(content) == content.size());
+    damaged.close();
+    const auto started = start({u"付款"_s});
+    EXPECT_FALSE(started.screen) << what;
+    EXPECT_EQ(started.exitStatus, 1) << what;
+    EXPECT_EQ(desk.boxes.value(0).title, u""_s) << what;
+    EXPECT_TRUE(desk.boxes.value(0).text.startsWith(u"Error:"_s)) << what;
+    EXPECT_EQ(desk.boxes.size(), 2) << what << ": the statement's own box, and the run-time error";
+    desk.boxes.clear();
+    CloseConnection(session);
+    ASSERT_TRUE(damaged.open(QIODevice::ReadOnly));
+    EXPECT_EQ(damaged.readAll(), content) << what;
+  }
+}
+
 TEST_F(EntryTest, TheDecimalSettingsAreReadOnceAtStart)
 {
   open({u"付款"_s});

@@ -6,9 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QFile>
-#include <QThread>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -36,10 +35,7 @@ constexpr char Taker[] = "#!/bin/sh\n"
 
 QByteArray contentOnceThere(const QString& path)
 {
-  QElapsedTimer waited;
-  waited.start();
-  while (!QFile::exists(path) && waited.elapsed() < 10000)
-    QThread::msleep(5);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }));
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
