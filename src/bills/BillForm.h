@@ -84,7 +84,6 @@ protected:
   // Building (BillFormControls.cpp), called by the form in the order of Tab; the form's own fields
   // come between.
   void buildSaleManAndMemo();
-  void buildMoneyType();
   void buildFooter();
   // A text box in which Enter moves on.
   TextBox* addEntry(Control* container, const char* name);
@@ -175,6 +174,7 @@ private:
   enum class Feature { None, Lines, Partner, WriteOff };
   bool has(Feature feature) const;
   void buildHeader();
+  void buildMoneyType();
   void buildToolbar();
   void buildFileMenu();
   void buildPrintMenu();

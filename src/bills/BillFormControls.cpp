@@ -22,6 +22,7 @@ void BillForm::buildHeader()
   TxtDate = add<TextBox>(Pic, "TxtDate");
   TxtDate->setReadOnly(true);
   TxtDate->setTabStop(false);
+  buildMoneyType();
   FrameProvide = add<Container>(Pic, "FrameProvide", QString::fromUtf16(traits().headFrame));
 }
 

@@ -18,7 +18,6 @@ FundBillForm::FundBillForm(Session& ofSession, const BillTraits& traits, int bal
   buildPartner();
   TxtName->onChange = [this] { RefreshBalanceLabel(); };
   buildSaleManAndMemo();
-  buildMoneyType();
   buildLines();
   LabFundAttention = add<Label>(Pic, "LabFundAttention", BalanceHeading);
   buildFooter();

@@ -16,7 +16,6 @@ frmBankKeepTake::frmBankKeepTake(Session& ofSession) : BillForm(ofSession, BankT
   TxtMoney = addAmount(FrameProvide, "TxtMoney");
   TxtMoney->onKey = [this](const Key& key) { return TxtMoney_KeyPress(key); };
   buildSaleManAndMemo();
-  buildMoneyType();
   // The grid of the other bills is there and holds nothing.
   MSH = add<Grid>(Pic, "MSH");
   MSH->setVisible(false);

@@ -10,7 +10,6 @@ using namespace ModFuntion;
 frmFeeElseIncome::frmFeeElseIncome(Session& ofSession) : LineBillForm(ofSession, ExpenseTraits)
 {
   buildSaleManAndMemo();
-  buildMoneyType();
   FramePay = add<Container>(Pic, "FramePay", "资金信息");
   buildPayment(m_cash, {"TxtCash", "TxtCashAccouCode", "TxtCashAccouName", "ImgCashAccouName"});
   buildPayment(m_bank, {"TxtTransfer", "TxtTransferCode", "TxtTransferName", "ImgTransferName"});

@@ -14,7 +14,6 @@ frmFeeSustain::frmFeeSustain(Session& ofSession) : PartnerBillForm(ofSession, Fe
 {
   buildPartner();
   buildSaleManAndMemo();
-  buildMoneyType();
   buildLines();
   buildFooter();
 }
