@@ -3,6 +3,7 @@
 #include "bills/BillList.h"
 #include "bills/BillTraits.h"
 #include "platform/Currency.h"
+#include "printing/BillTemplate.h"
 #include "printing/ModSavePrintData.h"
 #include "screen/Controls.h"
 #include "session/OperateRight.h"
@@ -99,6 +100,8 @@ protected:
 
   bool mayDo(RightKind kind);
   void PrintHandOff(const QString& printType);
+  void PrintBill_Excel(const QString& templateName, BillTemplate::Finish finish);
+  void MPrintSet_Excel_Click();
   QString billCode() const;
   QString dateText() const;
   // A text in quotes, as it stands in SQL text: nothing in it is doubled or escaped.
@@ -219,7 +222,13 @@ private:
   void dropWriteOffs(const QString& code);
   void browseTo(const std::optional<QString>& code);
   void clearAfterDelete();
+  void addTemplateMenu(Control* menu, const char* name, BillTemplate::Finish finish);
   QStringList printLines(std::span<const PrintLine> lines) const;
+  QList<BillTemplate::Placeholder> placeholders() const;
+  QString placeholderValue(const TemplateWord& word) const;
+  QString queriedText(const QString& sql) const;
+  QString capitals(const QString& amount) const;
+  QString totalPaid() const;
 
   const BillTraits* m_traits;
   BillList m_billList; // Adodc1

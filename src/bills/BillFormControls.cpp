@@ -175,7 +175,7 @@ void BillForm::buildFileMenu()
     if (QLatin1String(item.name) == QLatin1String("FExcle")) {
       Menu* const exports = add<Menu>(File, item.name, item.caption);
       add<MenuItem>(exports, "FExcle_PT", "普通格式");
-      add<MenuItemArray>(add<Menu>(exports, "FIntoExcel", "设置的格式"), "FIntoExcel_Inf")->setItem(0, "暂无");
+      addTemplateMenu(add<Menu>(exports, "FIntoExcel", "设置的格式"), "FIntoExcel_Inf", BillTemplate::Finish::HandOver);
       continue;
     }
     MenuItem* const made = add<MenuItem>(File, item.name, item.caption);
@@ -190,9 +190,16 @@ void BillForm::buildPrintMenu()
   add<MenuItem>(MPrint, "MPDirect_PT", "直接打印")->onClick = [this] { MPDirect_PT_Click(); };
   add<MenuItem>(MPrint, "MPPreview_PT", "打印预览")->onClick = [this] { MPPreview_PT_Click(); };
   add<MenuItem>(MPrint, "MPrintSet_PT", "打印设置")->onClick = [this] { MPrintSet_PT_Click(); };
-  add<MenuItemArray>(add<Menu>(MPrint, "MPDirect_Excel", "按模板直接打印"), "MPDirect_Excel_D_Inf")->setItem(0, "暂无");
-  add<MenuItemArray>(add<Menu>(MPrint, "MPPreview_Excel", "按模板打印预览"), "MPPreview_Excel_D_Inf")->setItem(0, "暂无");
-  add<MenuItem>(MPrint, "MPrintSet_Excel", "外部报表管理");
+  addTemplateMenu(add<Menu>(MPrint, "MPDirect_Excel", "按模板直接打印"), "MPDirect_Excel_D_Inf", BillTemplate::Finish::Print);
+  addTemplateMenu(add<Menu>(MPrint, "MPPreview_Excel", "按模板打印预览"), "MPPreview_Excel_D_Inf", BillTemplate::Finish::Preview);
+  add<MenuItem>(MPrint, "MPrintSet_Excel", "外部报表管理")->onClick = [this] { MPrintSet_Excel_Click(); };
+}
+
+void BillForm::addTemplateMenu(Control* menu, const char* name, BillTemplate::Finish finish)
+{
+  MenuItemArray* const items = add<MenuItemArray>(menu, name);
+  items->setItem(0, "暂无");
+  items->onItemClick = [this, items, finish](int index) { PrintBill_Excel(items->captions().value(index), finish); };
 }
 
 void BillForm::fillTemplateMenus()

@@ -1,7 +1,12 @@
 #include "bills/BillForm.h"
 
+#include "ledger/ModDaXie.h"
+#include "ledger/Money.h"
 #include "platform/Trim.h"
 #include "printing/PrintHandOff.h"
+#include "screen/Grid.h"
+#include "session/Mod_ZORVEKMain.h"
+#include "session/ModuleADO.h"
 
 // The printouts of a bill.
 
@@ -22,4 +27,77 @@ QStringList BillForm::printLines(std::span<const PrintLine> lines) const
   for (const PrintLine& line : lines)
     texts.append(QString::fromUtf16(line.label) + Trim(find(QString::fromLatin1(line.control))->shownText()));
   return texts;
+}
+
+void BillForm::PrintBill_Excel(const QString& templateName, BillTemplate::Finish finish)
+{
+  if (!mayDo(RightKind::Print))
+    return;
+  BillTemplate::PrintBill_Excel(session,
+                                {.templateName = templateName,
+                                 .billCode = TxtBillCode->text(),
+                                 .headerTable = headerTable(),
+                                 .placeholders = [this] { return placeholders(); },
+                                 .lines = printedGrid().grid,
+                                 .finish = finish},
+                                installedSpreadsheet(session.machine.programFolder()));
+}
+
+void BillForm::MPrintSet_Excel_Click()
+{
+  const QString reports = QStringLiteral("外部报表管理");
+  if (!CheckOperateRight(session, session.params.UserName, reports, RightKind::Read))
+    return;
+  if (!Mod_ZORVEKMain::RunSiblingProgram(session, reports, {reports}))
+    session.desk.stop(QStringLiteral("启动外部报表管理模块意外失败，请重新操作！"));
+}
+
+QList<BillTemplate::Placeholder> BillForm::placeholders() const
+{
+  QList<BillTemplate::Placeholder> all;
+  for (const TemplateWord& word : traits().templateWords)
+    all.append({QString::fromUtf16(word.word), placeholderValue(word)});
+  return all;
+}
+
+QString BillForm::placeholderValue(const TemplateWord& word) const
+{
+  using Source = TemplateWord::Source;
+  const QString name = QString::fromLatin1(word.name);
+  const auto shown = [&] { return Trim(find(name)->shownText()); };
+  const QString dateForm = QStringLiteral("yyyy年MM月dd日");
+  switch (word.source) {
+  case Source::Text: return shown();
+  case Source::IfVisible: return find(name)->isVisible() ? shown() : QString();
+  case Source::Partner:
+    return queriedText("select " + name + " from TabClient where Code='" + Trim(find(QStringLiteral("TxtCode"))->shownText()) + "' ");
+  case Source::Company: return queriedText("select " + name + " from TabCompanyInf  ");
+  case Source::BillDate: return DTPDate->date().toString(dateForm);
+  case Source::Today: return session.machine.today().toString(dateForm);
+  case Source::Capitals: return capitals(shown());
+  case Source::Balance: return find(name)->isVisible() ? shown().mid(7) : QString();
+  case Source::PaidTogether: return totalPaid();
+  }
+  return {};
+}
+
+// The first field of the first row, blank without a row.
+QString BillForm::queriedText(const QString& sql) const
+{
+  const Recordset rs = OpenRecordset(session, sql);
+  return rs.eof() ? QString() : rs.trimmed(rs.rows().names().first());
+}
+
+QString BillForm::capitals(const QString& amount) const
+{
+  QString digits = amount;
+  for (const QChar mark : QStringLiteral(",。￥"))
+    digits.remove(mark);
+  return ModDaXie::CapitalAmountText(session.desk, digits, QStringLiteral("货币型"));
+}
+
+QString BillForm::totalPaid() const
+{
+  const auto amount = [this](const char* box) { return ModFuntion::MoneyOf(find(QString::fromLatin1(box))->shownText()); };
+  return (amount("TxtCash") + amount("TxtTransfer")).toText();
 }

@@ -40,6 +40,24 @@ struct PrintLine {
   const char* control;
 };
 
+// A word of a workbook template, and what stands there on a printout of the bill.
+struct TemplateWord {
+  enum class Source {
+    Text,      // the text of the control
+    IfVisible, // the same, blank while it is hidden
+    Partner,   // this column of the partner's row
+    Company,   // this column of the firm's own row
+    BillDate,
+    Today,
+    Capitals,    // the amount of the control in capital numerals
+    Balance,     // what stands behind the heading of the balance
+    PaidTogether // cash and bank amounts together
+  };
+  const char16_t* word;
+  Source source;
+  const char* name = nullptr; // of the control or the column
+};
+
 struct BillTraits {
   const char* form;
   const char16_t* billName; // designed caption of LabBillName
@@ -54,6 +72,7 @@ struct BillTraits {
   const PartnerTraits* partner = nullptr;
   std::span<const PrintLine> printHead;
   std::span<const PrintLine> printFoot = {};
+  std::span<const TemplateWord> templateWords;
 
   const char16_t* duplicateCode;
   const char16_t* missingAtVoid;

@@ -52,7 +52,7 @@ std::int64_t Recordset::recordCount() const
   return m_rows.rows();
 }
 
-Value Recordset::field(const QString& name) const
+int Recordset::requireColumn(const QString& name) const
 {
   requireOpen();
   const int column = m_rows.column(name);
@@ -60,7 +60,19 @@ Value Recordset::field(const QString& name) const
     throw RunTimeError(RunTimeError::NoSuchField, QStringLiteral("在对应所需名称或序数的集合中，未找到项目：%1").arg(name));
   if (m_at < 0 || m_at >= m_rows.rows())
     throw RunTimeError(RunTimeError::NoCurrentRecord, QStringLiteral("没有当前记录"));
+  return column;
+}
+
+Value Recordset::field(const QString& name) const
+{
+  const int column = requireColumn(name);
   return m_rows.value(m_at, column);
+}
+
+QByteArray Recordset::bytes(const QString& name) const
+{
+  const int column = requireColumn(name);
+  return m_rows.bytes(m_at, column);
 }
 
 const RowSet& Recordset::rows() const

@@ -30,6 +30,8 @@ public:
   Value field(const QString& name) const;
   QString text(const QString& name) const { return field(name).toText(); }
   QString trimmed(const QString& name) const { return Trim(text(name)); }
+  // What a binary column holds, byte by byte.
+  QByteArray bytes(const QString& name) const;
   double number(const QString& name) const { return field(name).toNumber(); }
 
   // All rows, for a list that shows them as they are.
@@ -39,6 +41,7 @@ public:
 
 private:
   void requireOpen() const;
+  int requireColumn(const QString& name) const;
 
   RowSet m_rows;
   std::int64_t m_at = 0; // -1 ahead of the first row

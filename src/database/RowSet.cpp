@@ -20,6 +20,12 @@ Value RowSet::value(std::int64_t row, int column) const
   return {};
 }
 
+QByteArray RowSet::bytes(std::int64_t row, int column) const
+{
+  const Cell& cell = m_cells[std::size_t(row) * std::size_t(m_names.size()) + std::size_t(column)];
+  return cell.kind == Value::Kind::Text ? QByteArray(m_texts.data() + cell.offset, cell.size) : QByteArray();
+}
+
 void RowSet::appendNull()
 {
   m_cells.push_back({{0}, 0, Value::Kind::Null});

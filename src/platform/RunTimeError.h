@@ -15,6 +15,7 @@ public:
     TypeMismatch = 13,
     PermissionDenied = 70,
     PathFileAccess = 75,
+    NoSpreadsheet = 429,
     NoCurrentRecord = 3021,
     NoSuchField = 3265,
     Closed = 3704,

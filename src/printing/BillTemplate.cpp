@@ -1,0 +1,142 @@
+#include "printing/BillTemplate.h"
+
+#include "platform/RunTimeError.h"
+#include "platform/Trim.h"
+#include "screen/Grid.h"
+#include "session/ModuleADO.h"
+#include "session/Session.h"
+
+#include <QFile>
+
+namespace BillTemplate {
+
+namespace {
+
+constexpr int SearchedRows = 40;
+constexpr int SearchedColumns = 40;
+constexpr int FirstLineRow = 17; // and the next: the place of the lines, which goes
+const QString Page = QStringLiteral("sheet1");
+const QString LayoutSheet = QStringLiteral("样式分类设置");
+const QString FixedLayout = QStringLiteral("特殊格式设定");
+
+QString stampOf(const QDateTime& now)
+{
+  return now.toString(QStringLiteral("yyyyMdHHmmss"));
+}
+
+void fillPage(Spreadsheet& workbook, const QList<Placeholder>& placeholders)
+{
+  const QList<QStringList> page = workbook.texts(Page, SearchedRows, SearchedColumns);
+  for (int row = 0; row < page.size(); ++row)
+    for (int column = 0; column < page[row].size(); ++column) {
+      const QString& text = page[row][column];
+      const QString filled = ReplacePlaceholders(text, placeholders);
+      if (filled != text)
+        workbook.setText(Page, row + 1, column + 1, filled);
+    }
+}
+
+// Only the last sheet can ask for a layout: a later sheet takes back what an earlier one asked for.
+bool isFixedLayout(Spreadsheet& workbook)
+{
+  const QStringList names = workbook.sheetNames();
+  return !names.isEmpty() && names.last() == LayoutSheet && workbook.texts(LayoutSheet, 1, 2)[0][1] == FixedLayout;
+}
+
+QList<int> linesOf(const Grid* grid)
+{
+  QList<int> rows;
+  for (int row = 1; grid && row < grid->rows(); ++row)
+    if (!Trim(grid->text(row, 1)).isEmpty())
+      rows.append(row);
+  return rows;
+}
+
+// The lines stand from row 17 on when the two rows of the template are gone.
+void fillLines(Spreadsheet& workbook, const Grid* grid)
+{
+  const QList<int> lines = isFixedLayout(workbook) ? QList<int>() : linesOf(grid);
+  if (!lines.isEmpty())
+    workbook.insertRows(Page, FirstLineRow + 1, int(lines.size()));
+  for (int i = 0; i < lines.size(); ++i)
+    for (int column = 1; column < grid->cols(); ++column)
+      workbook.setText(Page, FirstLineRow + 1 + i, column, Trim(grid->text(lines[i], column)));
+  workbook.deleteRow(Page, FirstLineRow);
+  workbook.deleteRow(Page, FirstLineRow + int(lines.size()));
+}
+
+void finish(Spreadsheet& workbook, Finish how)
+{
+  switch (how) {
+  case Finish::Print: return workbook.print(Page);
+  case Finish::Preview: return workbook.preview(Page, QStringLiteral("打印"));
+  case Finish::HandOver: return workbook.handOver(Page, QStringLiteral("输出...."));
+  }
+}
+
+void printFile(const Job& job, const QString& path, const OpenSpreadsheet& open)
+{
+  const std::unique_ptr<Spreadsheet> workbook = open(path);
+  fillPage(*workbook, job.placeholders());
+  fillLines(*workbook, job.lines);
+  finish(*workbook, job.finish);
+}
+
+bool isStored(Session& session, const Job& job)
+{
+  return !OpenRecordset(session, "select * from " + job.headerTable + " where Code='" + Trim(job.billCode) + "'").eof();
+}
+
+} // namespace
+
+QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placeholders)
+{
+  for (const Placeholder& placeholder : placeholders)
+    cellText.replace(placeholder.word, placeholder.value);
+  return cellText;
+}
+
+std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const QString& tabName)
+{
+  Recordset rs = OpenRecordset(session, "SELECT * FROM TabExcelTable where TabName = '" + tabName + "' ");
+  if (rs.recordCount() <= 0) {
+    session.desk.ask({tabName + "  不存在！.", Desk::Icon::Warning, Desk::Buttons::Ok, QStringLiteral("错误")});
+    return 0;
+  }
+  QFile file(filePath);
+  const QByteArray workbook = rs.bytes("TabInf");
+  if (!file.open(QIODevice::WriteOnly) || file.write(workbook) != workbook.size() || !file.flush())
+    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
+  return rs.recordCount();
+}
+
+void PrintBill_Excel(Session& session, const Job& job, const OpenSpreadsheet& open)
+{
+  const QString name = Trim(job.templateName);
+  if (name.isEmpty() || name == QStringLiteral("暂无"))
+    return session.desk.inform(QStringLiteral("未传递打印模版名，打印终止！"));
+  QString workPath;
+  bool stays = false;
+  try {
+    if (!isStored(session, job))
+      return session.desk.inform(QStringLiteral("尚未保存数据，请先保存数据后重新执行打印！"));
+    const QString workName = stampOf(session.machine.now()) + name;
+    const QString unpacked = session.machine.inProgramFolder("PrintTemp/" + workName);
+    if (RestoreFileFromDb(session, unpacked, name) <= 0)
+      return session.desk.inform(QStringLiteral("打开报表模版失败，请重新操作！"));
+    if (!QFile::exists(unpacked))
+      return session.desk.inform(QStringLiteral("打印模版文件不存在，打印终止！"));
+    workPath = session.machine.inProgramFolder("TempFile/" + workName);
+    QFile::remove(workPath);
+    if (!QFile::copy(unpacked, workPath))
+      throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
+    printFile(job, workPath, open);
+    stays = job.finish == Finish::HandOver;
+  } catch (const RunTimeError&) {
+    session.desk.inform(QStringLiteral("操作发生不可预测性错误！请退出软件重启电脑后再操作！"));
+  }
+  if (!stays && !workPath.isEmpty())
+    QFile::remove(workPath);
+}
+
+} // namespace BillTemplate

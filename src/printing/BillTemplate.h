@@ -1,0 +1,43 @@
+#pragma once
+
+#include "spreadsheet/Spreadsheet.h"
+
+#include <QString>
+
+class Grid;
+struct Session;
+
+// A bill printed through a workbook that the user designed. The workbook lies in the database; its
+// first page is filled from the screen, and the bill's lines go where its rows 17 and 18 are.
+namespace BillTemplate {
+
+// A word of the template and what takes its place. The order counts: a word that begins with another
+// one stands ahead of it.
+struct Placeholder {
+  QString word;
+  QString value;
+};
+
+enum class Finish { Print, Preview, HandOver };
+
+struct Job {
+  QString templateName;
+  QString billCode;
+  QString headerTable;
+  // Asked once a print, when the template is open.
+  std::function<QList<Placeholder>()> placeholders;
+  // The bill's lines; null for a bill without any.
+  const Grid* lines = nullptr;
+  Finish finish = Finish::Print;
+};
+
+// Prints, previews or hands over the filled workbook. Every failure is shown. Only a workbook that was
+// handed over stays in TempFile; the unpacked one stays in PrintTemp.
+void PrintBill_Excel(Session& session, const Job& job, const OpenSpreadsheet& open);
+
+QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placeholders);
+
+// Writes the stored template to a file. The count of rows found, 0 after a message.
+std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const QString& tabName);
+
+} // namespace BillTemplate
