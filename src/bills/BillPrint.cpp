@@ -55,8 +55,12 @@ void BillForm::MPrintSet_Excel_Click()
 QList<BillTemplate::Placeholder> BillForm::placeholders() const
 {
   QList<BillTemplate::Placeholder> all;
-  for (const TemplateWord& word : traits().templateWords)
+  for (const TemplateWord& word : traits().templateWords) {
+    // A fee offset knows no balance, and no word for it.
+    if (word.source == TemplateWord::Source::Balance && !find(QString::fromLatin1(word.name)))
+      continue;
     all.append({QString::fromUtf16(word.word), placeholderValue(word)});
+  }
   return all;
 }
 
