@@ -98,7 +98,7 @@ void writeLine(RowWriter& rows, const GoodsBill& bill, const GoodsLine& line, in
                                      DateText::shortForm(bill.day),
                                      ware.code,
                                      ware.name,
-                                     ware.spec,
+                                     ware.WareSpec,
                                      ware.attribute,
                                      ware.unit,
                                      QString::number(line.amount),

@@ -56,7 +56,7 @@ void writeWares(RowWriter& rows)
   for (const auto& [code, name] : Attributes)
     rows.insert("TabAttribute", {code, name, u"0"});
   for (const Ware& ware : Wares)
-    rows.insert("TabWare", {ware.code, ware.name, u"0", ware.spec, ware.unit, ware.mnemonic, ware.category});
+    rows.insert("TabWare", {ware.code, ware.name, u"0", ware.WareSpec, ware.unit, ware.mnemonic, ware.category});
 }
 
 } // namespace SampleFirm

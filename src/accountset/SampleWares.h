@@ -12,7 +12,7 @@ namespace SampleFirm {
 struct Ware {
   QStringView code;
   QStringView name;
-  QStringView spec;
+  QStringView WareSpec;
   QStringView unit;
   QStringView mnemonic;
   QStringView category;

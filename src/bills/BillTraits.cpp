@@ -185,6 +185,29 @@ constexpr const char* FeeBlanks[] = {"TxtBillCode",     "TxtCashAccouCode", "Txt
                                      "TxtTransferName", "TxtTransfer",      "TxtOperator",      "TxtMemo"};
 constexpr const char* FeeOffsetBlanks[] = {"TxtBillCode", "TxtCode", "TxtName", "TxtOperator", "TxtMemo"};
 
+// The expense and the other income: one form, and all alike but their names, tables and codes.
+constexpr BillTraits feeTraits(const char16_t* name, const char16_t* billName, const char* headerTable, const char* prefix,
+                               const LineTraits& lines)
+{
+  return {
+      .form = "frmFeeElseIncome",
+      .billName = billName,
+      .formCaption = name,
+      .headerTable = headerTable,
+      .prefix = prefix,
+      .rightFunction = name,
+      .billType = name,
+      .headFrame = u"单据信息",
+      .lines = &lines,
+      .printHead = FeeHead,
+      .printFoot = FeeFoot,
+      .templateWords = FeeWords,
+      .duplicateCode = u"单据编号重复，请修改！",
+      .missingAtVoid = u"单据编号不存在，作废失败！",
+      .blankAfterDelete = FeeBlanks,
+  };
+}
+
 } // namespace
 
 constexpr BillTraits PaymentTraits{
@@ -241,41 +264,8 @@ constexpr BillTraits BankTraits{
     .blankAfterDelete = BankBlanks,
 };
 
-constexpr BillTraits ExpenseTraits{
-    .form = "frmFeeElseIncome",
-    .billName = u"费用开支单",
-    .formCaption = u"费用开支",
-    .headerTable = "TabFee",
-    .prefix = "FYD",
-    .rightFunction = u"费用开支",
-    .billType = u"费用开支",
-    .headFrame = u"单据信息",
-    .lines = &ExpenseLines,
-    .printHead = FeeHead,
-    .printFoot = FeeFoot,
-    .templateWords = FeeWords,
-    .duplicateCode = u"单据编号重复，请修改！",
-    .missingAtVoid = u"单据编号不存在，作废失败！",
-    .blankAfterDelete = FeeBlanks,
-};
-
-constexpr BillTraits OtherIncomeTraits{
-    .form = "frmFeeElseIncome",
-    .billName = u"其他收入单",
-    .formCaption = u"其他收入",
-    .headerTable = "TabElseIncome",
-    .prefix = "QSD",
-    .rightFunction = u"其他收入",
-    .billType = u"其他收入",
-    .headFrame = u"单据信息",
-    .lines = &OtherIncomeLines,
-    .printHead = FeeHead,
-    .printFoot = FeeFoot,
-    .templateWords = FeeWords,
-    .duplicateCode = u"单据编号重复，请修改！",
-    .missingAtVoid = u"单据编号不存在，作废失败！",
-    .blankAfterDelete = FeeBlanks,
-};
+constexpr BillTraits ExpenseTraits = feeTraits(u"费用开支", u"费用开支单", "TabFee", "FYD", ExpenseLines);
+constexpr BillTraits OtherIncomeTraits = feeTraits(u"其他收入", u"其他收入单", "TabElseIncome", "QSD", OtherIncomeLines);
 
 constexpr BillTraits FeeOffsetTraits{
     .form = "frmFeeSustain",
