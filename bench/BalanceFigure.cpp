@@ -1,16 +1,10 @@
-#include "accountset/AccountSet.h"
+#include "FilledAccountSet.h"
+
 #include "database/DialectTranslator.h"
-#include "database/SqliteCollations.h"
 #include "ledger/Balance.h"
 #include "ledger/BalanceStatement.h"
-#include "session/Session.h"
-#include "support/FakeDesk.h"
-#include "support/FixedMachine.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <map>
 #include <memory>
@@ -30,29 +24,16 @@ const QString Partner = QStringLiteral("K00000");
 const QDate LastClosing(2022, 3, 31);
 const QDate Today(2022, 6, 8);
 
-class ManyMovements {
+class ManyMovements : FilledAccountSet {
 public:
   explicit ManyMovements(int rows)
   {
-    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    if (const QString reason = AccountSet::create(path, AccountSet::Content::Empty); !reason.isEmpty())
-      qFatal("%s", qPrintable(reason));
-    if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
-      qFatal("cannot open %s", qPrintable(path));
-    run("pragma synchronous=off");
     run("begin");
     fillMasters();
     fillMovements(rows / TablesOfMovements);
     run("commit");
-    m_session.params.DatabaseType = QStringLiteral("Access");
-    m_session.params.IsAccessSQL = true;
-    m_session.params.ConDataName = QStringLiteral("A001.mdb");
     prepareFloor();
   }
-  ~ManyMovements() { sqlite3_close(m_database); }
-  ManyMovements(const ManyMovements&) = delete;
-  ManyMovements& operator=(const ManyMovements&) = delete;
 
   void askProgram()
   {
@@ -74,19 +55,6 @@ public:
   }
 
 private:
-  void run(const QString& sql)
-  {
-    if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-      qFatal("%s: %s", sqlite3_errmsg(m_database), qPrintable(sql));
-  }
-
-  // One row for each number i below `count`.
-  void fill(int count, const QString& table, const QString& columns, const QString& values)
-  {
-    run(QStringLiteral("with recursive n(i) as (select 0 union all select i+1 from n where i+1<%1) insert into %2(%3) select %4 from n")
-            .arg(QString::number(count), table, columns, values));
-  }
-
   void fillMasters()
   {
     run("insert into TabAccountantNameSet values(1,1)");
@@ -142,11 +110,6 @@ private:
       m_statements.push_back(sql.toUtf8());
   }
 
-  QTemporaryDir m_folder{"figures-XXXXXX"};
-  FakeDesk m_desk;
-  FixedMachine m_machine{m_folder.path()};
-  Session m_session{m_desk, m_machine};
-  sqlite3* m_database = nullptr;
   std::vector<QByteArray> m_statements;
 };
 

@@ -1,16 +1,10 @@
-#include "accountset/AccountSet.h"
-#include "database/SqliteCollations.h"
+#include "FilledAccountSet.h"
+
 #include "pickers/CodePicker.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
-#include "session/Session.h"
-#include "support/FakeDesk.h"
-#include "support/FixedMachine.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <chrono>
 #include <sqlite3.h>
@@ -29,23 +23,9 @@ constexpr int Categories = 40;
 constexpr char ListSql[] = "select Code,Name from TabClient order by code";
 constexpr char SearchSql[] = "select Code,Name from TabClient     where Name  like '%商%'order by Code  ";
 
-class ManyPartners {
+class ManyPartners : FilledAccountSet {
 public:
-  ManyPartners()
-  {
-    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    if (const QString reason = AccountSet::create(path, AccountSet::Content::Empty); !reason.isEmpty())
-      qFatal("%s", qPrintable(reason));
-    if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
-      qFatal("cannot open %s", qPrintable(path));
-    fill();
-    m_session.params.DatabaseType = QStringLiteral("Access");
-    m_session.params.IsAccessSQL = true;
-    m_session.params.ConDataName = QStringLiteral("A001.mdb");
-    m_session.params.UserName = QStringLiteral("系统管理员");
-  }
-  ~ManyPartners() { sqlite3_close(m_database); }
+  ManyPartners() { fillPartners(); }
 
   // Reads a query into memory, as a program without any screen would.
   void readBare(const char* sql)
@@ -73,13 +53,7 @@ public:
   }
 
 private:
-  void run(const QString& sql)
-  {
-    if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-      qFatal("%s", sqlite3_errmsg(m_database));
-  }
-
-  void fill()
+  void fillPartners()
   {
     run(QStringLiteral("begin; insert into TabClientType(Code,Name,ParentCode) values('1','往来单位','0')"));
     for (int i = 0; i < Categories; ++i)
@@ -92,12 +66,7 @@ private:
     run(QStringLiteral("commit"));
   }
 
-  QTemporaryDir m_folder{"figures-XXXXXX"};
-  FakeDesk m_desk;
-  FixedMachine m_machine{m_folder.path()};
-  sqlite3* m_database = nullptr;
   Form m_caller{m_desk, QStringLiteral("frmPayfund")};
-  Session m_session{m_desk, m_machine};
 };
 
 ManyPartners& manyPartners()

@@ -1,17 +1,12 @@
-#include "accountset/AccountSet.h"
-#include "database/SqliteCollations.h"
+#include "FilledAccountSet.h"
+
 #include "screen/Controls.h"
-#include "session/Session.h"
 #include "settlement/frmGouDui.h"
 #include "settlement/frmSFKHeXiao.h"
-#include "support/FakeDesk.h"
-#include "support/FixedMachine.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <cstring>
 #include <malloc.h>
@@ -86,20 +81,11 @@ private:
 };
 
 // An account set with this many sales and purchases.
-class ManyBills {
+class ManyBills : FilledAccountSet {
 public:
   explicit ManyBills(int bills)
   {
-    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    if (const QString reason = AccountSet::create(path, AccountSet::Content::Empty); !reason.isEmpty())
-      qFatal("%s", qPrintable(reason));
-    if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
-      qFatal("cannot open %s", qPrintable(path));
-    fill(bills);
-    m_session.params.DatabaseType = QStringLiteral("Access");
-    m_session.params.IsAccessSQL = true;
-    m_session.params.ConDataName = QStringLiteral("A001.mdb");
+    fillBills(bills);
     m_session.params.OperateDate = QStringLiteral("2022-06-08");
     m_session.DotSet = {2, 2, 2};
     m_bench.HXMode = QStringLiteral("收付款核销查询");
@@ -110,9 +96,6 @@ public:
     m_bench.find<ComboBox>(QStringLiteral("CombHXState"))->setText({});
     renewMatching();
   }
-  ~ManyBills() { sqlite3_close(m_database); }
-  ManyBills(const ManyBills&) = delete;
-  ManyBills& operator=(const ManyBills&) = delete;
 
   void renewMatching()
   {
@@ -145,23 +128,9 @@ public:
   }
 
 private:
-  void run(const QString& sql)
-  {
-    if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-      qFatal("%s: %s", sqlite3_errmsg(m_database), qPrintable(sql));
-  }
-
-  // One row for each number i below `count`.
-  void fill(int count, const QString& table, const QString& columns, const QString& values)
-  {
-    run(QStringLiteral("with recursive n(i) as (select 0 union all select i+1 from n where i+1<%1) insert into %2(%3) select %4 from n")
-            .arg(QString::number(count), table, columns, values));
-  }
-
-  void fill(int bills)
+  void fillBills(int bills)
   {
     const int lines = qMin(bills * LinesOfABill, MostLines);
-    run("pragma synchronous=off");
     run("begin");
     run("insert into TabAttribute(Code,Name) values('01','白色'),('02','黑色')");
     for (const char* const table : {"TabOutBill", "TabInBill"})
@@ -186,13 +155,8 @@ private:
       qFatal("%s", qPrintable(m_desk.takeTexts()));
   }
 
-  QTemporaryDir m_folder{"figures-XXXXXX"};
-  FakeDesk m_desk;
-  FixedMachine m_machine{m_folder.path()};
-  Session m_session{m_desk, m_machine};
   frmSFKHeXiao m_bench{m_session};
   std::unique_ptr<frmGouDui> m_matching;
-  sqlite3* m_database = nullptr;
 };
 
 ManyBills& manyBills(int bills)
