@@ -101,6 +101,7 @@ protected:
   bool mayDo(RightKind kind);
   void PrintHandOff(const QString& printType);
   void PrintBill_Excel(const QString& templateName, BillTemplate::Finish finish);
+  void FExcle_PT_Click();
   void MPrintSet_Excel_Click();
   QString billCode() const;
   QString dateText() const;

@@ -174,7 +174,7 @@ void BillForm::buildFileMenu()
       continue;
     if (QLatin1String(item.name) == QLatin1String("FExcle")) {
       Menu* const exports = add<Menu>(File, item.name, item.caption);
-      add<MenuItem>(exports, "FExcle_PT", "普通格式");
+      add<MenuItem>(exports, "FExcle_PT", "普通格式")->onClick = [this] { FExcle_PT_Click(); };
       addTemplateMenu(add<Menu>(exports, "FIntoExcel", "设置的格式"), "FIntoExcel_Inf", BillTemplate::Finish::HandOver);
       continue;
     }

@@ -4,6 +4,7 @@
 #include "ledger/Money.h"
 #include "platform/Trim.h"
 #include "printing/PrintHandOff.h"
+#include "printing/frmExport.h"
 #include "screen/Grid.h"
 #include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
@@ -39,8 +40,13 @@ void BillForm::PrintBill_Excel(const QString& templateName, BillTemplate::Finish
                                  .headerTable = headerTable(),
                                  .placeholders = [this] { return placeholders(); },
                                  .lines = printedGrid().grid,
-                                 .finish = finish},
-                                installedSpreadsheet(session.machine.programFolder()));
+                                 .finish = finish});
+}
+
+void BillForm::FExcle_PT_Click()
+{
+  if (mayDo(RightKind::Print))
+    frmExport(session).Export2Excel(*printedGrid().grid);
 }
 
 void BillForm::MPrintSet_Excel_Click()

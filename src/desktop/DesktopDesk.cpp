@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <algorithm>
@@ -164,6 +165,24 @@ void DesktopDesk::showModal(Form& form)
   m_dialogSizes.insert(form.name(), opened.window().size());
   take(opened);
   setBusy(wasBusy);
+}
+
+void DesktopDesk::showDuring(Form& form, const std::function<void()>& work)
+{
+  FormWindow& opened = open(form, topWindow());
+  const auto gone = qScopeGuard([&] {
+    form.close();
+    take(opened);
+  });
+  opened.window().setWindowModality(Qt::ApplicationModal);
+  opened.window().show();
+  breathe();
+  work();
+}
+
+void DesktopDesk::breathe()
+{
+  QCoreApplication::processEvents(QApplication::activeModalWidget() ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
 }
 
 void DesktopDesk::beep()

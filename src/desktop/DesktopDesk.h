@@ -30,6 +30,8 @@ public:
   Answer ask(const Box& box) override;
   void show(Form& form) override;
   void showModal(Form& form) override;
+  void showDuring(Form& form, const std::function<void()>& work) override;
+  void breathe() override;
   void beep() override;
   void setBusy(bool busy) override;
 

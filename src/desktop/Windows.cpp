@@ -2,6 +2,7 @@
 
 #include "ui_frmBankKeepTake.h"
 #include "ui_frmCode.h"
+#include "ui_frmExport.h"
 #include "ui_frmFeeElseIncome.h"
 #include "ui_frmFeeSustain.h"
 #include "ui_frmGouDui.h"
@@ -37,6 +38,7 @@ constexpr Maker Makers[] = {
     {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
     {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
     {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
+    {"frmExport", design<Ui::frmExport, QDialog>},
     {"frmOption_Bill", design<Ui::frmOption_Bill, QDialog>},
     {"frmCode", design<Ui::frmCode, QDialog>},
     {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},

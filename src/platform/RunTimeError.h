@@ -16,6 +16,7 @@ public:
     PermissionDenied = 70,
     PathFileAccess = 75,
     NoSpreadsheet = 429,
+    Automation = 440,
     NoCurrentRecord = 3021,
     NoSuchField = 3265,
     Closed = 3704,

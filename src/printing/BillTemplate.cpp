@@ -5,8 +5,11 @@
 #include "screen/Grid.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
+#include "spreadsheet/Spreadsheet.h"
 
 #include <QFile>
+
+#include <thread>
 
 namespace BillTemplate {
 
@@ -14,6 +17,7 @@ namespace {
 
 constexpr int SearchedRows = 40;
 constexpr int SearchedColumns = 40;
+constexpr std::chrono::milliseconds PreviewPoll{50};
 constexpr int FirstLineRow = 17; // and the next: the place of the lines, which goes
 const QString Page = QStringLiteral("sheet1");
 const QString LayoutSheet = QStringLiteral("样式分类设置");
@@ -24,7 +28,7 @@ QString stampOf(const QDateTime& now)
   return now.toString(QStringLiteral("yyyyMdHHmmss"));
 }
 
-void fillPage(Spreadsheet& workbook, const QList<Placeholder>& placeholders)
+void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
 {
   const QList<QStringList> page = workbook.texts(Page, SearchedRows, SearchedColumns);
   for (int row = 0; row < page.size(); ++row)
@@ -32,54 +36,67 @@ void fillPage(Spreadsheet& workbook, const QList<Placeholder>& placeholders)
       const QString& text = page[row][column];
       const QString filled = ReplacePlaceholders(text, placeholders);
       if (filled != text)
-        workbook.setText(Page, row + 1, column + 1, filled);
+        workbook.enter(Page, row + 1, column + 1, {{filled}});
     }
 }
 
 // Only the last sheet can ask for a layout: a later sheet takes back what an earlier one asked for.
-bool isFixedLayout(Spreadsheet& workbook)
+bool isFixedLayout(Workbook& workbook)
 {
   const QStringList names = workbook.sheetNames();
   return !names.isEmpty() && names.last() == LayoutSheet && workbook.texts(LayoutSheet, 1, 2)[0][1] == FixedLayout;
 }
 
-QList<int> linesOf(const Grid* grid)
+// The texts of the lines, from the grid's first column on.
+QList<QStringList> linesOf(const Grid* grid)
 {
-  QList<int> rows;
-  for (int row = 1; grid && row < grid->rows(); ++row)
-    if (!Trim(grid->text(row, 1)).isEmpty())
-      rows.append(row);
-  return rows;
+  QList<QStringList> lines;
+  for (int row = 1; grid && row < grid->rows(); ++row) {
+    if (Trim(grid->text(row, 1)).isEmpty())
+      continue;
+    QStringList& line = lines.emplaceBack();
+    for (int column = 1; column < grid->cols(); ++column)
+      line.append(Trim(grid->text(row, column)));
+  }
+  return lines;
 }
 
 // The lines stand from row 17 on when the two rows of the template are gone.
-void fillLines(Spreadsheet& workbook, const Grid* grid)
+void fillLines(Workbook& workbook, const Grid* grid)
 {
-  const QList<int> lines = isFixedLayout(workbook) ? QList<int>() : linesOf(grid);
-  if (!lines.isEmpty())
+  const QList<QStringList> lines = isFixedLayout(workbook) ? QList<QStringList>() : linesOf(grid);
+  if (!lines.isEmpty()) {
     workbook.insertRows(Page, FirstLineRow + 1, int(lines.size()));
-  for (int i = 0; i < lines.size(); ++i)
-    for (int column = 1; column < grid->cols(); ++column)
-      workbook.setText(Page, FirstLineRow + 1 + i, column, Trim(grid->text(lines[i], column)));
+    workbook.enter(Page, FirstLineRow + 1, 1, lines);
+  }
   workbook.deleteRow(Page, FirstLineRow);
   workbook.deleteRow(Page, FirstLineRow + int(lines.size()));
 }
 
-void finish(Spreadsheet& workbook, Finish how)
+void showPreview(Workbook& workbook, Desk& desk)
+{
+  workbook.preview(Page, QStringLiteral("打印"));
+  while (workbook.isInPreview()) {
+    desk.breathe();
+    std::this_thread::sleep_for(PreviewPoll);
+  }
+}
+
+void finish(Workbook& workbook, Finish how, Desk& desk)
 {
   switch (how) {
   case Finish::Print: return workbook.print(Page);
-  case Finish::Preview: return workbook.preview(Page, QStringLiteral("打印"));
+  case Finish::Preview: return showPreview(workbook, desk);
   case Finish::HandOver: return workbook.handOver(Page, QStringLiteral("输出...."));
   }
 }
 
-void printFile(const Job& job, const QString& path, const OpenSpreadsheet& open)
+void printFile(Session& session, const Job& job, const QString& path)
 {
-  const std::unique_ptr<Spreadsheet> workbook = open(path);
+  const std::unique_ptr<Workbook> workbook = session.spreadsheet.open(path);
   fillPage(*workbook, job.placeholders());
   fillLines(*workbook, job.lines);
-  finish(*workbook, job.finish);
+  finish(*workbook, job.finish, session.desk);
 }
 
 bool isStored(Session& session, const Job& job)
@@ -110,7 +127,7 @@ std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const 
   return rs.recordCount();
 }
 
-void PrintBill_Excel(Session& session, const Job& job, const OpenSpreadsheet& open)
+void PrintBill_Excel(Session& session, const Job& job)
 {
   const QString name = Trim(job.templateName);
   if (name.isEmpty() || name == QStringLiteral("暂无"))
@@ -130,7 +147,7 @@ void PrintBill_Excel(Session& session, const Job& job, const OpenSpreadsheet& op
     QFile::remove(workPath);
     if (!QFile::copy(unpacked, workPath))
       throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
-    printFile(job, workPath, open);
+    printFile(session, job, workPath);
     stays = job.finish == Finish::HandOver;
   } catch (const RunTimeError&) {
     session.desk.inform(QStringLiteral("操作发生不可预测性错误！请退出软件重启电脑后再操作！"));

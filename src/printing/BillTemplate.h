@@ -1,8 +1,9 @@
 #pragma once
 
-#include "spreadsheet/Spreadsheet.h"
-
+#include <QList>
 #include <QString>
+
+#include <functional>
 
 class Grid;
 struct Session;
@@ -33,7 +34,7 @@ struct Job {
 
 // Prints, previews or hands over the filled workbook. Every failure is shown. Only a workbook that was
 // handed over stays in TempFile; the unpacked one stays in PrintTemp.
-void PrintBill_Excel(Session& session, const Job& job, const OpenSpreadsheet& open);
+void PrintBill_Excel(Session& session, const Job& job);
 
 QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placeholders);
 

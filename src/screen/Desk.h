@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class Form;
 
 // The operator in front of the screen: message boxes, forms shown to him, the beep, the busy
@@ -29,6 +31,12 @@ public:
   virtual void show(Form& form) = 0;
   // Shows a form over all others and returns when it has been closed.
   virtual void showModal(Form& form) = 0;
+
+  // Shows a form over all others while a long work runs, and closes it behind it.
+  virtual void showDuring(Form& form, const std::function<void()>& work) = 0;
+  // Called by a long work now and then: the screen is painted, and the form shown during it hears the
+  // operator. Nothing else of his is taken meanwhile.
+  virtual void breathe() = 0;
 
   virtual void beep() = 0;
   // The pointer of a program that works. Not counted: the last call holds.

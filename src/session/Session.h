@@ -6,6 +6,7 @@
 #include "session/DotType.h"
 #include "session/PrintStrings.h"
 #include "session/SessionParams.h"
+#include "spreadsheet/Spreadsheet.h"
 
 // Everything that one run asks of its surroundings, made at start and handed down by reference.
 struct Session {
@@ -17,6 +18,7 @@ struct Session {
   // The node clicked last in the tree picker; it outlives the dialog.
   QString SelectedCode = {};
   PrintStrings printStrings = {};
+  Spreadsheet spreadsheet = Spreadsheet();
 
   // The date of the session; today if it is none.
   QDate operateDate() const;

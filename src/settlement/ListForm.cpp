@@ -6,6 +6,7 @@
 #include "platform/Trim.h"
 #include "printing/GridLayout.h"
 #include "printing/PrintHandOff.h"
+#include "printing/frmExport.h"
 #include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
 
@@ -47,7 +48,7 @@ void ListForm::buildList()
 void ListForm::buildMenus()
 {
   Menu* const file = add<Menu>(this, "MFile", "文件(&F)");
-  add<MenuItem>(file, "FExcel", "导出至Excel表");
+  add<MenuItem>(file, "FExcel", "导出至Excel表")->onClick = [this] { frmExport(session).Export2Excel(*MSH); };
   addPrintItem(file, "FPrintSet", "打印设置");
   add<MenuItem>(file, "FMSHFormat", "界面列表格式设置")->onClick = [this] {
     GridLayout::FMSHFormat_Click(session, *MSH, LabTabName->caption());

@@ -2,22 +2,34 @@
 
 #include "platform/RunTimeError.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QLibrary>
 
-namespace {
+Spreadsheet::Spreadsheet(const QString& driverFolder) : m_driverFolder(driverFolder) {}
 
-using Start = Spreadsheet* (*)(const QString& path);
+Spreadsheet::~Spreadsheet() = default;
 
-} // namespace
-
-OpenSpreadsheet installedSpreadsheet(const QString& programFolder)
+std::unique_ptr<Workbook> Spreadsheet::open(const QString& path)
 {
-  return [programFolder](const QString& path) {
-    QLibrary driver(QDir(programFolder).filePath(QStringLiteral("spreadsheetdriver")));
-    const auto start = reinterpret_cast<Start>(driver.resolve("startSpreadsheet"));
-    if (!start)
+  return driver().open(path);
+}
+
+std::unique_ptr<Workbook> Spreadsheet::create()
+{
+  return driver().create();
+}
+
+SpreadsheetDriver& Spreadsheet::driver()
+{
+  if (!m_driver) {
+    const QString folder = m_driverFolder.isEmpty() ? QCoreApplication::applicationDirPath() : m_driverFolder;
+    // The library is never unloaded: the office's own libraries would not survive it.
+    QLibrary library(QDir(folder).filePath(QStringLiteral("spreadsheetdriver")));
+    const auto make = reinterpret_cast<SpreadsheetDriver* (*)()>(library.resolve("makeSpreadsheetDriver"));
+    if (!make)
       throw RunTimeError(RunTimeError::NoSpreadsheet, QStringLiteral("ActiveX 部件不能创建对象"));
-    return std::unique_ptr<Spreadsheet>(start(path));
-  };
+    m_driver.reset(make());
+  }
+  return *m_driver;
 }

@@ -4,35 +4,68 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <memory>
 
-// The spreadsheet program with one workbook open in it. It is another process, and may be missing or
-// refuse at any time: every call throws RunTimeError then. Rows and columns count from 1, and sheets
-// go by name without regard to case. Letting go of it ends the program, unless it was handed over.
-class Spreadsheet {
+// A workbook open in the spreadsheet program, which is another process and may be missing, refuse, hang
+// or die at any time: every call throws RunTimeError then, after a bounded wait. Rows and columns count
+// from 1, and sheets go by name without regard to case. Letting go of a workbook closes it unsaved,
+// unless it was handed over.
+class Workbook {
 public:
-  virtual ~Spreadsheet() = default;
+  virtual ~Workbook() = default;
 
   virtual QStringList sheetNames() = 0;
-  // The texts of the first rows and columns of a sheet, row by row.
+  // The texts of the first rows and columns of a sheet, row by row; a number is empty.
   virtual QList<QStringList> texts(const QString& sheet, int rows, int columns) = 0;
-  // Puts a text into a cell as if the operator typed it.
-  virtual void setText(const QString& sheet, int row, int column, const QString& text) = 0;
+
+  // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. What
+  // reads as an amount becomes a number, so that the cell's format and sums work, unless the cell is
+  // formatted as text or the number would lose digits ("0012", 20 digits). Nothing becomes a formula.
+  virtual void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
+  // The same, but every text stays the text it is.
+  virtual void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
+  // Rows from 1 to `rows` keep their height whatever is put into them: measuring text is what costs most.
+  virtual void fixRowHeights(const QString& sheet, int rows) = 0;
   // New rows ahead of `row`, each looking like the one above.
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;
 
+  // Prints this sheet alone on the default printer; a machine without a printer refuses.
   virtual void print(const QString& sheet) = 0;
-  // Returns when the operator has left the preview.
+  // Shows how this sheet prints, and returns at once.
   virtual void preview(const QString& sheet, const QString& caption) = 0;
-  // The workbook stays open in front of the operator.
+  // Whether the operator is still in the preview. Nobody is where there is no display.
+  virtual bool isInPreview() = 0;
+  // The workbook stays open in front of the operator, whatever becomes of this object.
   virtual void handOver(const QString& sheet, const QString& caption) = 0;
 };
 
-// Starts the spreadsheet program on a workbook file.
-using OpenSpreadsheet = std::function<std::unique_ptr<Spreadsheet>(const QString& path)>;
+// What a driver offers. It keeps the program running from one workbook to the next and ends it with
+// itself, unless a workbook was handed over.
+class SpreadsheetDriver {
+public:
+  virtual ~SpreadsheetDriver() = default;
 
-// The driver beside the program, loaded when it is first asked for: the program starts and runs
-// without it. RunTimeError if it is not installed.
-OpenSpreadsheet installedSpreadsheet(const QString& programFolder);
+  virtual std::unique_ptr<Workbook> open(const QString& path) = 0;
+  // A new workbook, whose only sheet is the first.
+  virtual std::unique_ptr<Workbook> create() = 0;
+};
+
+// The spreadsheet program of this machine. Its driver lies in a library beside the executable and is
+// loaded when the first workbook is asked for: a program that prints nothing starts and runs without.
+class Spreadsheet {
+public:
+  // The folder of the driver, for those who keep it elsewhere.
+  explicit Spreadsheet(const QString& driverFolder = {});
+  ~Spreadsheet();
+
+  // RunTimeError if there is no driver or no spreadsheet program, or if it can't open the file.
+  std::unique_ptr<Workbook> open(const QString& path);
+  std::unique_ptr<Workbook> create();
+
+private:
+  SpreadsheetDriver& driver();
+
+  QString m_driverFolder;
+  std::unique_ptr<SpreadsheetDriver> m_driver;
+};

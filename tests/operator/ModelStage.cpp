@@ -5,6 +5,8 @@
 #include "screen/Grid.h"
 #include "screen/Tree.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 // The container, or the control itself, that keeps the operator from it.
@@ -61,6 +63,13 @@ void ModelStage::showModal(Form& form)
   m_encounters.modalStands([this, &form] { return m_forms.contains(&form); });
   if (m_forms.contains(&form))
     form.close();
+}
+
+void ModelStage::showDuring(Form& form, const std::function<void()>& work)
+{
+  show(form);
+  const auto gone = qScopeGuard([&] { form.close(); });
+  work();
 }
 
 Form& ModelStage::top()

@@ -41,6 +41,8 @@ private:
   Answer ask(const Box& box) override { return m_encounters.boxStands(box); }
   void show(Form& form) override;
   void showModal(Form& form) override;
+  void showDuring(Form& form, const std::function<void()>& work) override;
+  void breathe() override {}
   void beep() override {}
   void setBusy(bool) override {}
 

@@ -1,5 +1,6 @@
 #include "support/FakeDesk.h"
 
+#include <QScopeGuard>
 #include <QStringList>
 
 QString FakeDesk::takeTexts()
@@ -35,4 +36,17 @@ void FakeDesk::showModal(Form& form)
   show(form);
   if (inDialog)
     inDialog(form);
+}
+
+void FakeDesk::showDuring(Form& form, const std::function<void()>& work)
+{
+  show(form);
+  const auto gone = qScopeGuard([&] { form.close(); });
+  work();
+}
+
+void FakeDesk::breathe()
+{
+  if (inWork && !shown.isEmpty())
+    inWork(*shown.last());
 }

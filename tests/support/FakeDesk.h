@@ -15,6 +15,8 @@ public:
   QList<Form*> shown;
   // What the operator does in a dialog; the dialog stays open behind it if he does not close it.
   std::function<void(Form&)> inDialog;
+  // What he does while the program works.
+  std::function<void(Form&)> inWork;
   int beeps = 0;
   bool busy = false;
 
@@ -24,6 +26,8 @@ public:
   Answer ask(const Box& box) override;
   void show(Form& form) override;
   void showModal(Form& form) override;
+  void showDuring(Form& form, const std::function<void()>& work) override;
+  void breathe() override;
   void beep() override { ++beeps; }
   void setBusy(bool isBusy) override { busy = isBusy; }
 };

@@ -21,7 +21,7 @@ const QList<std::pair<QString, QStringList>> Known{
     {u"database"_s, {u"platform"_s}},
     {u"accountset"_s, {u"database"_s, u"platform"_s}},
     {u"spreadsheet"_s, {u"platform"_s}},
-    {u"session"_s, {u"database"_s, u"platform"_s, u"screen"_s}},
+    {u"session"_s, {u"database"_s, u"platform"_s, u"screen"_s, u"spreadsheet"_s}},
     {u"ledger"_s, {u"database"_s, u"platform"_s, u"screen"_s, u"session"_s}},
     {u"vouchers"_s, {u"ledger"_s, u"platform"_s, u"session"_s}},
     {u"pickers"_s, {u"database"_s, u"platform"_s, u"screen"_s, u"session"_s}},

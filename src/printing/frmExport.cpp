@@ -1,0 +1,63 @@
+#include "printing/frmExport.h"
+
+#include "screen/Grid.h"
+#include "session/Session.h"
+#include "spreadsheet/Spreadsheet.h"
+
+#include <algorithm>
+
+namespace {
+
+// A block goes over in one call. Between two of them the bar moves and the operator can leave.
+constexpr int RowsInBlock = 512;
+
+QStringList shownTexts(const Grid& grid, int row)
+{
+  QStringList texts;
+  texts.reserve(grid.cols());
+  for (int col = 0; col < grid.cols(); ++col)
+    texts.append(grid.rowHeight(row) != 0 && grid.colWidth(col) != 0 ? grid.text(row, col) : QString());
+  return texts;
+}
+
+QList<QStringList> shownTexts(const Grid& grid, int from, int to)
+{
+  QList<QStringList> block;
+  block.reserve(to - from);
+  for (int row = from; row < to; ++row)
+    block.append(shownTexts(grid, row));
+  return block;
+}
+
+} // namespace
+
+frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, QStringLiteral("frmExport")), session(ofSession)
+{
+  setCaption(QStringLiteral("数据导出"));
+  cmdQuit.setCaption(QStringLiteral("退出(&Q)"));
+  cmdQuit.onClick = [this] { m_isCancelled = true; };
+  Label1.setCaption(QStringLiteral("数据正在导出，请稍等....."));
+}
+
+void frmExport::Export2Excel(const Grid& grid)
+{
+  desk().setBusy(true);
+  desk().showDuring(*this, [&] { copy(grid); });
+  desk().setBusy(false);
+}
+
+void frmExport::copy(const Grid& grid)
+{
+  const std::unique_ptr<Workbook> workbook = session.spreadsheet.create();
+  const QString sheet = workbook->sheetNames().first();
+  workbook->fixRowHeights(sheet, grid.rows());
+  for (int row = 0; row < grid.rows(); row += RowsInBlock) {
+    const int end = std::min(row + RowsInBlock, grid.rows());
+    workbook->enterTexts(sheet, row + 1, 1, shownTexts(grid, row, end));
+    prg.setValue(100 * end / grid.rows());
+    desk().breathe();
+    if (m_isCancelled)
+      return;
+  }
+  workbook->handOver(sheet, {});
+}

@@ -1,0 +1,83 @@
+#include "spreadsheet/office/OfficeConnection.h"
+
+#include "spreadsheet/office/Text.h"
+
+#include <QUrl>
+
+#include <com/sun/star/bridge/BridgeFactory.hpp>
+#include <com/sun/star/connection/Connector.hpp>
+#include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <cppuhelper/bootstrap.hxx>
+#include <rtl/bootstrap.hxx>
+
+namespace star = com::sun::star;
+using star::uno::Reference;
+using star::uno::UNO_QUERY;
+using star::uno::UNO_QUERY_THROW;
+
+OfficeConnection::OfficeConnection(const QString& programFolder)
+{
+  // Without it the types of documents stay unknown on this side.
+  rtl::Bootstrap::set(officeText(u"URE_BOOTSTRAP"), officeText("vnd.sun.star.pathname:" + programFolder + "/fundamentalrc"));
+  const QUrl types = QUrl::fromLocalFile(programFolder + "/unorc");
+  m_local = cppu::defaultBootstrap_InitialComponentContext(officeText(QString::fromLatin1(types.toEncoded())));
+}
+
+OfficeConnection::~OfficeConnection()
+{
+  disconnect();
+}
+
+// Null if nobody listens.
+Reference<star::connection::XConnection> OfficeConnection::lineTo(const QString& pipe) const
+{
+  try {
+    return star::connection::Connector::create(m_local)->connect(officeText("pipe,name=" + pipe));
+  } catch (const star::connection::NoConnectException&) {
+    return {};
+  }
+}
+
+bool OfficeConnection::isListening(const QString& pipe) const
+{
+  const auto line = lineTo(pipe);
+  if (line.is())
+    line->close();
+  return line.is();
+}
+
+bool OfficeConnection::connect(const QString& pipe)
+{
+  const auto line = lineTo(pipe);
+  if (!line.is())
+    return false;
+  const auto bridge = star::bridge::BridgeFactory::create(m_local)->createBridge({}, officeText(u"urp"), line, {});
+  m_remote.set(bridge->getInstance(officeText(u"StarOffice.ComponentContext")), UNO_QUERY_THROW);
+  m_desktop.set(service("com.sun.star.frame.Desktop"), UNO_QUERY_THROW);
+  return true;
+}
+
+void OfficeConnection::disconnect()
+{
+  m_desktop.clear();
+  m_remote.clear();
+}
+
+bool OfficeConnection::hasDocuments() const
+{
+  return m_desktop->getComponents()->hasElements();
+}
+
+void OfficeConnection::closeAll()
+{
+  const auto documents = m_desktop->getComponents()->createEnumeration();
+  while (documents->hasMoreElements())
+    if (const Reference<star::util::XCloseable> document(documents->nextElement(), UNO_QUERY); document.is())
+      document->close(true);
+}
+
+Reference<star::uno::XInterface> OfficeConnection::service(const char* name) const
+{
+  return m_remote->getServiceManager()->createInstanceWithContext(rtl::OUString::createFromAscii(name), m_remote);
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "spreadsheet/Spreadsheet.h"
+
+#include <QHash>
+
+#include <com/sun/star/frame/XController.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/table/XCellRange.hpp>
+#include <com/sun/star/util/XNumberFormats.hpp>
+
+class Office;
+
+// A workbook loaded into the office, hidden until it is shown. Ranges go over in one call each.
+class OfficeWorkbook : public Workbook {
+public:
+  OfficeWorkbook(Office& office, const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>& document);
+  ~OfficeWorkbook() override;
+
+  QStringList sheetNames() override;
+  QList<QStringList> texts(const QString& sheet, int rows, int columns) override;
+  void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
+  void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
+  void fixRowHeights(const QString& sheet, int rows) override;
+  void insertRows(const QString& sheet, int row, int count) override;
+  void deleteRow(const QString& sheet, int row) override;
+  void print(const QString& sheet) override;
+  void preview(const QString& sheet, const QString& caption) override;
+  bool isInPreview() override;
+  void handOver(const QString& sheet, const QString& caption) override;
+
+private:
+  template <typename Interface> using Reference = com::sun::star::uno::Reference<Interface>;
+
+  Reference<com::sun::star::sheet::XSpreadsheet> sheetCalled(const QString& name);
+  Reference<com::sun::star::table::XCellRange> range(const QString& sheet, int row, int column, qsizetype rows, qsizetype columns);
+  bool isText(const Reference<com::sun::star::table::XCellRange>& column);
+  void printOnly(const QString& sheet);
+  Reference<com::sun::star::frame::XController> controller();
+  // The sheet in front, in a window with this caption.
+  void show(const QString& sheet, const QString& caption);
+
+  Office& m_office;
+  Reference<com::sun::star::sheet::XSpreadsheetDocument> m_document;
+  Reference<com::sun::star::frame::XController> m_preview;
+  QHash<QString, Reference<com::sun::star::sheet::XSpreadsheet>> m_sheets; // those asked for so far
+  QHash<sal_Int32, bool> m_isTextFormat;                                   // number formats asked for so far
+  bool m_isHandedOver = false;
+};

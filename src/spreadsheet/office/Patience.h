@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+// Sees to it that no wait for the office is without an end: what lasts longer than the limit is given up
+// from another thread, and the call that waits fails.
+class Patience {
+public:
+  using Clock = std::chrono::steady_clock;
+
+  // `giveUp` runs in a thread of its own, again and again until the waiting call has returned.
+  Patience(std::chrono::milliseconds limit, std::function<void()> giveUp);
+  ~Patience();
+
+  // One wait: from the making of this to its end.
+  class Turn {
+  public:
+    explicit Turn(Patience& patience) : m_patience(patience) { m_patience.setDeadline(Clock::now() + m_patience.m_limit); }
+    ~Turn() { m_patience.setDeadline({}); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+  private:
+    Patience& m_patience;
+  };
+
+private:
+  void setDeadline(std::optional<Clock::time_point> deadline);
+  void watch();
+
+  const std::chrono::milliseconds m_limit;
+  const std::function<void()> m_giveUp;
+  std::mutex m_mutex;
+  std::condition_variable m_ended;
+  std::optional<Clock::time_point> m_deadline;
+  bool m_isOver = false;
+  std::thread m_thread;
+};

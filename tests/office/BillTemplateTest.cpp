@@ -1,0 +1,219 @@
+#include "OfficeFixture.h"
+
+#include "printing/BillTemplate.h"
+#include "screen/Form.h"
+#include "screen/Grid.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+using com::sun::star::uno::Any;
+
+namespace {
+
+constexpr sal_Int32 Yellow = 0xFFFF00;
+constexpr int LineHeight = 900;
+
+// A payment with three grid rows, the second of them blank, printed through templates made by hand.
+struct BillTemplateTest : OfficeFixture, testing::WithParamInterface<const char*> {
+  Form form{desk, "frmPayfund"};
+  Grid lines{&form, "MSH"};
+
+  BillTemplateTest()
+  {
+    QDir(folder.path()).mkpath("PrintTemp");
+    QDir(folder.path()).mkpath("TempFile");
+    file.run("insert into TabPayfundBill(Code) values('FKD1')");
+    lines.setRows(4);
+    lines.setCols(5);
+    lines.setText(1, 1, "1001");
+    lines.setText(1, 2, "库存现金");
+    lines.setText(1, 3, "1,234.50");
+    lines.setText(1, 4, "=1+1");
+    lines.setText(3, 1, "0012");
+    lines.setText(3, 2, " 银行 ");
+    lines.setText(3, 3, "-5.00");
+  }
+
+  // Rows 17 and 18 hold what goes; the foot behind them comes up to the lines.
+  OfficeClient::Book blankTemplate()
+  {
+    OfficeClient::Book book = client().create();
+    book.rename(book.sheetNames().first(), "SHEET1");
+    book.type("SHEET1", 2, 2, "共?金额元，?金额大写");
+    book.type("SHEET1", 3, 1, "?编号");
+    book.setTextFormat("SHEET1", 3, 1);
+    book.type("SHEET1", 40, 40, "?金额");
+    book.type("SHEET1", 41, 1, "?金额");
+    book.type("SHEET1", 1, 41, "?金额");
+    book.setRowHeight("SHEET1", 17, LineHeight);
+    for (int column = 1; column <= 4; ++column) {
+      book.type("SHEET1", 17, column, "旧行");
+      book.type("SHEET1", 18, column, "旧行");
+      book.setProperty("SHEET1", 17, column, "CellBackColor", Any(Yellow));
+    }
+    book.setTextFormat("SHEET1", 17, 1);
+    book.type("SHEET1", 19, 1, "脚");
+    book.type("SHEET1", 19, 3, "=SUM(C16:C18)");
+    return book;
+  }
+
+  // Stores it in the database, and closes it.
+  void putTemplate(OfficeClient::Book book)
+  {
+    const QString path = folder.filePath(name());
+    book.store(path);
+    book.close();
+    QFile stored(path);
+    ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
+    file.run("delete from TabExcelTable");
+    file.run("insert into TabExcelTable(TabName,TabType,TabInf) values('" + name() + "','付款单',x'" + stored.readAll().toHex() + "')");
+  }
+
+  QString name() const { return QStringLiteral("甲.%1").arg(QString::fromLatin1(GetParam())); }
+
+  void print(
+      BillTemplate::Finish finish, const std::function<void()>& midway = [] {})
+  {
+    BillTemplate::PrintBill_Excel(session,
+                                  {.templateName = name(),
+                                   .billCode = "FKD1",
+                                   .headerTable = "TabPayfundBill",
+                                   .placeholders =
+                                       [&] {
+                                         midway();
+                                         return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"}, {"?金额", "1"}, {"?编号", "1001"}};
+                                       },
+                                   .lines = &lines,
+                                   .finish = finish});
+  }
+
+  QString workName() const { return "202268090000" + name(); }
+};
+
+} // namespace
+
+TEST_P(BillTemplateTest, ThePageIsFilledAndHandedOver)
+{
+  putTemplate(blankTemplate());
+  print(BillTemplate::Finish::HandOver);
+  EXPECT_EQ(desk.takeTexts(), "");
+  ASSERT_EQ(client().open().size(), 1);
+  OfficeClient::Book book = client().open().first();
+  const QString page = "SHEET1";
+
+  EXPECT_EQ(book.shown(page, 2, 2), "共1元，壹");
+  EXPECT_EQ(book.formula(page, 3, 1), "'1001"); // a cell formatted as text keeps a text
+  EXPECT_EQ(book.shown(page, 40, 40), "1");
+  EXPECT_EQ(book.shown(page, 1, 41), "?金额"); // beyond the searched columns
+  EXPECT_EQ(book.shown(page, 41, 1), "?金额"); // and rows; two came, two went
+
+  EXPECT_EQ(book.row(page, 17, 4), "1001|库存现金|1234.5|=1+1");
+  EXPECT_EQ(book.formula(page, 17, 1), "'1001");
+  EXPECT_EQ(book.formula(page, 17, 3), "1234.5"); // a number, for the template's sums
+  EXPECT_EQ(book.row(page, 18, 4), "0012|银行|-5|");
+  EXPECT_EQ(book.row(page, 19, 3), "脚||1229.5");
+  for (const int row : {17, 18}) {
+    EXPECT_EQ(book.rowHeight(page, row), LineHeight);
+    EXPECT_EQ(book.property(page, row, 4, "CellBackColor"), Any(Yellow));
+  }
+  EXPECT_NE(book.property(page, 19, 4, "CellBackColor"), Any(Yellow));
+
+  EXPECT_EQ(book.title(), "输出....");
+  EXPECT_TRUE(book.isVisible());
+  EXPECT_TRUE(filesIn("TempFile").contains(workName()));
+  EXPECT_EQ(filesIn("PrintTemp"), workName());
+}
+
+TEST_P(BillTemplateTest, ABillWithoutLinesLosesTheTwoRowsOnly)
+{
+  putTemplate(blankTemplate());
+  lines.clear();
+  print(BillTemplate::Finish::HandOver);
+  ASSERT_EQ(client().open().size(), 1);
+  EXPECT_EQ(client().open().first().shown("SHEET1", 17, 1), "脚");
+}
+
+// A later sheet takes back what an earlier one asked for.
+TEST_P(BillTemplateTest, AFixedLayoutCountsOnTheLastSheetOnly)
+{
+  for (const bool isLast : {true, false}) {
+    OfficeClient::Book book = blankTemplate();
+    book.addSheet("样式分类设置");
+    book.type("样式分类设置", 1, 2, "特殊格式设定");
+    if (!isLast)
+      book.addSheet("附页");
+    putTemplate(book);
+    print(BillTemplate::Finish::HandOver);
+    ASSERT_EQ(client().open().size(), 1);
+    OfficeClient::Book printed = client().open().first();
+    EXPECT_EQ(printed.shown("SHEET1", 17, 1), isLast ? "脚" : "1001");
+    printed.close();
+  }
+}
+
+// The page alone goes to the printer, and nothing is left of the work.
+TEST_P(BillTemplateTest, ThePageIsPrinted)
+{
+  installPrinter();
+  OfficeClient::Book book = client().create();
+  book.rename(book.sheetNames().first(), "sheet1");
+  book.type("sheet1", 1, 1, "?金额");
+  book.addSheet("附页");
+  book.type("附页", 1, 1, "不印");
+  putTemplate(book);
+  print(BillTemplate::Finish::Print);
+  EXPECT_EQ(desk.takeTexts(), "");
+  EXPECT_EQ(printedPages(), 1);
+  EXPECT_EQ(filesIn("TempFile"), "");
+  EXPECT_EQ(filesIn("PrintTemp"), workName());
+  EXPECT_EQ(client().open().size(), 0);
+}
+
+TEST_P(BillTemplateTest, WithoutAPrinterThePrintEndsInTheMessage)
+{
+  putTemplate(blankTemplate());
+  print(BillTemplate::Finish::Print);
+  EXPECT_EQ(desk.takeTexts(), "操作发生不可预测性错误！请退出软件重启电脑后再操作！");
+  EXPECT_EQ(filesIn("TempFile"), "");
+}
+
+TEST_P(BillTemplateTest, WithoutADisplayAPreviewIsLeftAtOnce)
+{
+  putTemplate(blankTemplate());
+  print(BillTemplate::Finish::Preview);
+  EXPECT_EQ(desk.takeTexts(), "");
+  EXPECT_EQ(filesIn("TempFile"), "");
+  EXPECT_EQ(client().open().size(), 0);
+}
+
+// The next print starts the office anew.
+TEST_P(BillTemplateTest, AnOfficeThatDiesMidwayCostsThePrintAlone)
+{
+  installPrinter();
+  putTemplate(blankTemplate());
+  for (const auto finish : {BillTemplate::Finish::Print, BillTemplate::Finish::HandOver}) {
+    print(finish, [] { OfficeClient::kill("-KILL"); });
+    EXPECT_EQ(desk.takeTexts(), "操作发生不可预测性错误！请退出软件重启电脑后再操作！");
+    EXPECT_EQ(filesIn("TempFile"), "");
+  }
+  print(BillTemplate::Finish::Print);
+  EXPECT_EQ(desk.takeTexts(), "");
+}
+
+TEST_P(BillTemplateTest, WhatIsNoWorkbookEndsInTheMessage)
+{
+  for (const QByteArray& content : {QByteArray("PK"), QByteArray(70000, char(0))}) {
+    file.run("delete from TabExcelTable");
+    file.run("insert into TabExcelTable(TabName,TabType,TabInf) values('" + name() + "','付款单',x'" + content.toHex() + "')");
+    print(BillTemplate::Finish::HandOver);
+    EXPECT_EQ(desk.takeTexts(), "操作发生不可预测性错误！请退出软件重启电脑后再操作！");
+    EXPECT_EQ(filesIn("TempFile"), "");
+    EXPECT_EQ(client().open().size(), 0);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, BillTemplateTest, testing::Values("xlsx", "xls"),
+                         [](const auto& format) { return std::string(format.param); });

@@ -1,0 +1,177 @@
+#include "OfficeClient.h"
+
+#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeProcess.h"
+#include "spreadsheet/office/Properties.h"
+#include "spreadsheet/office/Text.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QUrl>
+
+#include <com/sun/star/awt/XWindow2.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/frame/XComponentLoader.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/frame/XTitle.hpp>
+#include <com/sun/star/table/XCell.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+
+namespace star = com::sun::star;
+using star::uno::Any;
+using star::uno::Reference;
+using star::uno::UNO_QUERY;
+using star::uno::UNO_QUERY_THROW;
+
+namespace {
+
+const char* filterOf(const QString& path)
+{
+  const QString suffix = QFileInfo(path).suffix();
+  return suffix == "pdf" ? "calc_pdf_Export" : suffix == "xls" ? "MS Excel 97" : "Calc MS Excel 2007 XML";
+}
+
+Reference<star::frame::XFrame> frameOf(const OfficeClient::Book::Document& document)
+{
+  return Reference<star::frame::XModel>(document, UNO_QUERY_THROW)->getCurrentController()->getFrame();
+}
+
+} // namespace
+
+OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
+{
+  if (!m_connection.connect(OfficePlace::numbered(1).pipe))
+    qFatal("no office listens");
+}
+
+OfficeClient::Book OfficeClient::create()
+{
+  const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
+  return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, properties({{"Hidden", true}})),
+               UNO_QUERY});
+}
+
+QList<OfficeClient::Book> OfficeClient::open() const
+{
+  QList<Book> books;
+  const auto documents = m_connection.desktop()->getComponents()->createEnumeration();
+  while (documents->hasMoreElements())
+    if (const Book::Document document(documents->nextElement(), UNO_QUERY); document.is())
+      books.append(Book(document));
+  return books;
+}
+
+void OfficeClient::kill(const char* signal)
+{
+  QProcess::execute("pkill", {signal, "-f", OfficePlace::numbered(1).pipe});
+}
+
+Reference<star::sheet::XSpreadsheet> OfficeClient::Book::sheet(const QString& name) const
+{
+  return {m_document->getSheets()->getByName(officeText(name)), UNO_QUERY_THROW};
+}
+
+Reference<star::table::XCell> OfficeClient::Book::cell(const QString& name, int row, int column) const
+{
+  return sheet(name)->getCellByPosition(column - 1, row - 1);
+}
+
+QStringList OfficeClient::Book::sheetNames() const
+{
+  QStringList names;
+  for (const rtl::OUString& name : m_document->getSheets()->getElementNames())
+    names.append(programText(name));
+  return names;
+}
+
+void OfficeClient::Book::addSheet(const QString& name)
+{
+  m_document->getSheets()->insertNewByName(officeText(name), 100);
+}
+
+void OfficeClient::Book::rename(const QString& name, const QString& newName)
+{
+  Reference<star::container::XNamed>(sheet(name), UNO_QUERY_THROW)->setName(officeText(newName));
+}
+
+void OfficeClient::Book::type(const QString& name, int row, int column, const QString& text)
+{
+  cell(name, row, column)->setFormula(officeText(text));
+}
+
+void OfficeClient::Book::setProperty(const QString& name, int row, int column, const char* property, const Any& value)
+{
+  Reference<star::beans::XPropertySet>(cell(name, row, column), UNO_QUERY_THROW)
+      ->setPropertyValue(rtl::OUString::createFromAscii(property), value);
+}
+
+Any OfficeClient::Book::property(const QString& name, int row, int column, const char* property) const
+{
+  return Reference<star::beans::XPropertySet>(cell(name, row, column), UNO_QUERY_THROW)
+      ->getPropertyValue(rtl::OUString::createFromAscii(property));
+}
+
+void OfficeClient::Book::setTextFormat(const QString& name, int row, int column)
+{
+  constexpr sal_Int32 TextFormat = 100;
+  setProperty(name, row, column, "NumberFormat", Any(TextFormat));
+}
+
+void OfficeClient::Book::setRowHeight(const QString& name, int row, int height)
+{
+  const auto rows = Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows();
+  Reference<star::beans::XPropertySet>(rows->getByIndex(row - 1), UNO_QUERY_THROW)
+      ->setPropertyValue(officeText(u"Height"), Any(sal_Int32(height)));
+}
+
+int OfficeClient::Book::rowHeight(const QString& name, int row) const
+{
+  const auto rows = Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows();
+  sal_Int32 height = 0;
+  Reference<star::beans::XPropertySet>(rows->getByIndex(row - 1), UNO_QUERY_THROW)->getPropertyValue(officeText(u"Height")) >>= height;
+  return height;
+}
+
+QString OfficeClient::Book::shown(const QString& name, int row, int column) const
+{
+  return programText(Reference<star::text::XTextRange>(cell(name, row, column), UNO_QUERY_THROW)->getString());
+}
+
+QString OfficeClient::Book::row(const QString& name, int row, int columns) const
+{
+  QStringList texts;
+  for (int column = 1; column <= columns; ++column)
+    texts.append(shown(name, row, column));
+  return texts.join(u'|');
+}
+
+QString OfficeClient::Book::formula(const QString& name, int row, int column) const
+{
+  return programText(cell(name, row, column)->getFormula());
+}
+
+QString OfficeClient::Book::title() const
+{
+  return programText(Reference<star::frame::XTitle>(frameOf(m_document), UNO_QUERY_THROW)->getTitle());
+}
+
+bool OfficeClient::Book::isVisible() const
+{
+  return Reference<star::awt::XWindow2>(frameOf(m_document)->getContainerWindow(), UNO_QUERY_THROW)->isVisible();
+}
+
+void OfficeClient::Book::store(const QString& path) const
+{
+  Reference<star::frame::XStorable>(m_document, UNO_QUERY_THROW)
+      ->storeToURL(officeText(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())),
+                   properties({{"FilterName", rtl::OUString::createFromAscii(filterOf(path))}}));
+}
+
+void OfficeClient::Book::close()
+{
+  Reference<star::util::XCloseable>(m_document, UNO_QUERY_THROW)->close(true);
+}

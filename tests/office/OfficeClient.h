@@ -1,0 +1,65 @@
+#pragma once
+
+#include "spreadsheet/office/OfficeConnection.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+
+// Someone else on the line to the office that the program under test runs: he makes workbooks for it, and
+// looks at what stands open there, cell by cell. Rows and columns count from 1.
+class OfficeClient {
+public:
+  // The office of the program that took the first place; it must run.
+  OfficeClient();
+
+  // A workbook open in the office; null if there is none.
+  class Book {
+  public:
+    using Document = com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>;
+    explicit Book(Document document) : m_document(std::move(document)) {}
+
+    explicit operator bool() const { return m_document.is(); }
+    QStringList sheetNames() const;
+    void addSheet(const QString& name);
+    void rename(const QString& sheet, const QString& name);
+
+    // What the operator would have typed: "=A1" is a formula, "'1" a text.
+    void type(const QString& sheet, int row, int column, const QString& text);
+    void setProperty(const QString& sheet, int row, int column, const char* name, const com::sun::star::uno::Any& value);
+    void setRowHeight(const QString& sheet, int row, int hundredthsOfMillimetre);
+    void setTextFormat(const QString& sheet, int row, int column);
+
+    // As the operator sees it.
+    QString shown(const QString& sheet, int row, int column) const;
+    // The shown texts of a row, "|" between them.
+    QString row(const QString& sheet, int row, int columns) const;
+    // With the "=" of a formula, and a "'" ahead of a text that looks like a number.
+    QString formula(const QString& sheet, int row, int column) const;
+    com::sun::star::uno::Any property(const QString& sheet, int row, int column, const char* name) const;
+    int rowHeight(const QString& sheet, int row) const;
+    QString title() const;
+    bool isVisible() const;
+
+    // In the format that the file's name tells: xls, xlsx or pdf.
+    void store(const QString& path) const;
+    void close();
+
+  private:
+    com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet(const QString& name) const;
+    com::sun::star::uno::Reference<com::sun::star::table::XCell> cell(const QString& sheet, int row, int column) const;
+
+    Document m_document;
+  };
+
+  Book create();
+  // Those open now. A workbook being made by the program is among them.
+  QList<Book> open() const;
+  // Ends the office, or stops it from answering, from outside.
+  static void kill(const char* signal);
+
+private:
+  OfficeConnection m_connection;
+};
