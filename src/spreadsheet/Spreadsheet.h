@@ -20,7 +20,8 @@ public:
 
   // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. What
   // reads as an amount becomes a number, so that the cell's format and sums work, unless the cell is
-  // formatted as text or the number would lose digits ("0012", 20 digits). Nothing becomes a formula.
+  // formatted as text or the number would lose digits ("0012", 20 digits); an amount in a cell that nobody
+  // formatted shows its two decimals. Nothing becomes a formula.
   virtual void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
   // The same, but every text stays the text it is.
   virtual void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
@@ -36,7 +37,8 @@ public:
   virtual void preview(const QString& sheet, const QString& caption) = 0;
   // Whether the operator is still in the preview. Nobody is where there is no display.
   virtual bool isInPreview() = 0;
-  // The workbook stays open in front of the operator, whatever becomes of this object.
+  // The workbook stays open in front of the operator, whatever becomes of this object. Without a caption
+  // its window keeps the title that it has.
   virtual void handOver(const QString& sheet, const QString& caption) = 0;
 };
 

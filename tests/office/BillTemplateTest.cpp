@@ -110,10 +110,10 @@ TEST_P(BillTemplateTest, ThePageIsFilledAndHandedOver)
   EXPECT_EQ(book.shown(page, 1, 41), "?金额"); // beyond the searched columns
   EXPECT_EQ(book.shown(page, 41, 1), "?金额"); // and rows; two came, two went
 
-  EXPECT_EQ(book.row(page, 17, 4), "1001|库存现金|1234.5|=1+1");
+  EXPECT_EQ(book.row(page, 17, 4), "1001|库存现金|1,234.50|=1+1");
   EXPECT_EQ(book.formula(page, 17, 1), "'1001");
   EXPECT_EQ(book.formula(page, 17, 3), "1234.5"); // a number, for the template's sums
-  EXPECT_EQ(book.row(page, 18, 4), "0012|银行|-5|");
+  EXPECT_EQ(book.row(page, 18, 4), "0012|银行|-5.00|");
   EXPECT_EQ(book.row(page, 19, 3), "脚||1229.5");
   for (const int row : {17, 18}) {
     EXPECT_EQ(book.rowHeight(page, row), LineHeight);

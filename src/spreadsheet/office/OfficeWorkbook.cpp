@@ -17,6 +17,7 @@
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <com/sun/star/view/XPrintable.hpp>
 
@@ -114,33 +115,54 @@ QList<QStringList> OfficeWorkbook::texts(const QString& sheet, int rows, int col
   });
 }
 
-// Cells of one column that differ in their format count as no text.
-bool OfficeWorkbook::isText(const Reference<star::table::XCellRange>& column)
+// How a column of a block takes numbers: not at all in cells formatted as text. Cells that differ in their
+// format count as formatted by someone.
+OfficeWorkbook::CellFormat OfficeWorkbook::formatOf(const Reference<star::table::XCellRange>& cells)
 {
   sal_Int32 key = 0;
-  if (!(propertiesOf(column)->getPropertyValue(officeText(u"NumberFormat")) >>= key))
-    return false;
-  const auto known = m_isTextFormat.constFind(key);
-  if (known != m_isTextFormat.cend())
-    return *known;
-  const auto formats = Reference<star::util::XNumberFormatsSupplier>(m_document, UNO_QUERY_THROW)->getNumberFormats();
-  sal_Int16 type = 0;
-  formats->getByKey(key)->getPropertyValue(officeText(u"Type")) >>= type;
-  return *m_isTextFormat.insert(key, (type & star::util::NumberFormat::TEXT) != 0);
+  if (!(propertiesOf(cells)->getPropertyValue(officeText(u"NumberFormat")) >>= key))
+    return CellFormat::Own;
+  if (!m_formats.contains(key)) {
+    const auto format = numberFormats()->getByKey(key);
+    sal_Int16 type = 0;
+    bool isStandard = false;
+    format->getPropertyValue(officeText(u"Type")) >>= type;
+    format->getPropertyValue(officeText(u"StandardFormat")) >>= isStandard;
+    m_formats[key] = type & star::util::NumberFormat::TEXT ? CellFormat::Text : isStandard ? CellFormat::None : CellFormat::Own;
+  }
+  return m_formats[key];
+}
+
+Reference<star::util::XNumberFormats> OfficeWorkbook::numberFormats() const
+{
+  return Reference<star::util::XNumberFormatsSupplier>(m_document, UNO_QUERY_THROW)->getNumberFormats();
+}
+
+// Where nobody chose a format, amounts look as they were entered, with two decimals and commas.
+void OfficeWorkbook::formatAsAmounts(const Reference<star::table::XCellRange>& cells)
+{
+  const star::lang::Locale english(officeText(u"en"), officeText(u"US"), {});
+  const sal_Int32 key = numberFormats()->queryKey(officeText(u"#,##0.00"), english, false);
+  propertiesOf(cells)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
 }
 
 void OfficeWorkbook::enter(const QString& sheet, int row, int column, const QList<QStringList>& block)
 {
   m_office.call([&] {
-    QHash<qsizetype, bool> isTextColumn; // asked only where there is a number
-    const auto takesNumbers = [&](qsizetype at) {
-      if (!isTextColumn.contains(at))
-        isTextColumn[at] = isText(range(sheet, row, column + int(at), block.size(), 1));
-      return !isTextColumn[at];
+    QHash<qsizetype, bool> takesNumbers; // asked only where there is a number
+    const auto takes = [&](qsizetype at, const QString& text) {
+      if (!takesNumbers.contains(at)) {
+        const auto cells = range(sheet, row, column + int(at), block.size(), 1);
+        const CellFormat format = formatOf(cells);
+        takesNumbers[at] = format != CellFormat::Text;
+        if (format == CellFormat::None && text.contains(u'.'))
+          formatAsAmounts(cells);
+      }
+      return takesNumbers[at];
     };
     put(range(sheet, row, column, block.size(), block.first().size()), block, [&](qsizetype at, const QString& text) {
       const std::optional<double> number = enteredNumber(text);
-      return number && takesNumbers(at) ? Any(*number) : Any(officeText(text));
+      return number && takes(at, text) ? Any(*number) : Any(officeText(text));
     });
   });
 }
@@ -218,7 +240,8 @@ void OfficeWorkbook::show(const QString& sheet, const QString& caption)
   const auto view = controller();
   Reference<star::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheetCalled(sheet));
   const auto frame = view->getFrame();
-  Reference<star::frame::XTitle>(frame, UNO_QUERY_THROW)->setTitle(officeText(caption));
+  if (!caption.isEmpty())
+    Reference<star::frame::XTitle>(frame, UNO_QUERY_THROW)->setTitle(officeText(caption));
   frame->getContainerWindow()->setVisible(true);
   frame->activate();
 }
@@ -233,6 +256,8 @@ void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
     const Reference<star::frame::XDispatchProvider> frame(controller()->getFrame(), UNO_QUERY_THROW);
     helper->executeDispatch(frame, officeText(u".uno:PrintPreview"), {}, 0, {});
     m_preview = controller();
+    // Nobody wants to be asked whether to save the work copy.
+    Reference<star::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
   });
 }
 

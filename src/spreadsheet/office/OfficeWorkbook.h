@@ -36,16 +36,20 @@ private:
 
   Reference<com::sun::star::sheet::XSpreadsheet> sheetCalled(const QString& name);
   Reference<com::sun::star::table::XCellRange> range(const QString& sheet, int row, int column, qsizetype rows, qsizetype columns);
-  bool isText(const Reference<com::sun::star::table::XCellRange>& column);
+  // None is the one that cells have unless someone gives them another.
+  enum class CellFormat { None, Text, Own };
+  CellFormat formatOf(const Reference<com::sun::star::table::XCellRange>& cells);
+  void formatAsAmounts(const Reference<com::sun::star::table::XCellRange>& cells);
+  Reference<com::sun::star::util::XNumberFormats> numberFormats() const;
   void printOnly(const QString& sheet);
   Reference<com::sun::star::frame::XController> controller();
-  // The sheet in front, in a window with this caption.
+  // The sheet in front, in a window with this caption; its own title without one.
   void show(const QString& sheet, const QString& caption);
 
   Office& m_office;
   Reference<com::sun::star::sheet::XSpreadsheetDocument> m_document;
   Reference<com::sun::star::frame::XController> m_preview;
   QHash<QString, Reference<com::sun::star::sheet::XSpreadsheet>> m_sheets; // those asked for so far
-  QHash<sal_Int32, bool> m_isTextFormat;                                   // number formats asked for so far
+  QHash<sal_Int32, CellFormat> m_formats;                                  // those asked for so far, by their keys
   bool m_isHandedOver = false;
 };

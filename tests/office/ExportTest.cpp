@@ -1,0 +1,102 @@
+#include "OfficeFixture.h"
+
+#include "platform/RunTimeError.h"
+#include "printing/frmExport.h"
+#include "screen/Grid.h"
+
+namespace {
+
+struct ExportTest : OfficeFixture {
+  Form form{desk, "frmSFKHeXiao"};
+  Grid grid{&form, "MSH"};
+  frmExport progress{session};
+
+  // More rows than go over in one call.
+  void fillGrid()
+  {
+    grid.setRows(2000);
+    grid.setCols(3);
+    for (int row = 0; row < grid.rows(); ++row)
+      grid.setText(row, 2, QString::number(row));
+  }
+};
+
+} // namespace
+
+TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
+{
+  grid.setRows(4);
+  grid.setCols(6);
+  grid.setColWidth(1, 0);
+  grid.setRowHeight(2, 0);
+  const QStringList texts{"0012", "藏", "=1+1", "1,234.50", "2022-06-08", "'a"};
+  for (int row = 0; row < grid.rows(); ++row)
+    for (int col = 0; col < grid.cols(); ++col)
+      grid.setText(row, col, texts[col]);
+  progress.Export2Excel(grid);
+
+  ASSERT_EQ(client().open().size(), 1);
+  const OfficeClient::Book book = client().open().first();
+  const QString sheet = book.sheetNames().first();
+  EXPECT_EQ(book.row(sheet, 1, 6), "0012||=1+1|1,234.50|2022-06-08|'a");
+  EXPECT_EQ(book.formula(sheet, 1, 4), "'1,234.50");
+  EXPECT_EQ(book.row(sheet, 3, 6), "|||||");
+  EXPECT_EQ(book.row(sheet, 4, 6), book.row(sheet, 1, 6));
+  EXPECT_EQ(book.row(sheet, 5, 6), "|||||");
+  EXPECT_TRUE(book.isVisible());
+  EXPECT_FALSE(progress.isOpen());
+  EXPECT_FALSE(desk.busy);
+}
+
+TEST_F(ExportTest, TheBarMovesToItsEnd)
+{
+  fillGrid();
+  QList<int> seen;
+  desk.inWork = [&](Form& shown) { seen.append(shown.find<ProgressBar>("prg")->value()); };
+  progress.Export2Excel(grid);
+  EXPECT_GE(seen.size(), 3);
+  EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+  EXPECT_EQ(seen.value(seen.size() - 1), 100);
+  const OfficeClient::Book book = client().open().first();
+  EXPECT_EQ(book.shown(book.sheetNames().first(), 2000, 3), "1999");
+}
+
+// By its button, and by closing its window.
+TEST_F(ExportTest, WhoLeavesGetsNoWorkbook)
+{
+  fillGrid();
+  for (const std::function<void(Form&)>& leave : {std::function<void(Form&)>([](Form& shown) { shown.find<Button>("cmdQuit")->click(); }),
+                                                  std::function<void(Form&)>([](Form& shown) { shown.close(); })}) {
+    frmExport one{session};
+    int blocks = 0;
+    desk.inWork = [&](Form& shown) { ++blocks, leave(shown); };
+    one.Export2Excel(grid);
+    EXPECT_EQ(blocks, 1);
+    EXPECT_FALSE(one.isOpen());
+    EXPECT_EQ(client().open().size(), 0);
+  }
+}
+
+// The screen's own handler shows the error; the next export starts the office anew.
+TEST_F(ExportTest, AnOfficeThatDiesEndsInARunTimeError)
+{
+  fillGrid();
+  desk.inWork = [](Form&) { OfficeClient::kill("-KILL"); };
+  EXPECT_THROW(progress.Export2Excel(grid), RunTimeError);
+  EXPECT_FALSE(progress.isOpen());
+  desk.inWork = nullptr;
+  frmExport again{session};
+  again.Export2Excel(grid);
+  EXPECT_EQ(client().open().size(), 1);
+}
+
+TEST_F(ExportTest, AMachineWithoutADriverSaysSo)
+{
+  Spreadsheet missing(folder.path());
+  try {
+    missing.create();
+    ADD_FAILURE();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.number(), RunTimeError::NoSpreadsheet);
+  }
+}
