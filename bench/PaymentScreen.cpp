@@ -28,7 +28,8 @@ const QString& sampleFirm()
 QString PaymentScreen::freshAccountSet(const QTemporaryDir& folder)
 {
   const QString path = folder.filePath(QStringLiteral("Data/A001.mdb"));
-  QDir(folder.path()).mkpath(QStringLiteral("Data"));
+  for (const char* name : {"Data", "PrintTemp", "TempFile"})
+    QDir(folder.path()).mkpath(QString::fromLatin1(name));
   QFile::remove(path);
   if (!QFile::copy(sampleFirm(), path))
     qFatal("cannot copy the sample firm to %s", qPrintable(path));

@@ -23,6 +23,9 @@ public:
   // A fresh copy of the sample firm for the same bill.
   static QString freshAccountSet(const QTemporaryDir& folder);
 
+  const QTemporaryDir& folder() const { return m_folder; }
+  FakeDesk& desk() { return m_desk; }
+  Session& session() { return m_session; }
   template <typename Kind> Kind& control(const char* name) { return *m_screen->find<Kind>(QString::fromLatin1(name)); }
 
 private:

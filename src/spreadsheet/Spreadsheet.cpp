@@ -24,8 +24,9 @@ SpreadsheetDriver& Spreadsheet::driver()
 {
   if (!m_driver) {
     const QString folder = m_driverFolder.isEmpty() ? QCoreApplication::applicationDirPath() : m_driverFolder;
-    // The library is never unloaded: the office's own libraries would not survive it.
     QLibrary library(QDir(folder).filePath(QStringLiteral("spreadsheetdriver")));
+    // The office's own libraries, which it brings along, can't be unloaded.
+    library.setLoadHints(QLibrary::PreventUnloadHint);
     const auto make = reinterpret_cast<SpreadsheetDriver* (*)()>(library.resolve("makeSpreadsheetDriver"));
     if (!make)
       throw RunTimeError(RunTimeError::NoSpreadsheet, QStringLiteral("ActiveX 部件不能创建对象"));

@@ -7,6 +7,7 @@
 #include <com/sun/star/bridge/BridgeFactory.hpp>
 #include <com/sun/star/connection/Connector.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/lang/XComponent.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
@@ -15,6 +16,17 @@ namespace star = com::sun::star;
 using star::uno::Reference;
 using star::uno::UNO_QUERY;
 using star::uno::UNO_QUERY_THROW;
+
+namespace {
+
+// Ends what holds itself alive in a circle.
+void dispose(const Reference<star::uno::XInterface>& object)
+{
+  if (const Reference<star::lang::XComponent> component(object, UNO_QUERY); component.is())
+    component->dispose();
+}
+
+} // namespace
 
 OfficeConnection::OfficeConnection(const QString& programFolder)
 {
@@ -27,6 +39,7 @@ OfficeConnection::OfficeConnection(const QString& programFolder)
 OfficeConnection::~OfficeConnection()
 {
   disconnect();
+  dispose(m_local);
 }
 
 // Null if nobody listens.
@@ -52,8 +65,8 @@ bool OfficeConnection::connect(const QString& pipe)
   const auto line = lineTo(pipe);
   if (!line.is())
     return false;
-  const auto bridge = star::bridge::BridgeFactory::create(m_local)->createBridge({}, officeText(u"urp"), line, {});
-  m_remote.set(bridge->getInstance(officeText(u"StarOffice.ComponentContext")), UNO_QUERY_THROW);
+  m_bridge = star::bridge::BridgeFactory::create(m_local)->createBridge({}, officeText(u"urp"), line, {});
+  m_remote.set(m_bridge->getInstance(officeText(u"StarOffice.ComponentContext")), UNO_QUERY_THROW);
   m_desktop.set(service("com.sun.star.frame.Desktop"), UNO_QUERY_THROW);
   return true;
 }
@@ -62,6 +75,8 @@ void OfficeConnection::disconnect()
 {
   m_desktop.clear();
   m_remote.clear();
+  dispose(m_bridge);
+  m_bridge.clear();
 }
 
 bool OfficeConnection::hasDocuments() const

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <com/sun/star/bridge/XBridge.hpp>
 #include <com/sun/star/connection/XConnection.hpp>
 #include <com/sun/star/frame/XDesktop.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
@@ -31,6 +32,7 @@ private:
   com::sun::star::uno::Reference<com::sun::star::connection::XConnection> lineTo(const QString& pipe) const;
 
   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> m_local;
+  com::sun::star::uno::Reference<com::sun::star::bridge::XBridge> m_bridge;
   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> m_remote;
   com::sun::star::uno::Reference<com::sun::star::frame::XDesktop> m_desktop;
 };
