@@ -53,7 +53,7 @@ void Office::takePlace()
 {
   for (int number = 1; number <= MostPlaces; ++number) {
     m_place = OfficePlace::numbered(number);
-    m_place.prepare();
+    QDir().mkpath(m_place.profileFolder);
     m_placeLock = std::make_unique<QLockFile>(m_place.profileFolder + "/taken");
     m_placeLock->setStaleLockTime(0);
     if (m_placeLock->tryLock(0) && !m_connection.isListening(m_place.pipe))
@@ -115,6 +115,7 @@ void Office::require()
 void Office::startAndConnect()
 {
   call([this] {
+    m_place.prepare();
     for (int starts = 0; starts < 2; ++starts)
       if (m_process.start(m_place) && connectWhileStarting())
         return;

@@ -52,6 +52,8 @@ OfficePlace OfficePlace::numbered(int number)
 
 void OfficePlace::prepare() const
 {
+  QDir(temporaryFolder()).removeRecursively();
+  QDir().mkpath(temporaryFolder());
   const QString user = profileFolder + "/profile/user";
   QFile settings(user + "/registrymodifications.xcu");
   if (!settings.exists() && QDir().mkpath(user) && settings.open(QIODevice::WriteOnly))

@@ -12,6 +12,8 @@ struct OfficePlace {
   // 1 is the first. Below the operator's cache folder, or the one for temporary files without one.
   static OfficePlace numbered(int number);
 
-  // Makes the folder, and gives a new profile the settings that our work needs.
+  QString temporaryFolder() const { return profileFolder + "/temporary"; }
+  // Makes its folders, empties the temporary one, and gives a new profile the settings that our work needs.
+  // Only for who has taken the place.
   void prepare() const;
 };

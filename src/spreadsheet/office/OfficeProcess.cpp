@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -14,13 +15,29 @@
 
 namespace {
 
-// Its output tells operators nothing, and its standard input is none of its business.
-int spawn(const QList<QByteArray>& arguments, pid_t& id)
+// A list of words as programs are given them; it lives as long as the words.
+QList<char*> wordList(const QList<QByteArray>& words)
 {
-  QList<char*> words;
-  for (const QByteArray& argument : arguments)
-    words.append(const_cast<char*>(argument.constData()));
-  words.append(nullptr);
+  QList<char*> list;
+  for (const QByteArray& word : words)
+    list.append(const_cast<char*>(word.constData()));
+  return list << nullptr;
+}
+
+// What a killed office leaves half-made lies with its place, which wipes it.
+QList<QByteArray> environmentIn(const OfficePlace& place)
+{
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("TMPDIR"), place.temporaryFolder());
+  QList<QByteArray> words;
+  for (const QString& word : environment.toStringList())
+    words.append(word.toLocal8Bit());
+  return words;
+}
+
+// Its output tells operators nothing, and its standard input is none of its business.
+int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environment, pid_t& id)
+{
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
   posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -30,7 +47,7 @@ int spawn(const QList<QByteArray>& arguments, pid_t& id)
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
-  const int result = posix_spawn(&id, words.first(), &files, &attributes, words.data(), environ);
+  const int result = posix_spawn(&id, arguments.first(), &files, &attributes, wordList(arguments).data(), wordList(environment).data());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   return result;
@@ -57,7 +74,7 @@ bool OfficeProcess::start(const OfficePlace& place)
   const bool isStarted =
       spawn({QFile::encodeName(programFolder() + "/soffice.bin"), display, "--norestore", "--nologo", "--nodefault", "--nofirststartwizard",
              "-env:UserInstallation=" + profile, "--accept=pipe,name=" + place.pipe.toUtf8() + ";urp;"},
-            id) == 0;
+            environmentIn(place), id) == 0;
   m_id = isStarted ? id : 0;
   return isStarted;
 }
