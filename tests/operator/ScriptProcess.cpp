@@ -95,8 +95,12 @@ void passOn(QtMsgType, const QMessageLogContext&, const QString& message)
     std::fprintf(stderr, "%s\n", message.toUtf8().constData());
 }
 
+// Nobody sits in front of the windows of the spreadsheet program, so it gets none, and a profile of its own.
 [[noreturn]] void playAndExit(const Task& task, const Report& report)
 {
+  qunsetenv("DISPLAY");
+  qunsetenv("WAYLAND_DISPLAY");
+  qputenv("XDG_CACHE_HOME", task.shelf.toLocal8Bit());
   report.ends(playHere(task, report));
   std::fflush(nullptr);
   _exit(0);
