@@ -20,6 +20,8 @@ constexpr Setting Settings[] = {
     {"/org.openoffice.Office.Calc/Defaults/Sheet", "SheetPrefix", "工作表"},
     // The work copy is nobody else's, and its lock would stay behind when the office dies.
     {"/org.openoffice.Office.Common/Misc", "UseLocking", "false"},
+    // Operators read Chinese, whatever the machine's language.
+    {"/org.openoffice.Office.Linguistic/General", "UILocale", "zh-CN"},
     // What would come between the operator and the workbook.
     {"/org.openoffice.Office.Common/Misc", "FirstRun", "false"},
     {"/org.openoffice.Office.Common/Misc", "ShowTipOfTheDay", "false"},

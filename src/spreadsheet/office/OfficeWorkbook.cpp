@@ -4,6 +4,7 @@
 #include "spreadsheet/office/Office.h"
 #include "spreadsheet/office/Properties.h"
 
+#include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/frame/XDispatchHelper.hpp>
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <com/sun/star/frame/XModel.hpp>
@@ -242,7 +243,9 @@ void OfficeWorkbook::show(const QString& sheet, const QString& caption)
   const auto frame = view->getFrame();
   if (!caption.isEmpty())
     Reference<star::frame::XTitle>(frame, UNO_QUERY_THROW)->setTitle(officeText(caption));
-  frame->getContainerWindow()->setVisible(true);
+  const auto window = frame->getContainerWindow();
+  window->setVisible(true);
+  Reference<star::awt::XTopWindow>(window, UNO_QUERY_THROW)->toFront();
   frame->activate();
 }
 
