@@ -4,16 +4,14 @@
 
 #include <sqlite3.h>
 
-namespace {
-
-bool bind(sqlite3_stmt* statement, int place, QStringView value)
+bool RowWriter::Value::bind(sqlite3_stmt* statement, int place) const
 {
+  if (m_bytes)
+    return sqlite3_bind_blob(statement, place, m_bytes->constData(), int(m_bytes->size()), SQLITE_STATIC) == SQLITE_OK;
   // A view of nothing has no address, which would be stored as null.
-  const void* const text = value.isEmpty() ? static_cast<const void*>(u"") : value.utf16();
-  return sqlite3_bind_text16(statement, place, text, int(value.size() * 2), SQLITE_STATIC) == SQLITE_OK;
+  const void* const text = m_text.isEmpty() ? static_cast<const void*>(u"") : m_text.utf16();
+  return sqlite3_bind_text16(statement, place, text, int(m_text.size() * 2), SQLITE_STATIC) == SQLITE_OK;
 }
-
-} // namespace
 
 RowWriter::RowWriter(sqlite3* database) : m_database(database) {}
 
@@ -24,15 +22,15 @@ void RowWriter::Finalize::operator()(sqlite3_stmt* statement) const
   sqlite3_finalize(statement);
 }
 
-void RowWriter::insert(const char* table, std::initializer_list<QStringView> values)
+void RowWriter::insert(const char* table, std::initializer_list<Value> values)
 {
   if (!m_error.isEmpty())
     return;
   sqlite3_stmt* const statement = statementFor(table, values.size());
   bool good = statement;
   int place = 0;
-  for (const QStringView value : values)
-    good = good && bind(statement, ++place, value);
+  for (const Value& value : values)
+    good = good && value.bind(statement, ++place);
   if (!good || sqlite3_step(statement) != SQLITE_DONE)
     return fail(table);
   sqlite3_reset(statement);

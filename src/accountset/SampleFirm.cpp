@@ -12,6 +12,7 @@ namespace SampleFirm {
 void write(RowWriter& rows)
 {
   writeSettings(rows);
+  writeTemplates(rows);
   writeChart(rows);
   writePartners(rows);
   writeStaff(rows);

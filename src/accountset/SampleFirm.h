@@ -12,4 +12,7 @@ void write(RowWriter& rows);
 // Decimals, currencies, rights of the two operators beside the administrator, closings, voucher types.
 void writeSettings(RowWriter& rows);
 
+// The workbooks through which the bills are printed.
+void writeTemplates(RowWriter& rows);
+
 } // namespace SampleFirm

@@ -8,7 +8,7 @@
 
 OfficeFixture::OfficeFixture()
 {
-  QFile::remove(printerSettings());
+  writePrinters({});
 }
 
 OfficeClient& OfficeFixture::client()
@@ -18,20 +18,18 @@ OfficeClient& OfficeFixture::client()
   return *m_client;
 }
 
-QString OfficeFixture::printerSettings() const
+// The machine's own printers are left alone.
+void OfficeFixture::writePrinters(const QByteArray& printers) const
 {
-  return OfficePlace::numbered(1).profileFolder + "/profile/user/psprint/psprint.conf";
+  QFile settings(OfficePlace::numbered(1).profileFolder + "/profile/user/psprint/psprint.conf");
+  if (!QDir().mkpath(QFileInfo(settings).path()) || !settings.open(QIODevice::WriteOnly))
+    qFatal("no printer can be installed");
+  settings.write("[__Global_Printer_Defaults__]\nDisableCUPS=true\n" + printers);
 }
 
 void OfficeFixture::installPrinter()
 {
-  QFile settings(printerSettings());
-  QDir().mkpath(QFileInfo(settings).path());
-  if (!settings.open(QIODevice::WriteOnly))
-    qFatal("no printer can be installed");
-  settings.write("[__Global_Printer_Defaults__]\nDisableCUPS=true\n\n"
-                 "[Paper]\nPrinter=SGENPRT/Paper\nDefaultPrinter=1\nCommand=cat > " +
-                 QFile::encodeName(paper()) + "\n");
+  writePrinters("[Paper]\nPrinter=SGENPRT/Paper\nDefaultPrinter=1\nCommand=cat > " + QFile::encodeName(paper()) + "\n");
 }
 
 int OfficeFixture::printedPages() const

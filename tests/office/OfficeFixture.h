@@ -22,7 +22,7 @@ protected:
   QString filesIn(const QString& name) const;
 
 private:
-  QString printerSettings() const;
+  void writePrinters(const QByteArray& printers) const;
   QString paper() const { return folder.filePath("paper.ps"); }
 
   std::unique_ptr<OfficeClient> m_client;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFileInfo>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -14,7 +15,8 @@ struct File {
   QString name() const { return path.section(u'/', -1); }
   bool isUnder(const QString& folder) const { return path.startsWith(folder + u'/'); }
   bool isHeader() const { return path.endsWith(QStringLiteral(".h")); }
-  bool isPicture() const { return path.endsWith(QStringLiteral(".png")); }
+  // A picture or a workbook, which nobody reads as text.
+  bool isBinary() const { return QFileInfo(path).suffix() == u"png" || QFileInfo(path).suffix().startsWith(u"xls"); }
   bool isSource() const { return path.endsWith(QStringLiteral(".cpp")); }
 };
 

@@ -64,7 +64,7 @@ bool startsWithOneOf(const QString& path, const QStringList& beginnings)
 QStringList brokenBans(const File& file)
 {
   QStringList complaints;
-  if (file.isPicture())
+  if (file.isBinary())
     return complaints;
   for (const Ban& ban : Bans) {
     const bool headersOnly = ban.instead.endsWith(u"(headers only)"_s);
@@ -82,7 +82,7 @@ QStringList badShape(const File& file)
   QStringList complaints;
   if (file.text.isEmpty())
     complaints.append(file.path + u" is empty"_s);
-  if (file.text.count(u'\n') > MostLines && !file.isPicture())
+  if (file.text.count(u'\n') > MostLines && !file.isBinary())
     complaints.append(file.path + u" has more than 600 lines: it has more than one subject"_s);
   if (file.isHeader() && !file.text.startsWith(u"#pragma once\n"_s))
     complaints.append(file.path + u" does not start with #pragma once"_s);
