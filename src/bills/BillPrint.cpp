@@ -39,14 +39,14 @@ void BillForm::PrintBill_Excel(const QString& templateName, BillTemplate::Finish
                                  .billCode = TxtBillCode->text(),
                                  .headerTable = headerTable(),
                                  .placeholders = [this] { return placeholders(); },
-                                 .lines = printedGrid().grid,
+                                 .lines = find<Grid>("MSH"),
                                  .finish = finish});
 }
 
 void BillForm::FExcle_PT_Click()
 {
   if (mayDo(RightKind::Print))
-    frmExport(session).Export2Excel(*printedGrid().grid);
+    frmExport(session).Export2Excel(*find<Grid>("MSH"));
 }
 
 void BillForm::MPrintSet_Excel_Click()

@@ -48,21 +48,21 @@ bool isFixedLayout(Workbook& workbook)
 }
 
 // The texts of the lines, from the grid's first column on.
-QList<QStringList> linesOf(const Grid* grid)
+QList<QStringList> linesOf(const Grid& grid)
 {
   QList<QStringList> lines;
-  for (int row = 1; grid && row < grid->rows(); ++row) {
-    if (Trim(grid->text(row, 1)).isEmpty())
+  for (int row = 1; row < grid.rows(); ++row) {
+    if (Trim(grid.text(row, 1)).isEmpty())
       continue;
     QStringList& line = lines.emplaceBack();
-    for (int column = 1; column < grid->cols(); ++column)
-      line.append(Trim(grid->text(row, column)));
+    for (int column = 1; column < grid.cols(); ++column)
+      line.append(Trim(grid.text(row, column)));
   }
   return lines;
 }
 
 // The lines stand from row 17 on when the two rows of the template are gone.
-void fillLines(Workbook& workbook, const Grid* grid)
+void fillLines(Workbook& workbook, const Grid& grid)
 {
   const QList<QStringList> lines = isFixedLayout(workbook) ? QList<QStringList>() : linesOf(grid);
   if (!lines.isEmpty()) {
@@ -95,7 +95,7 @@ void printFile(Session& session, const Job& job, const QString& path)
 {
   const std::unique_ptr<Workbook> workbook = session.spreadsheet.open(path);
   fillPage(*workbook, job.placeholders());
-  fillLines(*workbook, job.lines);
+  fillLines(*workbook, *job.lines);
   finish(*workbook, job.finish, session.desk);
 }
 

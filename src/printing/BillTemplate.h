@@ -27,8 +27,8 @@ struct Job {
   QString headerTable;
   // Asked once a print, when the template is open.
   std::function<QList<Placeholder>()> placeholders;
-  // The bill's lines; null for a bill without any.
-  const Grid* lines = nullptr;
+  // The bill's lines: its grid, which is empty for a bill without any.
+  const Grid* lines;
   Finish finish = Finish::Print;
 };
 

@@ -20,10 +20,11 @@ protected:
   // How many pages came out of it.
   int printedPages() const;
   QString filesIn(const QString& name) const;
+  // What came out, as PDF.
+  QString paper() const { return folder.filePath("paper.pdf"); }
 
 private:
   void writePrinters(const QByteArray& printers) const;
-  QString paper() const { return folder.filePath("paper.ps"); }
 
   std::unique_ptr<OfficeClient> m_client;
 };

@@ -1,0 +1,132 @@
+#include "OfficeFixture.h"
+
+#include "accountset/AccountSet.h"
+#include "program/ProgramScreens.h"
+#include "screen/Controls.h"
+#include "screen/Grid.h"
+#include "session/ModuleADO.h"
+
+#include <QFile>
+
+// Every bill of the sample firm through its own template, from the menu to the page.
+
+namespace {
+
+struct PrintedBill {
+  const char* picture;
+  const char* form;
+  const char* mode; // the order that opened it
+  const char* table;
+  const char* code;
+  const char* templateName;
+  // Where the page shows what, by row and column.
+  struct Cell {
+    int row;
+    int column;
+    const char* text;
+  };
+  std::vector<Cell> cells;
+};
+
+void PrintTo(const PrintedBill& bill, std::ostream* out)
+{
+  *out << bill.code;
+}
+
+const PrintedBill Bills[] = {
+    {"payment",
+     "frmPayfund",
+     "付款",
+     "TabPayfundBill",
+     "FKD202206080001",
+     "付款单.xlsx",
+     {{2, 1, "付款单"},
+      {6, 2, "G005"},
+      {6, 4, "永安日用品厂"},
+      {17, 1, "1001"},
+      {17, 3, "1,200.00"},
+      {18, 2, "壹仟贰佰元整"},
+      {19, 2, "82,282.40元"}}},
+    {"receipt", "frmGathefund", "收款", "TabGathefundBill", "SKD202206060005", "收款单.xlsx", {{2, 1, "收款单"}, {6, 4, "市人民医院"}}},
+    {"bank",
+     "frmBankKeepTake",
+     "银行存取",
+     "TabKeepTake",
+     "CQD202206060001",
+     "银行存取款单.xls",
+     {{2, 1, "银行存取款单"}, {7, 2, "基本存款户"}, {8, 2, "纳税专户"}, {9, 2, "玖仟元整"}, {10, 2, "9,000.00"}}},
+    {"expense",
+     "frmFeeElseIncome",
+     "费用开支",
+     "TabFee",
+     "FYD202206060001",
+     "费用开支单.xls",
+     {{2, 1, "费用开支单"}, {6, 2, "库存现金"}, {6, 4, "1,020.00"}, {8, 2, "人民币 / 1"}, {8, 4, "7,020.00"}}},
+    {"other-income", "frmFeeElseIncome", "其他收入", "TabElseIncome", "QSD202206070001", "其他收入单.xlsx", {{2, 1, "其他收入单"}}},
+    {"fee-offset", "frmFeeSustain", "费用抵冲(客户)", "TabSustain", "DCD202206060001", "客户费用抵冲单.xlsx", {{2, 1, "费用抵冲单--客户"}}},
+    {"", "frmFeeSustain", "费用抵冲(供应商)", "TabSustain", "DCD202206030001", "供应商费用抵冲单.xlsx", {{2, 1, "费用抵冲单--供应商"}}},
+};
+
+struct SampleTemplates : OfficeFixture, testing::WithParamInterface<PrintedBill> {
+  ProgramScreens screens{session};
+  Screen* screen = nullptr;
+
+  SampleTemplates()
+  {
+    for (const char* name : {"PrintTemp", "TempFile"})
+      QDir(folder.path()).mkpath(name);
+    QFile::remove(accountSetPath());
+    EXPECT_EQ(AccountSet::create(accountSetPath(), AccountSet::Content::Demo), "");
+    session.DotSet = LoadDotSet(session);
+    session.params.OperateType = GetParam().mode;
+    screen = screens.screen(GetParam().form);
+    screen->load();
+    screen->FillBill(GetParam().table, GetParam().code);
+    desk.show(*screen);
+    screen->frm_Initialize(true);
+    EXPECT_EQ(desk.takeTexts(), "");
+  }
+
+  void printBy(const char* menu)
+  {
+    MenuItemArray* const items = screen->find<MenuItemArray>(menu);
+    ASSERT_EQ(items->captions(), QStringList{GetParam().templateName});
+    items->clickItem(0);
+    EXPECT_EQ(desk.takeTexts(), "");
+  }
+};
+
+} // namespace
+
+TEST_P(SampleTemplates, TheScreenStandsOnThePage)
+{
+  printBy("FIntoExcel_Inf");
+  ASSERT_EQ(client().open().size(), 1);
+  const OfficeClient::Book book = client().open().first();
+  const QString page = book.sheetNames().first();
+  for (const PrintedBill::Cell& cell : GetParam().cells)
+    EXPECT_EQ(book.shown(page, cell.row, cell.column), cell.text);
+  EXPECT_EQ(book.shown(page, 1, 1), "示例商贸有限公司");
+  EXPECT_EQ(book.shown(page, 5, 1), QStringLiteral("单据编号：") + GetParam().code);
+  for (int row = 1; row <= 30; ++row)
+    EXPECT_FALSE(book.row(page, row, 4).contains(u'?')) << shown(book.row(page, row, 4));
+
+  const Grid& lines = *screen->find<Grid>("MSH");
+  for (int row = 1; row < lines.rows() && !lines.text(row, 1).isEmpty(); ++row)
+    EXPECT_EQ(book.row(page, 16 + row, 4),
+              QStringList({lines.text(row, 1), lines.text(row, 2), lines.text(row, 3), lines.text(row, 4)}).join(u'|'));
+}
+
+// ZORVEK_PAGES names a folder where the pages are kept, for the pictures.
+TEST_P(SampleTemplates, OnePageComesOutOfThePrinter)
+{
+  installPrinter();
+  printBy("MPDirect_Excel_D_Inf");
+  EXPECT_EQ(printedPages(), 1);
+  const QString pages = qEnvironmentVariable("ZORVEK_PAGES");
+  if (!pages.isEmpty() && *GetParam().picture) {
+    EXPECT_TRUE(QFile::copy(paper(), QStringLiteral("%1/template-%2.pdf").arg(pages, GetParam().picture)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Bills, SampleTemplates, testing::ValuesIn(Bills), [](const auto& bill) { return std::string(bill.param.code); });
