@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include <QDir>
 #include <QFile>
 
@@ -195,7 +197,7 @@ TEST_P(BillTemplateTest, AnOfficeThatDiesMidwayCostsThePrintAlone)
   installPrinter();
   putTemplate(blankTemplate());
   for (const auto finish : {BillTemplate::Finish::Print, BillTemplate::Finish::HandOver}) {
-    print(finish, [] { OfficeClient::kill("-KILL"); });
+    print(finish, [] { OfficeClient::kill(SIGKILL); });
     EXPECT_EQ(desk.takeTexts(), "操作发生不可预测性错误！请退出软件重启电脑后再操作！");
     EXPECT_EQ(filesIn("TempFile"), "");
   }

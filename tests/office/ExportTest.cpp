@@ -4,6 +4,8 @@
 #include "printing/frmExport.h"
 #include "screen/Grid.h"
 
+#include <csignal>
+
 namespace {
 
 struct ExportTest : OfficeFixture {
@@ -81,7 +83,7 @@ TEST_F(ExportTest, WhoLeavesGetsNoWorkbook)
 TEST_F(ExportTest, AnOfficeThatDiesEndsInARunTimeError)
 {
   fillGrid();
-  desk.inWork = [](Form&) { OfficeClient::kill("-KILL"); };
+  desk.inWork = [](Form&) { OfficeClient::kill(SIGKILL); };
   EXPECT_THROW(progress.Export2Excel(grid), RunTimeError);
   EXPECT_FALSE(progress.isOpen());
   desk.inWork = nullptr;

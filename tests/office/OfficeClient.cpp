@@ -5,8 +5,9 @@
 #include "spreadsheet/office/Properties.h"
 #include "spreadsheet/office/Text.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QUrl>
 
 #include <com/sun/star/awt/XWindow2.hpp>
@@ -20,6 +21,8 @@
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
+
+#include <csignal>
 
 namespace star = com::sun::star;
 using star::uno::Any;
@@ -65,9 +68,14 @@ QList<OfficeClient::Book> OfficeClient::open() const
   return books;
 }
 
-void OfficeClient::kill(const char* signal)
+void OfficeClient::kill(int signal)
 {
-  QProcess::execute("pkill", {signal, "-f", OfficePlace::numbered(1).pipe});
+  const QByteArray pipe = OfficePlace::numbered(1).pipe.toUtf8();
+  for (const QString& process : QDir("/proc").entryList(QDir::Dirs)) {
+    QFile command("/proc/" + process + "/cmdline");
+    if (command.open(QIODevice::ReadOnly) && command.readAll().contains(pipe))
+      ::kill(process.toInt(), signal);
+  }
 }
 
 Reference<star::sheet::XSpreadsheet> OfficeClient::Book::sheet(const QString& name) const

@@ -58,7 +58,7 @@ public:
   // Those open now. A workbook being made by the program is among them.
   QList<Book> open() const;
   // Ends the office, or stops it from answering, from outside.
-  static void kill(const char* signal);
+  static void kill(int signal);
 
 private:
   OfficeConnection m_connection;

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 using namespace std::chrono_literals;
 
 // An office that has stopped answering is ended when the limit is over, and started anew.
@@ -13,7 +15,7 @@ TEST(Office, IsNotWaitedForWithoutEnd)
 {
   Office office(2s);
   const std::unique_ptr<Workbook> workbook = office.create();
-  OfficeClient::kill("-STOP");
+  OfficeClient::kill(SIGSTOP);
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_THROW(workbook->sheetNames(), RunTimeError);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 20s);

@@ -3,7 +3,10 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
-// The office's profile is made anew for each run of the tests: its first start is the slow one.
+#include <cstdio>
+
+// The office's profile is made anew for each run of the tests: its first start is the slow one. Ends with the
+// line that ./test adds up.
 int main(int argc, char** argv)
 {
   QCoreApplication application(argc, argv);
@@ -12,5 +15,8 @@ int main(int argc, char** argv)
   qunsetenv("DISPLAY");
   qunsetenv("WAYLAND_DISPLAY");
   testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
+  const int status = RUN_ALL_TESTS();
+  const testing::UnitTest& tests = *testing::UnitTest::GetInstance();
+  std::printf("%d passed, %d failed\n", tests.successful_test_count(), tests.failed_test_count());
+  return status;
 }
