@@ -1,7 +1,6 @@
 #include "accountset/AccountSet.h"
 
 #include "accountset/Schema.h"
-#include "database/EmbeddedEngine.h"
 #include "database/SqliteCollations.h"
 #include "support/Printing.h"
 #include "support/RawDatabase.h"
@@ -60,14 +59,6 @@ struct AccountSetTest : testing::Test {
   sqlite3* database = nullptr;
 };
 
-TEST_F(AccountSetTest, OpensForTheProgramWithEveryTable)
-{
-  const auto opening = EmbeddedEngine::open(path);
-  ASSERT_TRUE(opening.engine);
-  for (const Schema::Table& table : Schema::allTables())
-    EXPECT_FALSE(opening.engine->execute(u"select * from "_s + QLatin1String(table.name)).error) << table.name;
-}
-
 TEST_F(AccountSetTest, ARowNeedsNoMoreThanItsKeyAndStandsOnce)
 {
   for (const Schema::Table& table : Schema::allTables()) {
@@ -103,23 +94,6 @@ TEST_F(AccountSetTest, WhatMayStandTwiceStandsTwice)
   EXPECT_FALSE(takes(line.arg(2)));
   EXPECT_TRUE(takes(line.arg(u"null"_s)));
   EXPECT_TRUE(takes(line.arg(u"null"_s))) << "a writer who does not number his lines";
-}
-
-TEST_F(AccountSetTest, ComparesDaysAsDaysAndLettersWithoutCase)
-{
-  RawDatabase raw(path);
-  raw.run(u"insert into TabOutBill(Code,Datee,UnitCode) values('a','2022-6-9','k1'),('b','2022-06-10','K1'),('c','2022/6/10','K1')"_s);
-  EXPECT_EQ(raw.rows(u"select group_concat(Code) from TabOutBill where Datee>='2022-6-10' and UnitCode='k1'"_s), u"b,c"_s);
-  EXPECT_EQ(raw.rows(u"select max(Datee) from TabOutBill where Datee<'2022-6-10'"_s), u"2022-6-9"_s);
-}
-
-TEST_F(AccountSetTest, AmountsLeftOutOfAGoodsBillAreZeroAndATickIsNothing)
-{
-  RawDatabase raw(path);
-  raw.run(u"insert into TabOutBill(Code,SumMoney) values('a',100.50)"_s);
-  raw.run(u"insert into TabOutBillInf(BillCode,Num) values('a',1)"_s);
-  EXPECT_EQ(raw.rows(u"select SumMoney-Cash-Credit-HXMoney-AllDiscount from TabOutBill"_s), u"100.5"_s);
-  EXPECT_EQ(raw.rows(u"select GouDui,Moneyy from TabOutBillInf"_s), u"NULL|NULL"_s);
 }
 
 // Everything that the system asks of the large tables goes through an index.

@@ -30,44 +30,11 @@ struct SampleFirmTest : testing::Test {
   static inline std::unique_ptr<RawDatabase> database;
 };
 
-TEST_F(SampleFirmTest, HeadersAreTheSumOfTheirLines)
-{
-  struct Pair {
-    const char *header, *line, *link, *sum;
-  };
-  constexpr Pair Pairs[] = {
-      {"TabInBill", "TabInBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabOutBill", "TabOutBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabInCancleBill", "TabInCancleBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabOutCancleBill", "TabOutCancleBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabElseInBill", "TabElseInBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabElseOutBill", "TabElseOutBillInf", "BillCode", "Moneyy_Tax"},
-      {"TabPayfundBill", "TabPayfundBillInf", "BillCode", "Moneyy"},
-      {"TabGathefundBill", "TabGathefundBillInf", "BillCode", "Moneyy"},
-      {"TabFee", "TabFeeInf", "Code", "Moneyy"},
-      {"TabElseIncome", "TabElseIncomeInf", "Code", "Moneyy"},
-      {"TabSustain", "TabSustainInf", "Code", "Moneyy"},
-  };
-  for (const Pair& pair : Pairs) {
-    const QString sql =
-        u"select h.Code from %1 h left join %2 l on l.%3=h.Code group by h.Code having abs(h.SumMoney-total(l.%4))>0.001"_s.arg(
-            QLatin1String(pair.header), QLatin1String(pair.line), QLatin1String(pair.link), QLatin1String(pair.sum));
-    EXPECT_EQ(database->rows(sql), u""_s) << pair.header;
-    EXPECT_NE(database->rows(u"select count(*) from "_s + QLatin1String(pair.header)), u"0"_s) << pair.header;
-  }
-}
-
 TEST_F(SampleFirmTest, TheBooksAddUp)
 {
   const std::pair<const char*, const char*> contradictions[] = {
-      {"a voucher that does not balance, or not with its header",
-       "select w.Code from TabWarrant w join TabWarrantInf l on l.BillCode=w.Code group by w.Code"
-       " having abs(w.SumDebtor-sum(l.Debtor))>0.001 or abs(w.SumLender-sum(l.Lender))>0.001 or abs(sum(l.Debtor)-sum(l.Lender))>0.001"},
       {"an expense or income not paid in full", "select Code from TabFee where abs(SumMoney-Cash-Credit)>0.001"
                                                 " union all select Code from TabElseIncome where abs(SumMoney-Cash-Credit)>0.001"},
-      {"a goods bill settled for another sum than its links",
-       "select b.Code from (select Code,HXMoney from TabInBill union all select Code,HXMoney from TabOutBill) b"
-       " left join TabSFKHeXiao x on x.InOutBillCode=b.Code group by b.Code having abs(b.HXMoney-total(x.HXMoney))>0.001"},
       {"a goods bill settled for more than is due",
        "select Code from (select * from TabInBill union all select * from TabOutBill) where HXMoney-(SumMoney-Cash-Credit)>0.001"},
       {"a money bill not linked in full",

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,7 +22,7 @@ Recordset threeCodes()
 }
 
 // The number of the run-time error that an access raises; 0 if it raises none.
-template <typename Access> int errorOf(Access access)
+int errorOf(const std::function<void()>& access)
 {
   try {
     access();
@@ -35,14 +37,10 @@ template <typename Access> int errorOf(Access access)
 TEST(Recordset, OneThatDidNotOpenNeverReadsAsNothing)
 {
   Recordset closed;
-  EXPECT_FALSE(closed.isOpen());
-  EXPECT_EQ(errorOf([&] { closed.eof(); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.bof(); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.text(u"Code"_s); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.number(u"Num"_s); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.recordCount(); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.moveNext(); }), RunTimeError::Closed);
-  EXPECT_EQ(errorOf([&] { closed.rows(); }), RunTimeError::Closed);
+  for (const std::function<void()>& access : std::initializer_list<std::function<void()>>{
+           [&] { closed.eof(); }, [&] { closed.bof(); }, [&] { closed.text(u"Code"_s); }, [&] { closed.number(u"Num"_s); },
+           [&] { closed.recordCount(); }, [&] { closed.moveNext(); }, [&] { closed.rows(); }})
+    EXPECT_EQ(errorOf(access), RunTimeError::Closed);
 }
 
 TEST(Recordset, FieldsAreFoundByNameInAnyCase)
@@ -70,19 +68,6 @@ TEST(Recordset, MovesToBothEndsAndOneBeyond)
   EXPECT_EQ(errorOf([&] { rs.field(u"Code"_s); }), RunTimeError::NoCurrentRecord);
   rs.moveFirst();
   EXPECT_EQ(rs.text(u"Code"_s), u" a "_s);
-}
-
-TEST(Recordset, WithoutRowsItIsAtBothEndsWhereverItIsMoved)
-{
-  Recordset rs{RowSet({u"Code"_s})};
-  const auto isAtBothEnds = [&] { return rs.bof() && rs.eof(); };
-  EXPECT_TRUE(isAtBothEnds());
-  rs.moveLast();
-  EXPECT_TRUE(isAtBothEnds());
-  rs.moveFirst();
-  EXPECT_TRUE(isAtBothEnds());
-  rs.movePrevious();
-  EXPECT_TRUE(isAtBothEnds());
 }
 
 TEST(Value, ReadsAsTextNumberAndWholeNumber)

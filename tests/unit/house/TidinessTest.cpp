@@ -141,37 +141,3 @@ TEST(Tidiness, NothingIsLeftOver)
   ASSERT_TRUE(compiled.contains(u"src/platform/Currency.cpp"_s)) << "the list of compiled files";
   EXPECT_EQ(leftovers(SourceTree::files(), compiled).join(u'\n'), u""_s);
 }
-
-TEST(Tidiness, BadSamplesAreComplainedOf)
-{
-  const QList<File> bad{
-      {u"src/bills/A.cpp"_s, u"QDate::currentDate()"_s},
-      {u"src/bills/A.cpp"_s, u"  auto x = QDateTime::currentDateTime();"_s},
-      {u"src/ledger/A.cpp"_s, u"\"select max(cint(DateeY))\""_s},
-      {u"src/ledger/A.h"_s, u"  double GetMoneyRate(const QString& name);"_s},
-      {u"src/ledger/A.h"_s, u"using namespace std;"_s},
-      {u"tools/a.sh"_s, u"# TO"
-                        "DO later"_s},
-      {u"docs/a.md"_s, u"see Part "_s + u"3.1"_s},
-      {u"src/a/A.h"_s, u"// as the sp"_s + u"ec says"_s},
-      {u"run"_s, u"cd /wo"_s + u"rk/main"_s},
-  };
-  for (const File& file : bad)
-    EXPECT_EQ(brokenBans(file).size(), 1) << shown(file.path + u": "_s + file.text);
-  const QList<File> good{
-      {u"src/platform/Machine.cpp"_s, u"return QDateTime::currentDateTime();"_s},
-      {u"src/session/ModuleADO.h"_s, u"// \"cint(DateeY)\""_s},
-      {u"src/ledger/A.cpp"_s, u"double rounded = 0;"_s},
-      {u"src/accountset/A.h"_s, u"QString sp"_s + u"ec; // of a ware"_s},
-  };
-  for (const File& file : good)
-    EXPECT_EQ(brokenBans(file).join(u'\n'), u""_s);
-  EXPECT_EQ(badShape({u"a.h"_s, QString(601, u'\n')}).size(), 2);
-  EXPECT_EQ(badShape({u"a.cpp"_s, u""_s}).size(), 1);
-  const QList<File> tree{{u"src/a/A.cpp"_s, u"#include \"a/A.h\"\n"_s},
-                         {u"src/a/A.h"_s, u"1"_s},
-                         {u"src/a/AA.h"_s, u"1"_s},
-                         {u"src/a/B.cpp"_s, u"1"_s},
-                         {u"docs/a.png"_s, u"1"_s}};
-  EXPECT_EQ(leftovers(tree, {u"src/a/A.cpp"_s}).size(), 3);
-}

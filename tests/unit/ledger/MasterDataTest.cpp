@@ -2,10 +2,6 @@
 
 #include "ledger/BillCatalogue.h"
 #include "ledger/BillCode.h"
-#include "ledger/FieldHelp.h"
-#include "platform/RunTimeError.h"
-#include "screen/Controls.h"
-#include "screen/Form.h"
 #include "support/AccountSetFixture.h"
 #include "support/Printing.h"
 
@@ -67,17 +63,6 @@ TEST_F(MasterDataTest, AnAccountsTrailStopsBelowTheTop)
   }
 }
 
-TEST_F(MasterDataTest, ARecordsTrailAlwaysBearsItsCode)
-{
-  const auto path = [this](const QString& table, const QString& code) { return GetRecordPath(session, table, code); };
-  EXPECT_EQ(path(u" TabAccountantType "_s, u" 10020101 "_s), u"10020101>银行存款>工行>基本户"_s);
-  EXPECT_EQ(path(u"TabAccountantType"_s, u"1"_s), u"1>资产"_s);
-  EXPECT_EQ(path(u"TabAccountantType"_s, u"77"_s), u"77>孤儿"_s);
-  EXPECT_EQ(path(u"TabAccountantType"_s, u"66"_s), u"66>双"_s);
-  for (const auto& [table, code] : {std::pair{u" "_s, u"1"_s}, {u"TabAccountantType"_s, u" "_s}, {u"TabAccountantType"_s, u"99"_s}})
-    EXPECT_EQ(path(table, code), u""_s);
-}
-
 TEST_F(MasterDataTest, AValueGoesThroughTheAccountsFlag)
 {
   struct Row {
@@ -87,13 +72,10 @@ TEST_F(MasterDataTest, AValueGoesThroughTheAccountsFlag)
            Row{u"往来核算"_s, u" 100201 "_s, u"K001"_s},
            Row{u"往来核算"_s, u"10020101"_s, u""_s},
            Row{u"部门核算"_s, u"10020101"_s, u"K001"_s},
-           Row{u"部门核算"_s, u"100201"_s, u""_s},
-           Row{u"个人核算"_s, u"10020101"_s, u"K001"_s},
            Row{u"个人核算"_s, u"100201"_s, u""_s},   // the flag is not set at all
            Row{u"自定义"_s, u"100201"_s, u"True"_s}, // the answer, never the value
            Row{u"自定义"_s, u"1002"_s, u"False"_s},
            Row{u"自定义"_s, u"99"_s, u""_s},
-           Row{u"往来核算"_s, u"99"_s, u""_s},
            Row{u"自定义核算"_s, u"100201"_s, u""_s},
        })
     EXPECT_EQ(GetAuxiliaryValue(session, kind, account, u" K001 "_s), value) << shown(kind + account);
@@ -118,30 +100,6 @@ TEST_F(MasterDataTest, ABillsCodeIsOneAboveTheHighestOfToday)
   EXPECT_EQ(next(), u"FKD2022060810000"_s);
 }
 
-TEST_F(MasterDataTest, ATextFieldTakesOnlyItsCharacters)
-{
-  const auto takes = [this](const Key& key, bool backspace = true) { return FilterKeyPress(desk, key, u".0123456789aB"_s, backspace); };
-  for (const char16_t* good : {u"5", u".", u"A", u"b"})
-    EXPECT_TRUE(takes(Key::character(QString::fromUtf16(good))));
-  EXPECT_TRUE(takes({Key::Backspace, {}}));
-  EXPECT_TRUE(takes({Key::Left, {}}, false));
-  EXPECT_EQ(desk.beeps, 0);
-  for (const char16_t* bad : {u"-", u"c", u"。", u"５"})
-    EXPECT_FALSE(takes(Key::character(QString::fromUtf16(bad))));
-  EXPECT_FALSE(takes({Key::Backspace, {}}, false));
-  EXPECT_EQ(desk.beeps, 5);
-}
-
-TEST_F(MasterDataTest, TheMenuListsTheTemplatesOfItsKind)
-{
-  file.run(
-      u"insert into TabExcelTable(TabName,TabType,OrderBy) values(' 乙 ','付款单',2),('甲','付款单',2),('丙','付款单',1),('丁','收款单',0)"_s);
-  Form form(desk, u"frm"_s);
-  MenuItemArray menu(&form, u"FIntoExcel_Inf"_s);
-  FillTemplateMenu(session, menu, u" 付款单 "_s);
-  EXPECT_EQ(menu.captions().join(u' '), u"丙 乙 甲"_s) << "blanks count when they are ordered";
-}
-
 TEST(BillCatalogueTest, NamesTheTablesOfABill)
 {
   struct Row {
@@ -151,12 +109,8 @@ TEST(BillCatalogueTest, NamesTheTablesOfABill)
            Row{u" 付款单 "_s, u"TabPayfundBill"_s, u"TabPayfundBillInf"_s},
            Row{u"采购退货单"_s, u"TabInCancleBill"_s, u"TabInCancleBillInf"_s},
            Row{u"银行存取款单"_s, u"TabKeepTake"_s, u""_s},
-           Row{u"银行存取(存现)单"_s, u"TabKeepTake"_s, u""_s},
            Row{u"费用抵冲(客户)"_s, u"TabSustain"_s, u"TabSustainInf"_s},
-           Row{u"费用抵冲(客户)单"_s, u"TabSustain"_s, u"TabSustainInf"_s},
            Row{u"会计凭证"_s, u"TabWarrant"_s, u"TabWarrantInf"_s},
-           Row{u"商品"_s, u"TabWare"_s, u"TabWare"_s},
-           Row{u"付款"_s, u""_s, u""_s},
            Row{u""_s, u""_s, u""_s},
        }) {
     EXPECT_EQ(GetBillHeaderTable(name), header) << shown(name);

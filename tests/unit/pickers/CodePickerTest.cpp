@@ -69,21 +69,6 @@ TEST_F(CodePickerTest, WaresComeInSixColumnsAndASearchDropsTheCallersOwnList)
   });
 }
 
-TEST_F(CodePickerTest, ACategoryStandsForAllBelowItAndTheTopOneForEverything)
-{
-  pick(wares, [](Form& dialog) {
-    Tree& tree = *dialog.find<Tree>("TreeView_Type");
-    EXPECT_EQ(tree.node("11_").text, "11{五金}");
-    tree.doubleClickNode("11_");
-    EXPECT_EQ(codes(dialog), "101 102");
-    EXPECT_EQ(tree.current(), "11_") << "the operator's place in the tree outlives the new list";
-    tree.doubleClickNode("12_");
-    EXPECT_EQ(codes(dialog), "210");
-    tree.doubleClickNode("1_");
-    EXPECT_EQ(codes(dialog), "101 102 210");
-  });
-}
-
 TEST_F(CodePickerTest, WithoutATableTheCallersListIsSearchedAndThereAreNoCategories)
 {
   pick(anyList, [this](Form& dialog) {
@@ -93,32 +78,6 @@ TEST_F(CodePickerTest, WithoutATableTheCallersListIsSearchedAndThereAreNoCategor
     EXPECT_EQ(search(dialog, "TxtName", "nothing"), "");
     EXPECT_EQ(dialog.find<Grid>("MSH")->rows(), 2);
     EXPECT_EQ(desk.takeTexts(), "");
-  });
-}
-
-TEST_F(CodePickerTest, AStatementThatFailsCostsTwoBoxesAndNotTheDialog)
-{
-  pick(wares, [this](Form& dialog) {
-    EXPECT_EQ(search(dialog, "TxtName", "'"), "");
-    EXPECT_EQ(desk.boxes.size(), 2);
-    EXPECT_FALSE(desk.busy);
-    EXPECT_TRUE(dialog.isOpen());
-    EXPECT_EQ(dialog.find<Grid>("MSH")->text(0, 1), "编号");
-    EXPECT_EQ(search(dialog, "TxtName", "钢"), "210");
-  });
-}
-
-TEST_F(CodePickerTest, ACategoryWithoutItsParentEndsTheTreeThere)
-{
-  file.run("insert into TabWareType values('115','孤儿','9'),('13','后面','1')");
-  pick(wares, [this](Form& dialog) {
-    ASSERT_EQ(desk.boxes.size(), 1);
-    EXPECT_EQ(desk.boxes.first().icon, Desk::Icon::Stop);
-    EXPECT_TRUE(desk.boxes.first().text.contains("115{孤儿}"));
-    Tree& tree = *dialog.find<Tree>("TreeView_Type");
-    EXPECT_EQ(tree.nodes().size(), 3);
-    tree.doubleClickNode("111_");
-    EXPECT_EQ(codes(dialog), "102");
   });
 }
 

@@ -59,33 +59,12 @@ TEST_F(TreePickerTest, ABranchGetsARootWithTheTargetAsItsLabel)
   EXPECT_EQ(listed({}), "1{资产} >1001{现金} >1002{银行} >>100201{工行} 5{损益} >51{收入} >>5101{主营}");
 }
 
-TEST_F(TreePickerTest, TheLabelOfTheRootIsAlsoWhereTheChoiceGoes)
-{
-  pick({.TreeWhere = " where Code like '1002_%' ", .TreeTarget = "现金"}, [](Form& dialog) { tree(dialog).doubleClickNode("100201_"); });
-  EXPECT_EQ(caller.written(), "TxtTransferCode=100201 TxtTransferName=工行");
-}
-
 TEST_F(TreePickerTest, OnlyTheLastAlternativeWithoutBracketsLosesAccountsOutOfUse)
 {
   EXPECT_EQ(listed({.TreeWhere = " where (Code='1' or ParentCode='1' or ParentCode like '1002%')"}),
             "1{资产} >1001{现金} >1002{银行} >>100201{工行}");
   EXPECT_EQ(listed({.TreeWhere = "  where Code='1' or ParentCode='1' or ParentCode like '1002%' or Code='100201'"}),
             "1{资产} >1001{现金} >1002{银行} >>100201{工行} >>100202{旧户}");
-}
-
-TEST_F(TreePickerTest, TheLastClickOutlivesTheDialogAndCanBeTakenAgain)
-{
-  pick({.TreeTarget = "现金"}, [this](Form& dialog) {
-    dialog.find<ToolButton>("ToolSelect")->click();
-    tree(dialog).doubleClickNode("1_");
-    EXPECT_EQ(desk.takeTexts(), "请选择名称！\n不允许选择根目录！");
-    tree(dialog).clickNode("1001_");
-    dialog.find<MenuItem>("FEixt")->click();
-    EXPECT_FALSE(dialog.isOpen());
-  });
-  EXPECT_EQ(caller.written(), "");
-  pick({.TreeTarget = "现金"}, [](Form& dialog) { dialog.find<ToolButton>("ToolSelect")->click(); });
-  EXPECT_EQ(caller.written(), "TxtCashAccouCode=1001 TxtCashAccouName=现金");
 }
 
 TEST_F(TreePickerTest, AnotherTableIsOneOfWarehouses)
@@ -99,14 +78,6 @@ TEST_F(TreePickerTest, AnotherTableIsOneOfWarehouses)
     EXPECT_EQ(desk.takeTexts(), "基础管理程序不存在，请确定您程序安装是否完整！");
   });
   pick({.TreeKind = "费用科目"}, [](Form& dialog) { EXPECT_FALSE(dialog.find("ToolAdd")->isVisible()); });
-}
-
-TEST_F(TreePickerTest, AnAccountWithoutItsParentEndsTheTreeThere)
-{
-  file.run("insert into TabAccountantType values('200101','孤儿','2001',0)");
-  EXPECT_EQ(listed({}), "1{资产} >1001{现金} >1002{银行} >>100201{工行}");
-  ASSERT_EQ(desk.boxes.size(), 1);
-  EXPECT_TRUE(desk.boxes.first().text.contains("200101{孤儿}"));
 }
 
 } // namespace

@@ -24,15 +24,6 @@ TEST(AnsiText, EveryCharacterOfTheCodePageMakesTheRoundTrip)
   EXPECT_GE(characters, 21700);
 }
 
-TEST(AnsiText, PlainTextIsItsOwnBytes)
-{
-  QByteArray bytes;
-  for (char c = 0; c >= 0 && c < 0x7F; ++c)
-    bytes.append(c);
-  EXPECT_EQ(AnsiText::encode(QString::fromLatin1(bytes)), bytes);
-  EXPECT_EQ(AnsiText::decode(bytes), QString::fromLatin1(bytes));
-}
-
 TEST(AnsiText, WhatHasNoPlaceIsAQuestionMarkAndToldOf)
 {
   bool lossless = true;

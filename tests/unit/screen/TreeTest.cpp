@@ -27,14 +27,6 @@ struct TreeTest : testing::Test {
     form.opened();
   }
 
-  QString shown() const
-  {
-    QStringList lines;
-    for (const Tree::Node& node : tree.nodes())
-      lines.append(QString(node.level, u'>') + node.key);
-    return lines.join(u' ');
-  }
-
   // The clicks that the keys brought about.
   QString press(const QList<Key::Code>& keys)
   {
@@ -44,30 +36,6 @@ struct TreeTest : testing::Test {
     return clicks.join(u' ');
   }
 };
-
-TEST_F(TreeTest, SortsTheChildrenOfOneNodeAndTakesTheirBranchesAlong)
-{
-  EXPECT_EQ(shown(), "1 >51 >>512 >>511 >5 2");
-  tree.sortChildren("1");
-  EXPECT_EQ(shown(), "1 >5 >51 >>512 >>511 2");
-}
-
-TEST_F(TreeTest, ALoadThatFailsKeepsWhatWasAddedAndTellsTheWindowOnce)
-{
-  int told = 0;
-  QObject::connect(&tree, &Tree::nodesChanged, [&] { ++told; });
-  const auto error = tree.fill([this] {
-    tree.addTop("9_", "9{x}", Tree::Image::ParentPic);
-    tree.addChild("8_", "81_", "81{y}", Tree::Image::ChildPic);
-    ADD_FAILURE() << "the load went on";
-  });
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->number(), RunTimeError::NoSuchNode);
-  EXPECT_TRUE(error->text().contains("81{y}")) << shown().toStdString();
-  EXPECT_EQ(shown(), "9_");
-  EXPECT_EQ(told, 1);
-  EXPECT_THROW(tree.addTop("9_", "again", Tree::Image::ParentPic), RunTimeError);
-}
 
 TEST_F(TreeTest, ArrowsWalkOverWhatIsOpenAndClickWhatTheyReach)
 {

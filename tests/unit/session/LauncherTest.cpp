@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -22,23 +21,6 @@ struct LauncherTest : testing::Test, SessionFixture {
   bool run(const QString& operation) { return Mod_ZORVEKMain::RunSiblingProgram(session, operation, {u" 1 "_s, u"2"_s}); }
   bool hasParameterFile() const { return QFile::exists(folder.filePath(u"SysPar.dll"_s)); }
 };
-
-// The program folder of the test, and programs that really start.
-struct StartingMachine : FixedMachine {
-  using FixedMachine::FixedMachine;
-  bool startProgram(const QString& path) override { return ThisMachine().startProgram(path); }
-};
-
-// A sibling: takes the parameter file away, as all of the family do, and keeps what it read.
-constexpr char Taker[] = "#!/bin/sh\n"
-                         "cd \"${0%/*}\" && mv SysPar.dll reading && mv reading read\n";
-
-QByteArray contentOnceThere(const QString& path)
-{
-  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }));
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -93,18 +75,6 @@ TEST_F(LauncherTest, AnUnknownOperationWritesNoFile)
   EXPECT_FALSE(hasParameterFile());
 }
 
-TEST_F(LauncherTest, TheStartedProgramFindsThisSessionAndItsOrders)
-{
-  session.params.OperationsDirective = u"付款"_s;
-  EXPECT_FALSE(run(u"打印"_s));
-  EXPECT_TRUE(hasParameterFile()) << "written before the missing program was noticed, and left";
-  SessionParams found;
-  ASSERT_TRUE(ModReadWriteParameters::ReadSystemParameters(machine, found));
-  EXPECT_EQ(found.UserName, session.params.UserName);
-  EXPECT_EQ(found.ConDataName, u"A001.mdb"_s);
-  EXPECT_EQ(found.OperationsDirective + u'|' + found.OperationsDirective2 + u'|' + found.OperationsDirective3, u"1|2|"_s);
-}
-
 TEST_F(LauncherTest, WithoutAParameterFileNothingIsStarted)
 {
   install(u"TALMIR.exe"_s);
@@ -112,26 +82,4 @@ TEST_F(LauncherTest, WithoutAParameterFileNothingIsStarted)
   EXPECT_FALSE(run(u"打印"_s));
   EXPECT_EQ(desk.takeTexts(), u"参数存取失败！"_s);
   EXPECT_TRUE(machine.started.isEmpty());
-}
-
-TEST_F(LauncherTest, RealProgramsInARowTakeEachItsOwnFile)
-{
-  StartingMachine starting(folder.path());
-  Session real{desk, starting};
-  real.params = session.params;
-  real.params.ConDataRemark = u"a=b:c"_s;
-  const QString left = folder.filePath(u"SysPar.dll"_s);
-  const QString taken = folder.filePath(u"read"_s);
-  QFile sibling(folder.filePath(u"MIRVAL.exe"_s));
-  ASSERT_TRUE(sibling.open(QIODevice::WriteOnly) && sibling.write(Taker) > 0 && sibling.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
-  sibling.close();
-  for (const Directives& orders : {Directives{u"往来单位信息录入"_s, u" 付款单 "_s, u"G001"_s}, Directives{u"科目设置"_s}}) {
-    ASSERT_TRUE(ModReadWriteParameters::WriteSystemParameters(real, orders));
-    const QByteArray expected = contentOnceThere(left);
-    ASSERT_TRUE(Mod_ZORVEKMain::RunSiblingProgram(real, u"往来单位资料"_s, orders));
-    EXPECT_EQ(contentOnceThere(taken), expected);
-    EXPECT_FALSE(hasParameterFile());
-    QFile::remove(taken);
-  }
-  EXPECT_EQ(desk.takeTexts(), u""_s);
 }

@@ -39,12 +39,4 @@ TEST_F(MatchingTest, AListThatIsTooLongStopsWithAnOverflow)
   EXPECT_EQ(list.text(32767, 7) + list.text(32768, 2), "32767");
 }
 
-TEST_F(MatchingTest, AnOrderOfAnotherScreenIsNotListed)
-{
-  session.params.OperateType = "购买订单查询";
-  listLines(3);
-  EXPECT_EQ(list.rows(), 2);
-  EXPECT_EQ(list.text(0, 1) + desk.takeTexts(), "");
-}
-
 } // namespace

@@ -92,29 +92,3 @@ TEST_F(VoucherLinesTest, TheMoneyIsThatOfTheScreenAndOfABankBillTheBase)
   EXPECT_EQ(money(supplierOffset), u"人民币|1|第DCD1号费用抵冲单"_s);
   EXPECT_EQ(money(receipt), u"人民币|1|第SKD1号收款单"_s);
 }
-
-TEST_F(VoucherLinesTest, TheLinesAreWrittenAnew)
-{
-  const QString other = u"insert into TabWarrantInf(BillCode,LineNum) values('PZD2',1)"_s;
-  file.run(other);
-  write(payment);
-  file.run(u"delete from TabPayfundBillInf where LineNo>1"_s);
-  write(payment);
-  EXPECT_EQ(file.rows(u"select BillCode,LineNum from TabWarrantInf"_s), u"PZD1|1\nPZD1|2\nPZD2|1"_s);
-  file.run(u"delete from TabPayfundBill"_s);
-  write(payment);
-  EXPECT_EQ(file.rows(u"select BillCode,LineNum from TabWarrantInf"_s), u"PZD2|1"_s) << "a bill that is gone takes the lines with it";
-}
-
-TEST_F(VoucherLinesTest, APartnerThatVanishedLeavesABlankAccount)
-{
-  file.run(u"delete from TabClient"_s);
-  EXPECT_EQ(lines(receipt), u"1||华联公司|0|100| 2|100201|工行|100|0|K001"_s);
-}
-
-TEST_F(VoucherLinesTest, AFailedLineLeavesTheOthers)
-{
-  file.run(u"update TabPayfundBillInf set AccountantName='a''b' where LineNo=1"_s);
-  EXPECT_EQ(lines(payment), u"1|2202|华联公司|105|0|K001 3|100201|工行|0|-2.5|K001 4|1001|现金|0|60|"_s);
-  EXPECT_TRUE(desk.takeTexts().startsWith(u"Error:"_s));
-}

@@ -25,19 +25,6 @@ struct VoucherTest : testing::Test, VoucherFixture {
 
 } // namespace
 
-TEST_F(VoucherTest, ANewVoucherFillsItsRowThePeriodAndTheMark)
-{
-  generate(payment);
-  EXPECT_EQ(header(u"*"_s),
-            u"PZD202206080001|2022-06-08|2022|6|1|1|系统管理员|||记账凭证|未审核|105|105|FKD1|0|0|0|0|1|0|0|记账凭证||记|0"_s);
-  EXPECT_EQ(file.rows(u"select count(*),min(BillCode),max(BillCode) from TabWarrantInf"_s), u"4|PZD202206080001|PZD202206080001"_s);
-  EXPECT_EQ(file.rows(u"select * from TabWriteAccountant"_s), u"2022|6|未审核"_s);
-  EXPECT_EQ(report(), u"已生成会计凭证"_s);
-  generate(receipt);
-  EXPECT_EQ(header(u"Code,WarrantNum1"_s), u"PZD202206080001|1\nPZD202206080002|2"_s);
-  EXPECT_EQ(desk.takeTexts(), u""_s);
-}
-
 TEST_F(VoucherTest, TheBooksOfAKindWithoutSettingsAreTheMainOne)
 {
   for (const auto& [mainBooks, expected] : {
@@ -95,25 +82,6 @@ TEST_F(VoucherTest, NothingIsWrittenForNothingButTheMark)
   EXPECT_EQ(desk.takeTexts(), u""_s) << "a bill that is not there";
 }
 
-TEST_F(VoucherTest, AnEditKeepsTheCodeAndTheNumbers)
-{
-  generate(receipt);
-  generate(payment);
-  file.run(
-      u"update TabWarrant set State='已审核',Auditing='王',RecordAccountant='李',ZG='赵',IsLoss=1,WarrantKind='x' where JXCBillCode='FKD1'"_s);
-  file.run(u"update TabPayfundBill set Datee='2022-07-09',SumMoney=12.34; delete from TabPayfundBillInf where LineNo>1"_s);
-  settle(u"1,0,1,0,'付款凭证'"_s);
-  session.params.UserName = u" 王五 "_s;
-  machine.clock = machine.clock.addDays(40);
-  generate(payment);
-  EXPECT_EQ(file.rows(u"select * from TabWarrant where JXCBillCode='FKD1'"_s),
-            u"PZD202206080002|2022-07-09|2022|7|2|0|王五|||x|未审核|12.34|12.34|FKD1|0|1|0|0|0|1|0|付款凭证||记|0"_s);
-  EXPECT_EQ(
-      file.rows(u"select LineNum,WarrantNum1,WarrantNum2,AccountBook1,AccountBook2 from TabWarrantInf where BillCode='PZD202206080002'"_s),
-      u"1|2|0|0|1\n2|2|0|0|1"_s);
-  EXPECT_EQ(file.rows(u"select DateeM from TabWriteAccountant"_s), u"6\n7"_s);
-}
-
 TEST_F(VoucherTest, AClosedPeriodStopsTheVoucherOfItsBills)
 {
   const QString years = u"insert into TabWriteAccountant values('2009','12','已结账'),('2022','9','已结账'),('2022','12','未审核')"_s;
@@ -152,16 +120,4 @@ TEST_F(VoucherTest, TheNumberIsCountedOverTheCalendarMonthsPeriod)
   generate(payment);
   EXPECT_TRUE(desk.takeTexts().contains(u"2022 年 7 月"_s));
   EXPECT_EQ(report(), u""_s);
-}
-
-TEST_F(VoucherTest, DeletingLeavesNothingBehindWhateverItsState)
-{
-  generate(payment);
-  generate(receipt);
-  file.run(u"update TabWarrant set State='已登账'"_s);
-  DeleteVoucher(session, u"FKD1"_s);
-  DeleteVoucher(session, u"FKD9"_s);
-  EXPECT_EQ(header(u"JXCBillCode"_s), u"SKD1"_s);
-  EXPECT_EQ(file.rows(u"select distinct BillCode from TabWarrantInf"_s), u"PZD202206080002"_s);
-  EXPECT_EQ(desk.takeTexts(), u""_s);
 }
