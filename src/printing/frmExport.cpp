@@ -29,6 +29,15 @@ QList<QStringList> shownTexts(const Grid& grid, int from, int to)
   return block;
 }
 
+// A quarter wider than on the screen: a workbook's letters are larger.
+QList<int> widthsOf(const Grid& grid)
+{
+  QList<int> widths;
+  for (int col = 0; col < grid.cols(); ++col)
+    widths.append(grid.colWidth(col) * 5 / 4);
+  return widths;
+}
+
 } // namespace
 
 frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, QStringLiteral("frmExport")), session(ofSession)
@@ -50,7 +59,7 @@ void frmExport::copy(const Grid& grid)
 {
   const std::unique_ptr<Workbook> workbook = session.spreadsheet.create();
   const QString sheet = workbook->sheetNames().first();
-  workbook->fixRowHeights(sheet, grid.rows());
+  workbook->setSizes(sheet, grid.rows(), Grid::DefaultRowHeight, widthsOf(grid));
   for (int row = 0; row < grid.rows(); row += RowsInBlock) {
     const int end = std::min(row + RowsInBlock, grid.rows());
     workbook->enterTexts(sheet, row + 1, 1, shownTexts(grid, row, end));

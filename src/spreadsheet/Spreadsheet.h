@@ -25,8 +25,9 @@ public:
   virtual void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
   // The same, but every text stays the text it is.
   virtual void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
-  // Rows from 1 to `rows` keep their height whatever is put into them: measuring text is what costs most.
-  virtual void fixRowHeights(const QString& sheet, int rows) = 0;
+  // The heights of the first rows and the widths of the first columns, in twips; a column of 0 keeps its own.
+  // Rows that have got a height are not measured when texts come in, which is what costs most.
+  virtual void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) = 0;
   // New rows ahead of `row`, each looking like the one above.
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;

@@ -31,6 +31,7 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
   grid.setCols(6);
   grid.setColWidth(1, 0);
   grid.setRowHeight(2, 0);
+  grid.setColWidth(2, 4 * 1440);
   const QStringList texts{"0012", "藏", "=1+1", "1,234.50", "2022-06-08", "'a"};
   for (int row = 0; row < grid.rows(); ++row)
     for (int col = 0; col < grid.cols(); ++col)
@@ -45,6 +46,7 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
   EXPECT_EQ(book.row(sheet, 3, 6), "|||||");
   EXPECT_EQ(book.row(sheet, 4, 6), book.row(sheet, 1, 6));
   EXPECT_EQ(book.row(sheet, 5, 6), "|||||");
+  EXPECT_EQ(book.columnWidth(sheet, 3), 5 * 2540);
   EXPECT_TRUE(book.isVisible());
   EXPECT_FALSE(progress.isOpen());
   EXPECT_FALSE(desk.busy);

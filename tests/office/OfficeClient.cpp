@@ -43,6 +43,13 @@ Reference<star::frame::XFrame> frameOf(const OfficeClient::Book::Document& docum
   return Reference<star::frame::XModel>(document, UNO_QUERY_THROW)->getCurrentController()->getFrame();
 }
 
+int sizeOf(const Any& rowOrColumn, QStringView name)
+{
+  sal_Int32 size = 0;
+  Reference<star::beans::XPropertySet>(rowOrColumn, UNO_QUERY_THROW)->getPropertyValue(officeText(name)) >>= size;
+  return size;
+}
+
 } // namespace
 
 OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
@@ -138,10 +145,12 @@ void OfficeClient::Book::setRowHeight(const QString& name, int row, int height)
 
 int OfficeClient::Book::rowHeight(const QString& name, int row) const
 {
-  const auto rows = Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows();
-  sal_Int32 height = 0;
-  Reference<star::beans::XPropertySet>(rows->getByIndex(row - 1), UNO_QUERY_THROW)->getPropertyValue(officeText(u"Height")) >>= height;
-  return height;
+  return sizeOf(Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows()->getByIndex(row - 1), u"Height");
+}
+
+int OfficeClient::Book::columnWidth(const QString& name, int column) const
+{
+  return sizeOf(Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getColumns()->getByIndex(column - 1), u"Width");
 }
 
 QString OfficeClient::Book::shown(const QString& name, int row, int column) const

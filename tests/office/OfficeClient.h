@@ -39,7 +39,9 @@ public:
     // With the "=" of a formula, and a "'" ahead of a text that looks like a number.
     QString formula(const QString& sheet, int row, int column) const;
     com::sun::star::uno::Any property(const QString& sheet, int row, int column, const char* name) const;
+    // In hundredths of a millimetre.
     int rowHeight(const QString& sheet, int row) const;
+    int columnWidth(const QString& sheet, int column) const;
     QString title() const;
     bool isVisible() const;
 

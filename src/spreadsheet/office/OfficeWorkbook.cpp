@@ -42,6 +42,17 @@ Reference<star::beans::XPropertySet> propertiesOf(const Reference<star::uno::XIn
   return Reference<star::beans::XPropertySet>(object, UNO_QUERY_THROW);
 }
 
+template <typename Items> Reference<star::uno::XInterface> itemOf(const Reference<Items>& items, sal_Int32 index)
+{
+  return Reference<star::uno::XInterface>(items->getByIndex(index), UNO_QUERY_THROW);
+}
+
+// The office counts in hundredths of a millimetre.
+Any lengthOf(int twips)
+{
+  return Any(sal_Int32(qint64(twips) * 2540 / 1440));
+}
+
 void put(const Reference<star::table::XCellRange>& range, const QList<QStringList>& block,
          const std::function<Any(qsizetype, const QString&)>& value)
 {
@@ -176,23 +187,29 @@ void OfficeWorkbook::enterTexts(const QString& sheet, int row, int column, const
   });
 }
 
-void OfficeWorkbook::fixRowHeights(const QString& sheet, int rows)
+void OfficeWorkbook::setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths)
 {
   m_office.call([&] {
-    const Reference<star::table::XColumnRowRange> fixed(range(sheet, 1, 1, rows, 1), UNO_QUERY_THROW);
-    propertiesOf(fixed->getRows())->setPropertyValue(officeText(u"OptimalHeight"), Any(false));
+    const Reference<star::table::XColumnRowRange> sized(range(sheet, 1, 1, rows, columnWidths.size()), UNO_QUERY_THROW);
+    propertiesOf(sized->getRows())->setPropertyValue(officeText(u"Height"), lengthOf(rowHeight));
+    const auto columns = sized->getColumns();
+    for (int column = 0; column < columnWidths.size(); ++column)
+      if (columnWidths[column] > 0)
+        propertiesOf(itemOf(columns, column))->setPropertyValue(officeText(u"Width"), lengthOf(columnWidths[column]));
   });
 }
 
+// The formats of the row above come along by themselves, a height that somebody gave it does not.
 void OfficeWorkbook::insertRows(const QString& sheet, int row, int count)
 {
   m_office.call([&] {
     const auto rows = Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows();
-    const Any height =
-        propertiesOf(Reference<star::uno::XInterface>(rows->getByIndex(row - 2), UNO_QUERY_THROW))->getPropertyValue(officeText(u"Height"));
+    const auto above = propertiesOf(itemOf(rows, row - 2));
     rows->insertByIndex(row - 1, count);
+    if (above->getPropertyValue(officeText(u"OptimalHeight")) == Any(true))
+      return;
     const Reference<star::table::XColumnRowRange> inserted(range(sheet, row, 1, count, 1), UNO_QUERY_THROW);
-    propertiesOf(inserted->getRows())->setPropertyValue(officeText(u"Height"), height);
+    propertiesOf(inserted->getRows())->setPropertyValue(officeText(u"Height"), above->getPropertyValue(officeText(u"Height")));
   });
 }
 

@@ -23,7 +23,7 @@ public:
   QList<QStringList> texts(const QString& sheet, int rows, int columns) override;
   void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
   void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
-  void fixRowHeights(const QString& sheet, int rows) override;
+  void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) override;
   void insertRows(const QString& sheet, int row, int count) override;
   void deleteRow(const QString& sheet, int row) override;
   void print(const QString& sheet) override;
