@@ -68,34 +68,6 @@ TEST_F(AccountSetTest, ARowNeedsNoMoreThanItsKeyAndStandsOnce)
   }
 }
 
-TEST_F(AccountSetTest, TheScreensPositionalInsertsFit)
-{
-  const std::pair<const char*, int> widths[] = {
-      {"TabPayfundBill", 14}, {"TabPayfundBillInf", 13}, {"TabGathefundBill", 14}, {"TabGathefundBillInf", 13}, {"TabKeepTake", 16},
-      {"TabFee", 18},         {"TabFeeInf", 11},         {"TabElseIncome", 18},    {"TabElseIncomeInf", 11},    {"TabSustain", 15},
-      {"TabSustainInf", 13},  {"TabSFKHeXiao", 6},       {"TabWarrant", 25},       {"TabWarrantInf", 27},       {"TabWriteAccountant", 3},
-      {"TabPrintMSHSet", 18},
-  };
-  for (const auto& [table, width] : widths) {
-    const QString values = QStringList(width, u"'1'"_s).join(u',');
-    EXPECT_TRUE(takes(u"insert into %1 values(%2)"_s.arg(QLatin1String(table), values))) << table;
-  }
-}
-
-TEST_F(AccountSetTest, WhatMayStandTwiceStandsTwice)
-{
-  EXPECT_TRUE(takes(u"insert into TabClient(Code,Name) values('K001','华联商厦')"_s));
-  EXPECT_TRUE(takes(u"insert into TabClient(Code,Name) values('K002','华联商厦')"_s));
-  EXPECT_FALSE(takes(u"insert into TabClient(Code,Name) values('k001','another')"_s)) << "codes differ by more than their case";
-
-  const QString line = u"insert into TabPayfundBillInf(BillCode,LineNo,Moneyy) values('FKD202206080001',%1,5)"_s;
-  EXPECT_TRUE(takes(line.arg(1)));
-  EXPECT_TRUE(takes(line.arg(2)));
-  EXPECT_FALSE(takes(line.arg(2)));
-  EXPECT_TRUE(takes(line.arg(u"null"_s)));
-  EXPECT_TRUE(takes(line.arg(u"null"_s))) << "a writer who does not number his lines";
-}
-
 // Everything that the system asks of the large tables goes through an index.
 TEST_F(AccountSetTest, QuestionsOfTheSystemReadNoWholeTable)
 {

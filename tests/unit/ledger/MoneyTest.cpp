@@ -55,17 +55,6 @@ TEST_F(MoneyTest, AShownNumberIsReadBack)
   EXPECT_EQ(MoneyOf(u" 7x"_s).toText(), u"7"_s);
 }
 
-TEST_F(MoneyTest, RatesAndTheBaseCurrency)
-{
-  EXPECT_EQ(GetBaseMoneyName(session), u""_s);
-  EXPECT_EQ(GetBaseMoneyRate(session), 1.0F);
-  file.run(u"insert into TabMoneyType values('美元',6.7123,'否'),('人民币',1.5,'是')"_s);
-  EXPECT_EQ(GetMoneyRate(session, u" 美元 "_s), 6.7123F);
-  EXPECT_EQ(GetMoneyRate(session, u"日元"_s), 1.0F);
-  EXPECT_EQ(GetBaseMoneyName(session), u"人民币"_s);
-  EXPECT_EQ(GetBaseMoneyRate(session), 1.5F);
-}
-
 TEST_F(MoneyTest, AnAmountIsSpelledInCapitals)
 {
   struct Row {

@@ -69,18 +69,6 @@ TEST_F(CodePickerTest, WaresComeInSixColumnsAndASearchDropsTheCallersOwnList)
   });
 }
 
-TEST_F(CodePickerTest, WithoutATableTheCallersListIsSearchedAndThereAreNoCategories)
-{
-  pick(anyList, [this](Form& dialog) {
-    EXPECT_TRUE(dialog.find<Tree>("TreeView_Type")->isEmpty());
-    EXPECT_EQ(dialog.find<Label>("LabListAttention")->caption(), "");
-    EXPECT_EQ(search(dialog, "TxtName", "螺"), "101 102");
-    EXPECT_EQ(search(dialog, "TxtName", "nothing"), "");
-    EXPECT_EQ(dialog.find<Grid>("MSH")->rows(), 2);
-    EXPECT_EQ(desk.takeTexts(), "");
-  });
-}
-
 TEST_F(CodePickerTest, OnlyAFullNotchOfTheWheelTurnsAPageAndOnlyWithTheFocus)
 {
   for (int code = 500; code < 530; ++code)

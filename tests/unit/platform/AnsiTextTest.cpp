@@ -34,11 +34,3 @@ TEST(AnsiText, WhatHasNoPlaceIsAQuestionMarkAndToldOf)
   AnsiText::encode(QString(QChar(0xD800)), &lossless);
   EXPECT_FALSE(lossless);
 }
-
-TEST(AnsiText, BytesThatAreNoTextDoNotStopTheReading)
-{
-  EXPECT_TRUE(AnsiText::decode("ab\xFF"
-                               "cd")
-                  .contains(QStringLiteral("ab")));
-  EXPECT_NE(AnsiText::decode("ab\x81"), u"ab"_s);
-}

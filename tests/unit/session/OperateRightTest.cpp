@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Administrator = u"系统管理员"_s;
-const QString Refused = u"没有操作权限！"_s;
 const QString OnAnotherMachine = u"本云账号已在别的终端设备上登陆，本终端自动终止操作！"_s;
 
 struct OperateRightTest : testing::Test, SessionFixture {
@@ -31,20 +30,6 @@ struct OperateRightTest : testing::Test, SessionFixture {
 };
 
 } // namespace
-
-TEST_F(OperateRightTest, EachKindReadsItsOwnColumn)
-{
-  constexpr RightKind Kinds[] = {RightKind::Read, RightKind::Edit, RightKind::Delete, RightKind::Print, RightKind::Auditing};
-  for (int granted = 0; granted < 5; ++granted) {
-    QStringList rights(5, u"0"_s);
-    rights[granted] = u"1"_s;
-    file.run(u"delete from TabOperateRight; insert into TabOperateRight values('赵','付款单',"_s + rights.join(u',') + u')');
-    for (int asked = 0; asked < 5; ++asked) {
-      EXPECT_EQ(CheckOperateRight(session, u" 赵 "_s, u" 付款单 "_s, Kinds[asked]), asked == granted);
-      EXPECT_EQ(desk.takeTexts(), asked == granted ? u""_s : Refused);
-    }
-  }
-}
 
 TEST_F(OperateRightTest, OnlyAOneOfTheirOwnRowIsARight)
 {
