@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+class Store;
+
 // Where a script's account set stands: in a file of its program folder, or in a database of its own on
 // a server.
 class AccountSetGround {
@@ -30,4 +32,8 @@ public:
 
   // Reads user:password@host:port.
   static std::optional<ServerPlace> readServer(const QString& text);
+
+protected:
+  // `run` on an open account set.
+  static QList<QStringList> rowsOf(Store& store, const QString& sql);
 };

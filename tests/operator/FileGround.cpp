@@ -1,6 +1,6 @@
 #include "AccountSetGround.h"
-#include "SideDatabase.h"
 #include "Unmet.h"
+#include "accountset/Store.h"
 
 #include <QDir>
 #include <QFile>
@@ -30,7 +30,13 @@ public:
       throw Unmet(QStringLiteral("cannot copy the account set"));
   }
 
-  QList<QStringList> run(const QString& sql) override { return SideDatabase::run(m_path, sql); }
+  QList<QStringList> run(const QString& sql) override
+  {
+    const Store::Opening opening = Store::open({m_path, {}});
+    if (!opening.store)
+      throw Unmet(QStringLiteral("the statement fails: %1").arg(opening.reason));
+    return rowsOf(*opening.store, sql);
+  }
 
   QHash<QString, QString> sessionKeys() const override
   {

@@ -42,18 +42,7 @@ public:
   {
     if (!m_side)
       m_side = open(m_name);
-    const StatementResult result = m_side->run(sql);
-    if (result.error)
-      throw Unmet(QStringLiteral("the statement fails: %1").arg(result.error->description));
-    QList<QStringList> rows;
-    for (qint64 row = 0; row < result.rows.rows(); ++row) {
-      rows.append(QStringList());
-      for (int i = 0; i < result.rows.names().size(); ++i) {
-        const Value value = result.rows.value(row, i);
-        rows.last().append(value.isNull() ? QStringLiteral("NULL") : value.toText());
-      }
-    }
-    return rows;
+    return rowsOf(*m_side, sql);
   }
 
   QHash<QString, QString> sessionKeys() const override

@@ -2,6 +2,7 @@
 
 #include "ledger/BillCatalogue.h"
 #include "ledger/BillCode.h"
+#include "ledger/FieldHelp.h"
 #include "support/AccountSetFixture.h"
 #include "support/Printing.h"
 
@@ -98,6 +99,20 @@ TEST_F(MasterDataTest, ABillsCodeIsOneAboveTheHighestOfToday)
   EXPECT_EQ(next(), u"FKD2022060810000"_s) << "the greatest text is still 9999";
   store(u"fkd202206089999x"_s);
   EXPECT_EQ(next(), u"FKD2022060810000"_s);
+}
+
+TEST_F(MasterDataTest, ATextFieldTakesOnlyItsCharacters)
+{
+  const auto takes = [this](const Key& key, bool backspace = true) { return FilterKeyPress(desk, key, u".0123456789aB"_s, backspace); };
+  for (const char16_t* good : {u"5", u".", u"A", u"b"})
+    EXPECT_TRUE(takes(Key::character(QString::fromUtf16(good))));
+  EXPECT_TRUE(takes({Key::Backspace, {}}));
+  EXPECT_TRUE(takes({Key::Left, {}}, false));
+  EXPECT_EQ(desk.beeps, 0);
+  for (const char16_t* bad : {u"-", u"c", u"。", u"５"})
+    EXPECT_FALSE(takes(Key::character(QString::fromUtf16(bad))));
+  EXPECT_FALSE(takes({Key::Backspace, {}}, false));
+  EXPECT_EQ(desk.beeps, 5);
 }
 
 TEST(BillCatalogueTest, NamesTheTablesOfABill)

@@ -66,3 +66,16 @@ TEST_F(ControlsTest, ATextFiresItsChangeOnlyIfItDiffers)
   box.typed(u"ab"_s);
   EXPECT_EQ(changes, 2);
 }
+
+TEST_F(ControlsTest, ADropDownIsTypedIntoOnlyIfEditable)
+{
+  ComboBox combo(&form, u"TxtMoneyName"_s);
+  combo.setItems({u"人民币"_s, u"美元"_s});
+  EXPECT_TRUE(combo.choose(u"美元"_s));
+  press(combo, u"x"_s);
+  EXPECT_EQ(combo.text(), u"美元"_s);
+  combo.setEditable(true);
+  press(combo, u"x"_s);
+  EXPECT_EQ(combo.text(), u"美元x"_s);
+  EXPECT_EQ(combo.index(), -1);
+}

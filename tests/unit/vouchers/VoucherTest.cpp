@@ -1,6 +1,7 @@
 #include "vouchers/Voucher.h"
 
 #include "support/Printing.h"
+#include "vouchers/VoucherDecision.h"
 #include "vouchers/VoucherFixture.h"
 
 #include <gtest/gtest.h>
@@ -63,6 +64,14 @@ TEST_F(VoucherTest, TheBooksAndTheTypeFollowTheSettings)
     generate(payment);
     EXPECT_EQ(books(), second) << "again: " << shown(settings);
   }
+}
+
+TEST_F(VoucherTest, OfABillOfNothingTheSettingsAreNotAsked)
+{
+  settle(u"0,1,0,0,''"_s);
+  EXPECT_EQ(DecideVoucher(session, payment), VoucherDecision::NotWanted);
+  payment.isTotalZero = true;
+  EXPECT_EQ(DecideVoucher(session, payment), VoucherDecision::Wanted);
 }
 
 TEST_F(VoucherTest, NothingIsWrittenForNothingButTheMark)
