@@ -1,6 +1,7 @@
 #include "pickers/CodePicker.h"
 
 #include "StandInCaller.h"
+#include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "screen/Tree.h"
 #include "support/Printing.h"

@@ -78,7 +78,7 @@ TEST_F(PickerWindowTest, TheMouseOpensABranchWithoutTakingItsNode)
     QTest::keyClick(&view, Qt::Key_Return);
   };
   TreePicker::pick(shown, caller, {});
-  EXPECT_EQ(caller.written(), u"select * from TabAccountantType where Code='100201'"_s);
+  EXPECT_EQ(caller.written, u"select * from TabAccountantType where Code='100201'"_s);
 }
 
 } // namespace

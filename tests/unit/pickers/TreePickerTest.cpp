@@ -1,6 +1,7 @@
 #include "pickers/TreePicker.h"
 
 #include "StandInCaller.h"
+#include "screen/Controls.h"
 #include "screen/Tree.h"
 #include "support/Printing.h"
 #include "support/SessionFixture.h"
