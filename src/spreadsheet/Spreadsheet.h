@@ -44,7 +44,7 @@ public:
 };
 
 // What a driver offers. It keeps the program running from one workbook to the next and ends it with
-// itself, unless a workbook was handed over.
+// itself; what was handed over stays.
 class SpreadsheetDriver {
 public:
   virtual ~SpreadsheetDriver() = default;

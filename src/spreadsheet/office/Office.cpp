@@ -38,10 +38,7 @@ QString installedFolder()
 
 } // namespace
 
-Office::Office(std::chrono::milliseconds limit) : m_connection(installedFolder()), m_patience(limit, [this] { m_process.kill(); })
-{
-  takePlace();
-}
+Office::Office(std::chrono::milliseconds limit) : m_connection(installedFolder()), m_patience(limit, [this] { m_process.kill(); }) {}
 
 Office::~Office()
 {
@@ -108,6 +105,8 @@ void Office::require()
   m_connection.disconnect();
   m_process.kill();
   m_process.wait();
+  if (!m_placeLock)
+    takePlace();
   startAndConnect();
 }
 
@@ -140,20 +139,24 @@ bool Office::hasPrinter() const
   return std::any_of(names.begin(), names.end(), [](const rtl::OUString& name) { return name != "Generic Printer"; });
 }
 
-// What was handed over to an operator who has no display goes with the program: nobody could close it.
+void Office::handOver()
+{
+  if (!OfficeProcess::hasDisplay())
+    return;
+  m_connection.disconnect();
+  m_process.letGo();
+  m_placeLock.reset();
+}
+
 void Office::end()
 {
   try {
-    const bool hasOperator = m_hasHandedOver && OfficeProcess::hasDisplay();
-    const bool isEnding = answers() && call([&] {
-                            if (!hasOperator)
-                              m_connection.closeAll();
-                            return !m_connection.hasDocuments() && m_connection.desktop()->terminate();
+    const bool isEnding = answers() && call([this] {
+                            m_connection.closeAll();
+                            return m_connection.desktop()->terminate();
                           });
     if (isEnding)
-      call([this] { m_process.wait(); });
-    if (isEnding || hasOperator)
-      return;
+      return call([this] { m_process.wait(); });
   } catch (const RunTimeError&) {
     // An office that does not answer is ended without being asked.
   }

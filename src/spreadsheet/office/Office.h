@@ -12,7 +12,8 @@
 class QLockFile;
 
 // The installed office suite as the spreadsheet program. It is started when the first workbook is asked
-// for, started anew when it has died, and ended with this object unless the operator has a workbook in it.
+// for, started anew when it has died, and ended with this object. An office in which the operator was left
+// a workbook is his from then on, and the next workbook gets another one.
 class Office : public SpreadsheetDriver {
 public:
   // The longest wait for an answer before the office is ended, and for its start.
@@ -33,8 +34,9 @@ public:
     }
   }
 
-  // A workbook stays with the operator.
-  void handedOver() { m_hasHandedOver = true; }
+  // A workbook, and the office with it, stays with the operator. Where he has no display it goes with this
+  // object: nobody could close it.
+  void handOver();
   // Whether the machine has a printer: a default one is offered even where there is none.
   bool hasPrinter() const;
   OfficeConnection& connection() { return m_connection; }
@@ -52,6 +54,5 @@ private:
   OfficeProcess m_process;
   OfficePlace m_place;
   std::unique_ptr<QLockFile> m_placeLock;
-  bool m_hasHandedOver = false;
   Patience m_patience;
 };

@@ -79,11 +79,6 @@ void OfficeConnection::disconnect()
   m_bridge.clear();
 }
 
-bool OfficeConnection::hasDocuments() const
-{
-  return m_desktop->getComponents()->hasElements();
-}
-
 void OfficeConnection::closeAll()
 {
   const auto documents = m_desktop->getComponents()->createEnumeration();

@@ -22,7 +22,6 @@ public:
   bool isConnected() const { return m_remote.is(); }
 
   com::sun::star::uno::Reference<com::sun::star::frame::XDesktop> desktop() const { return m_desktop; }
-  bool hasDocuments() const;
   // Closes every document, unsaved.
   void closeAll();
   // A service of the office by its name.

@@ -6,7 +6,7 @@
 
 #include <atomic>
 
-// The office program, running as a child of this one. Letting go of it leaves it running.
+// The office program, running as a child of this one. It outlives this object.
 class OfficeProcess {
 public:
   // Folder of the office's program files; empty if it is not installed.
@@ -19,6 +19,8 @@ public:
   bool isRunning();
   // Ends it at once. Any thread may call it.
   void kill();
+  // Forgets it: it is somebody else's affair.
+  void letGo() { m_id = 0; }
   // Waits for its end.
   void wait();
 

@@ -155,7 +155,8 @@ void OfficeWorkbook::formatAsAmounts(const Reference<star::table::XCellRange>& c
 {
   const star::lang::Locale english(officeText(u"en"), officeText(u"US"), {});
   const sal_Int32 key = numberFormats()->queryKey(officeText(u"#,##0.00"), english, false);
-  propertiesOf(cells)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
+  if (key >= 0)
+    propertiesOf(cells)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
 }
 
 void OfficeWorkbook::enter(const QString& sheet, int row, int column, const QList<QStringList>& block)
@@ -295,5 +296,5 @@ void OfficeWorkbook::handOver(const QString& sheet, const QString& caption)
 {
   m_office.call([&] { show(sheet, caption); });
   m_isHandedOver = true;
-  m_office.handedOver();
+  m_office.handOver();
 }
