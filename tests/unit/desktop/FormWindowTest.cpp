@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
 #include <QTest>
@@ -21,12 +22,14 @@ namespace {
 
 // A little of what a bill has.
 struct frmSample : Form {
-  explicit frmSample(Desk& desk) : Form(desk, u"frmSample"_s) {}
+  explicit frmSample(Desk& desk) : Form(desk, u"frmSample"_s) { Kinds.setItem(0, u"暂无"_s); }
 
   Container Toolbar1{this, u"Toolbar1"_s};
   ToolButton ToolSave{&Toolbar1, u"ToolSave"_s};
   Menu File{this, u"File"_s};
   MenuItem FSave{&File, u"FSave"_s};
+  MenuItemArray Kinds{&File, u"Kinds_Inf"_s};
+  MenuItem FExit{&File, u"FExit"_s};
   TextBox TxtName{this, u"TxtName"_s};
   TextBox TxtMemo{this, u"TxtMemo"_s};
   Grid MSH{this, u"MSH"_s};
@@ -120,4 +123,18 @@ TEST_F(FormWindowTest, PressesToolButtonsWithoutTakingTheFocus)
   form.FSave.setEnabled(false);
   QTest::keyClick(bound.window().focusWidget(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(saves, 2);
+}
+
+TEST_F(FormWindowTest, KeepsTheItemsOfAnArrayTogether)
+{
+  form.Kinds.setItem(1, u"付款单A"_s);
+  QStringList texts;
+  for (const QAction* action : face<QMenu>("File").actions())
+    if (!action->isSeparator())
+      texts.append(action->objectName() + action->text());
+  EXPECT_EQ(texts.join(u' '), u"FSave Kinds_Inf暂无 Kinds_Inf付款单A FExit"_s);
+  int clicked = -1;
+  form.Kinds.onItemClick = [&](int index) { clicked = index; };
+  face<QMenu>("File").findChildren<QAction*>(u"Kinds_Inf"_s)[1]->trigger();
+  EXPECT_EQ(clicked, 1);
 }

@@ -64,6 +64,17 @@ TEST_F(MasterDataTest, AnAccountsTrailStopsBelowTheTop)
   }
 }
 
+TEST_F(MasterDataTest, ARecordsTrailAlwaysBearsItsCode)
+{
+  const auto path = [this](const QString& table, const QString& code) { return GetRecordPath(session, table, code); };
+  EXPECT_EQ(path(u" TabAccountantType "_s, u" 10020101 "_s), u"10020101>银行存款>工行>基本户"_s);
+  EXPECT_EQ(path(u"TabAccountantType"_s, u"1"_s), u"1>资产"_s);
+  EXPECT_EQ(path(u"TabAccountantType"_s, u"77"_s), u"77>孤儿"_s);
+  EXPECT_EQ(path(u"TabAccountantType"_s, u"66"_s), u"66>双"_s);
+  for (const auto& [table, code] : {std::pair{u" "_s, u"1"_s}, {u"TabAccountantType"_s, u" "_s}, {u"TabAccountantType"_s, u"99"_s}})
+    EXPECT_EQ(path(table, code), u""_s);
+}
+
 TEST_F(MasterDataTest, AValueGoesThroughTheAccountsFlag)
 {
   struct Row {
