@@ -54,8 +54,10 @@ int sizeOf(const Any& rowOrColumn, QStringView name)
 
 OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 {
-  if (!m_connection.connect(OfficePlace::numbered(1).pipe))
-    qFatal("no office listens");
+  for (int tries = 0; tries < 10; ++tries)
+    if (m_connection.connect(OfficePlace::numbered(1).pipe))
+      return;
+  qFatal("no office listens");
 }
 
 OfficeClient::Book OfficeClient::create()

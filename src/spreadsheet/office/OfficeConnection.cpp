@@ -7,10 +7,13 @@
 #include <com/sun/star/bridge/BridgeFactory.hpp>
 #include <com/sun/star/connection/Connector.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
+
+#include <csignal>
 
 namespace star = com::sun::star;
 using star::uno::Reference;
@@ -30,6 +33,8 @@ void dispose(const Reference<star::uno::XInterface>& object)
 
 OfficeConnection::OfficeConnection(const QString& programFolder)
 {
+  // Who writes to an office that has just died gets an error instead of dying, too.
+  std::signal(SIGPIPE, SIG_IGN);
   // Without it the types of documents stay unknown on this side.
   rtl::Bootstrap::set(officeText(u"URE_BOOTSTRAP"), officeText("vnd.sun.star.pathname:" + programFolder + "/fundamentalrc"));
   const QUrl types = QUrl::fromLocalFile(programFolder + "/unorc");
@@ -66,8 +71,13 @@ bool OfficeConnection::connect(const QString& pipe)
   if (!line.is())
     return false;
   m_bridge = star::bridge::BridgeFactory::create(m_local)->createBridge({}, officeText(u"urp"), line, {});
-  m_remote.set(m_bridge->getInstance(officeText(u"StarOffice.ComponentContext")), UNO_QUERY_THROW);
-  m_desktop.set(service("com.sun.star.frame.Desktop"), UNO_QUERY_THROW);
+  try {
+    m_remote.set(m_bridge->getInstance(officeText(u"StarOffice.ComponentContext")), UNO_QUERY_THROW);
+    m_desktop.set(service("com.sun.star.frame.Desktop"), UNO_QUERY_THROW);
+  } catch (const star::lang::DisposedException&) {
+    disconnect();
+    return false;
+  }
   return true;
 }
 

@@ -16,7 +16,8 @@ public:
 
   // Whether an office listens on a pipe; asks it nothing, and so never waits for it.
   bool isListening(const QString& pipe) const;
-  // False if nobody listens.
+  // False if nobody listens, or if the line was lost before the office had answered, as now and then happens
+  // on a busy machine: whoever knows that it runs tries again.
   bool connect(const QString& pipe);
   void disconnect();
   bool isConnected() const { return m_remote.is(); }

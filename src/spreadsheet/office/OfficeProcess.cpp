@@ -43,10 +43,14 @@ int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environme
   posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
-  // A workbook that was handed over outlives the terminal from which the program was started.
+  // A workbook that was handed over outlives the terminal from which the program was started. The signals that
+  // the program ignores are its own business.
+  sigset_t all;
+  sigfillset(&all);
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+  posix_spawnattr_setsigdefault(&attributes, &all);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
   const int result = posix_spawn(&id, arguments.first(), &files, &attributes, wordList(arguments).data(), wordList(environment).data());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
