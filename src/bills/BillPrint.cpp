@@ -55,7 +55,7 @@ void BillForm::MPrintSet_Excel_Click()
   if (!CheckOperateRight(session, session.params.UserName, reports, RightKind::Read))
     return;
   if (!Mod_ZORVEKMain::RunSiblingProgram(session, reports, {reports}))
-    session.desk.stop(QStringLiteral("启动外部报表管理模块意外失败，请重新操作！"));
+    session.desk.inform(QStringLiteral("启动外部报表管理模块意外失败，请重新操作！"));
 }
 
 QList<BillTemplate::Placeholder> BillForm::placeholders() const

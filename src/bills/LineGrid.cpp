@@ -35,6 +35,7 @@ void LineGrid::InitLineGrid()
   m_grid.clear();
   m_grid.setRows(2);
   m_grid.setCols(ColumnCount);
+  m_grid.setHoldsCodes(AccountCode);
   m_grid.setCurrent(1, AccountCode);
   applyStoredLayout();
 }
@@ -61,8 +62,6 @@ void LineGrid::applyDefaultLayout()
     m_grid.setColWidth(col, DefaultWidths[col]);
     m_grid.setText(0, col, headings[col]);
   }
-  // A code is no amount, though it is all figures.
-  m_grid.setColAlignment(AccountCode, Grid::AlignLeft);
 }
 
 bool LineGrid::isOnLine() const

@@ -30,7 +30,14 @@ void frmFeeElseIncome::Form_Load()
 {
   if (Trim(session.params.OperateType) == u"其他收入")
     turnInto(OtherIncomeTraits);
-  LineBillForm::Form_Load();
+  loadHeader();
+}
+
+// The table of a stored bill has turned the form by now, and with it the templates.
+void frmFeeElseIncome::frm_Initialize(bool keepScreen)
+{
+  LineBillForm::frm_Initialize(keepScreen);
+  fillTemplateMenus();
 }
 
 void frmFeeElseIncome::FillBill(const QString& table, const QString& code)

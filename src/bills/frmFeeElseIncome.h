@@ -11,6 +11,7 @@ class frmFeeElseIncome : public LineBillForm {
 public:
   explicit frmFeeElseIncome(Session& ofSession);
 
+  void frm_Initialize(bool keepScreen) override;
   void FillBill(const QString& table, const QString& code) override;
 
 protected:

@@ -72,7 +72,7 @@ void GridModel::cellMoved(int row, int col)
 
 QVariant GridModel::alignment(int row, int col) const
 {
-  Qt::Alignment across = isAmount(m_grid.text(row, col)) ? Qt::AlignRight : Qt::AlignLeft;
+  Qt::Alignment across = isAmount(m_grid.text(row, col)) && !m_grid.holdsCodes(col) ? Qt::AlignRight : Qt::AlignLeft;
   switch (m_grid.colAlignment(col)) {
   case Grid::AlignLeft: across = Qt::AlignLeft; break;
   case Grid::AlignCenter: across = Qt::AlignHCenter; break;

@@ -7,6 +7,8 @@
 #include "screen/Grid.h"
 #include "session/Session.h"
 
+#include <QScopedValueRollback>
+
 #include <cmath>
 
 namespace {
@@ -87,6 +89,7 @@ void frmOption_Bill::ListMSHHead_Click()
 
 void frmOption_Bill::showColumn(int col)
 {
+  const QScopedValueRollback showing(isShowing, true);
   const int width = grid->colWidth(col);
   const int alignment = grid->colAlignment(col);
   ChShowCol.setChecked(width != 0);
@@ -109,6 +112,8 @@ void frmOption_Bill::ChShowCol_Click()
 
 void frmOption_Bill::TxtMSHColWidth_Change()
 {
+  if (isShowing)
+    return;
   const double width = NumberText::numericPrefix(TxtMSHColWidth.text()) * TwipsToSet;
   for (const int col : chosenColumns())
     grid->setColWidth(col, int(std::nearbyint(qMin(width, 1e6))));
@@ -116,7 +121,7 @@ void frmOption_Bill::TxtMSHColWidth_Change()
 
 void frmOption_Bill::TxtMSHElseName_Change()
 {
-  if (ListMSHHead.index() < 0)
+  if (isShowing || ListMSHHead.index() < 0)
     return;
   grid->setText(0, ListMSHHead.index(), TxtMSHElseName.text());
   ListMSHHead.setItem(ListMSHHead.index(), TxtMSHElseName.text());

@@ -22,6 +22,7 @@ public:
 private:
   void wire();
   QList<int> chosenColumns() const;
+  // Fills the fields from a column, and leaves the column as it is.
   void showColumn(int col);
   void ListMSHHead_Click();
   void ChShowCol_Click();
@@ -33,6 +34,7 @@ private:
   Session& session;
   Grid* grid = nullptr;
   QString name;
+  bool isShowing = false;
 
   Label LabHead{this, "LabHead"};
   ListBox ListMSHHead{this, "ListMSHHead"};

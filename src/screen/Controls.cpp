@@ -215,6 +215,10 @@ void ListBox::edit(const Key& key)
     select(m_index - 1);
   else if (key.code == Key::Down)
     select(m_index + 1);
+  else if (key.code == Key::Home)
+    select(0);
+  else if (key.code == Key::End)
+    select(int(m_items.size()) - 1);
 }
 
 void ProgressBar::setValue(int value)

@@ -167,6 +167,19 @@ void Grid::setColAlignment(int col, int alignment)
   emit layoutChanged();
 }
 
+bool Grid::holdsCodes(int col) const
+{
+  return col >= 0 && col < cols() && m_columns[col].holdsCodes;
+}
+
+void Grid::setHoldsCodes(int col)
+{
+  if (col < 0 || col >= cols() || m_columns[col].holdsCodes)
+    return;
+  m_columns[col].holdsCodes = true;
+  emit layoutChanged();
+}
+
 int Grid::cellColor(int row, int col) const
 {
   return m_colors.value({row, col}, 0);

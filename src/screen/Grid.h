@@ -52,6 +52,10 @@ public:
   void setColWidth(int col, int width);
   int colAlignment(int col) const;
   void setColAlignment(int col, int alignment);
+  // True of a column whose figures are codes: by its default alignment they do not stand at the right as
+  // amounts do.
+  bool holdsCodes(int col) const;
+  void setHoldsCodes(int col);
   // Text colour as red + 256 green + 65536 blue; 0 is black.
   int cellColor(int row, int col) const;
   void setCellColor(int row, int col, int color);
@@ -108,6 +112,7 @@ private:
   struct Column {
     int width = DefaultColWidth;
     int alignment = AlignDefault;
+    bool holdsCodes = false;
   };
 
   bool contains(int row, int col) const { return row >= 0 && row < rows() && col >= 0 && col < cols(); }

@@ -22,6 +22,14 @@ TEST(Office, IsNotWaitedForWithoutEnd)
   EXPECT_EQ(office.create()->sheetNames().size(), 1);
 }
 
+// Now and then the program writes to an office that has died before it has noticed.
+TEST(Office, IsAtWorstAnErrorWhenItDies)
+{
+  Office office;
+  office.create();
+  std::raise(SIGPIPE);
+}
+
 // The second office has a profile of its own, and ending it leaves the first one alone.
 TEST(Office, SharesNothingWithAnotherProgram)
 {
