@@ -288,5 +288,6 @@ bool BillForm::TxtSaleMan_KeyPress(const Key& key)
 void BillForm::ImgSaleMan_Click()
 {
   CodePicker::pick(session, *this,
-                   {"select Code,Name from TabStuff order by code", "TabStuff", QString::fromUtf16(traits().saleManPickerTitle), true});
+                   {"select Code,Name from TabStuff order by code", "TabStuff", QString::fromUtf16(traits().saleManPickerTitle),
+                    traits().pickersOfferAdd});
 }

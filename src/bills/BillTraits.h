@@ -68,6 +68,8 @@ struct BillTraits {
   const char16_t* billType;  // what column BillType says
   const char16_t* headFrame; // caption of FrameProvide
   const char16_t* saleManPickerTitle = u"选择业务员";
+  // New partners and staff can be added from the pickers.
+  bool pickersOfferAdd = false;
   const LineTraits* lines = nullptr;
   const PartnerTraits* partner = nullptr;
   std::span<const PrintLine> printHead;

@@ -88,7 +88,8 @@ bool PartnerBillForm::TxtName_KeyPress(const Key& key)
 void PartnerBillForm::ImgName_Click()
 {
   const PartnerTraits& partner = *traits().partner;
-  CodePicker::pick(session, *this, {QString::fromUtf16(partner.pickerSql), "TabClient", QString::fromUtf16(partner.pickerTitle), true});
+  CodePicker::pick(session, *this,
+                   {QString::fromUtf16(partner.pickerSql), "TabClient", QString::fromUtf16(partner.pickerTitle), traits().pickersOfferAdd});
 }
 
 void PartnerBillForm::ShowPartnerInfo()

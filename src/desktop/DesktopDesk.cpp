@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QTimer>
@@ -74,6 +75,21 @@ void dress(QMessageBox& box, const Desk::Box& asked)
   box.setEscapeButton(closingButton(asked.buttons));
 }
 
+// Who asked stands in front again when the box or the dialog is gone, beside other windows too.
+class Front {
+public:
+  explicit Front(QWidget* window) : m_window(window) {}
+  ~Front()
+  {
+    if (m_window && m_window->isVisible())
+      m_window->activateWindow();
+  }
+  Q_DISABLE_COPY(Front)
+
+private:
+  QPointer<QWidget> m_window;
+};
+
 } // namespace
 
 DesktopDesk::DesktopDesk(DeskObserver* observer) : m_observer(observer) {}
@@ -90,6 +106,7 @@ QWidget* DesktopDesk::topWindow() const
 
 Desk::Answer DesktopDesk::ask(const Box& asked)
 {
+  const Front front(topWindow());
   QMessageBox box(topWindow());
   dress(box, asked);
   // Whoever is asked something does not see the pointer of a program that works.
@@ -149,6 +166,7 @@ std::unique_ptr<FormWindow> DesktopDesk::take(FormWindow& window)
 
 void DesktopDesk::showModal(Form& form)
 {
+  const Front front(topWindow());
   FormWindow& opened = open(form, topWindow());
   const bool wasBusy = m_isBusy;
   setBusy(false);
@@ -169,6 +187,7 @@ void DesktopDesk::showModal(Form& form)
 
 void DesktopDesk::showDuring(Form& form, const std::function<void()>& work)
 {
+  const Front front(topWindow());
   FormWindow& opened = open(form, topWindow());
   const auto gone = qScopeGuard([&] {
     form.close();

@@ -54,6 +54,8 @@ GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
   }
   connect(m_view.horizontalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(0, m_model.colOf(section)); });
   connect(m_view.verticalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(m_model.rowOf(section), 0); });
+  for (const QHeaderView* header : {m_view.horizontalHeader(), m_view.verticalHeader()})
+    connect(header, &QHeaderView::sectionDoubleClicked, this, [this] { formWindow().act([this] { m_grid.doubleClick(); }); });
   layOut();
 }
 
@@ -186,6 +188,7 @@ bool GridBinding::eventFilter(QObject* watched, QEvent* event)
   }
 }
 
+// The first press of a double click has been a click already.
 bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool twice)
 {
   if (button == Qt::RightButton)
@@ -193,13 +196,19 @@ bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool tw
   if (button != Qt::LeftButton)
     return true;
   const QModelIndex cell = m_view.indexAt(at);
+  const int row = m_model.rowOf(cell.row());
+  const int col = m_model.colOf(cell.column());
+  const bool isClicked = twice && m_pressed == QPair(row, col);
+  m_pressed = {row, col};
   formWindow().act([&] {
     if (!cell.isValid())
       m_grid.form().setFocus(m_grid);
+    else if (isClicked)
+      m_grid.doubleClick();
     else if (twice)
-      m_grid.doubleClickCell(m_model.rowOf(cell.row()), m_model.colOf(cell.column()));
+      m_grid.doubleClickCell(row, col);
     else
-      m_grid.clickCell(m_model.rowOf(cell.row()), m_model.colOf(cell.column()));
+      m_grid.clickCell(row, col);
   });
   return true;
 }

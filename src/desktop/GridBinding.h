@@ -38,4 +38,5 @@ private:
   QTableView& m_view;
   GridModel m_model;
   QLabel* m_corner = nullptr;
+  QPair<int, int> m_pressed{-1, -1}; // row and column of the last press
 };
