@@ -216,8 +216,8 @@ void Tree::edit(const Key& key)
   case Key::Left: return moveLeft();
   case Key::Right: return moveRight();
   case Key::Enter:
-    if (m_current >= 0 && onNodeDoubleClick)
-      onNodeDoubleClick(current());
+    if (m_current >= 0)
+      doubleClickNode(current());
     return;
   default: return;
   }
