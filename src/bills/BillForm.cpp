@@ -80,7 +80,6 @@ void BillForm::refreshBillList()
 
 void BillForm::NewBill()
 {
-  setBillThere(true);
   ClearBillFields();
   IsSavedBill = false;
   SetBillEditable(true);
@@ -131,20 +130,6 @@ void BillForm::RefreshBillControls()
   closeCellEditor();
 }
 
-// Without a bill on screen only a new one, browsing and leaving make sense.
-void BillForm::setBillThere(bool there)
-{
-  static const QStringList Always{"ToolBuild", "ToolBefore", "ToolBack", "ToolExit", "FBuild", "FExit"};
-  const QList<Control*> tools = Toolbar1->findChildren<Control*>() + File->findChildren<Control*>(QString(), Qt::FindDirectChildrenOnly);
-  for (Control* tool : tools)
-    tool->setEnabled(there || Always.contains(tool->name()));
-  if (!there) {
-    SetBillEditable(false);
-    ToolPrint->setEnabled(false);
-    MPrint->setEnabled(false);
-  }
-}
-
 void BillForm::FillBill(const QString& table, const QString& code)
 {
   BillTable = table;
@@ -156,12 +141,8 @@ void BillForm::FillBill(const QString& table, const QString& code)
   const Recordset header = OpenRecordset(session, "select * from " + table + " where Code='" + code + "'");
   if (header.eof()) {
     session.desk.inform(QStringLiteral("没有原单！"));
-    // A view that starts on a bill that is gone has nothing on screen to work with.
-    if (!isOpen())
-      setBillThere(false);
     return;
   }
-  setBillThere(true);
   fillHeader(header);
   fillLines(table, code);
   showAudit();

@@ -188,7 +188,6 @@ private:
   void ClearBillFields();
   void SetBillEditable(bool on);
   void RefreshBillControls();
-  void setBillThere(bool there);
   void fillHeader(const Recordset& header);
   void showState(const QString& state);
   void showAudit();

@@ -62,8 +62,7 @@ void LineBillForm::fillLines(const QString& table, const QString& code)
   Recordset rs = OpenRecordset(session, "select * from " + table + "Inf" + " where " + lines.linkColumn + "='" + code + "'");
   QList<LineGrid::Line> shown;
   for (; !rs.eof(); rs.moveNext()) {
-    shown.append(
-        {rs.text(lines.accountCodeColumn), rs.text(lines.accountNameColumn), Currency::ofDouble(rs.number("Moneyy")), rs.text("Remark")});
+    shown.append({rs.text(lines.accountCodeColumn), rs.text(lines.accountNameColumn), rs.text("Moneyy"), rs.text("Remark")});
     fillFromLine(rs);
   }
   LabTotalMoney->setCaption(FormatDotText(m_lines->showLines(shown), session.DotSet.DotMoney));

@@ -24,10 +24,8 @@ LineGrid::LineGrid(Session& session, LineGridHost& host, Grid& grid, CellEditor&
   m_grid.onMouseDown = [this] { m_editor.hide(); };
   m_editor.onKey = [this](const Key& key) { return editorKey(key); };
   m_editor.onChange = [this] { editorChanged(); };
-  m_editor.onDoubleClick = [this] {
-    if (m_grid.col() == AccountCode || m_grid.col() == AccountName)
-      m_host.pickLineAccount();
-  };
+  m_editor.onDoubleClick = [this] { pickAccount(); };
+  m_grid.onDoubleClick = [this] { pickAccount(); };
 }
 
 void LineGrid::InitLineGrid()
@@ -148,6 +146,13 @@ void LineGrid::editorEnter()
   m_editor.returnToGrid();
 }
 
+// On a bill that may not be changed the click has opened no editor, and the double click picks nothing.
+void LineGrid::pickAccount()
+{
+  if (m_editor.isVisible() && (m_grid.col() == AccountCode || m_grid.col() == AccountName))
+    m_host.pickLineAccount();
+}
+
 void LineGrid::editorChanged()
 {
   if (!m_editor.isVisible())
@@ -247,7 +252,7 @@ Currency LineGrid::showLines(const QList<Line>& lines)
   Currency total;
   for (const Line& line : lines) {
     rows.append({QString(), line.accountCode, line.accountName, FormatDotText(line.amount, m_session.DotSet.DotMoney), line.remark});
-    total += line.amount;
+    total += Currency::ofText(line.amount);
   }
   rows.append(QStringList(ColumnCount));
   m_grid.setBlock(1, rows);

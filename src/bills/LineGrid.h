@@ -32,11 +32,11 @@ class LineGrid {
 public:
   enum Column { Marker = 0, AccountCode = 1, AccountName = 2, Amount = 3, Remark = 4, ColumnCount = 5 };
 
-  // One line as it is read from the database.
+  // One line as it is read from the database; without an amount it shows none.
   struct Line {
     QString accountCode;
     QString accountName;
-    Currency amount;
+    QString amount;
     QString remark;
   };
 
@@ -73,6 +73,7 @@ private:
   void editorTab(bool backwards);
   void editorEnter();
   void editorChanged();
+  void pickAccount();
   void ReenterCell();
   void shiftRowsDown(int row);
   void shiftRowsUp(int row);

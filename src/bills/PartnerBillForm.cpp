@@ -73,7 +73,7 @@ bool PartnerBillForm::TxtName_KeyPress(const Key& key)
       OpenRecordset(session, partnerColumns() + " where Code like '" + text + "%' " + " or Name like '" + text + "%'  " + " order by code");
   if (rs.recordCount() == 1) {
     TxtCode->setText(rs.text("Code"));
-    TxtName->setText(rs.text("Name"));
+    TxtName->assign(rs.text("Name"));
     if (partnerBringsSaleMan())
       TxtSaleMan->setText(rs.text("SaleMan"));
     focusNext();

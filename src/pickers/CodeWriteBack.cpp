@@ -40,11 +40,13 @@ QString saleManOf(Session& session, const QString& code)
   return rs.eof() ? QString() : rs.text("SaleMan");
 }
 
-// The code first: the change of the name sets off the caller's work on the partner.
+// The code first: the change of the name sets off the caller's work on the partner, also when the name
+// has been typed in full or is that of another partner.
 void writePartner(Session& session, Form& caller, const Choice& choice)
 {
   put(caller, "TxtCode", choice.code);
-  put(caller, "TxtName", choice.name);
+  if (TextBox* const box = caller.find<TextBox>("TxtName"))
+    box->assign(choice.name);
   put(caller, "TxtSaleMan", saleManOf(session, choice.code));
 }
 

@@ -13,6 +13,14 @@ void TextBox::setText(const QString& text)
     onChange();
 }
 
+void TextBox::assign(const QString& text)
+{
+  if (m_text != text)
+    setText(text);
+  else if (onChange)
+    onChange();
+}
+
 void TextBox::setReadOnly(bool readOnly)
 {
   if (m_readOnly == readOnly)

@@ -31,6 +31,9 @@ public:
 
   QString text() const { return m_text; }
   void setText(const QString& text);
+  // The same for a text that is chosen or looked up: it counts as a change even where it already stands
+  // there, so that what hangs on it is worked out anew.
+  void assign(const QString& text);
   // Nothing can be typed into it; it still takes the focus.
   bool isReadOnly() const { return m_readOnly; }
   void setReadOnly(bool readOnly);
