@@ -14,5 +14,7 @@ void failingDisk(Tally& tally);
 void damage(bool isLong, Tally& tally);
 // Eight operators save at once, on the file or on the server of the tests.
 void operators(bool onServer, bool isLong, Tally& tally);
+// Hostile texts in every field of every screen.
+void injection(bool onServer, bool isLong, Tally& tally);
 
 } // namespace Faults

@@ -1,16 +1,11 @@
+#include "AccountSetOfTests.h"
 #include "Faults.h"
 #include "PayingOperator.h"
-#include "accountset/AccountSet.h"
-#include "accountset/Store.h"
-#include "support/TestServer.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QHash>
-#include <QTemporaryDir>
 
 #include <algorithm>
-#include <optional>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,14 +13,13 @@ namespace Faults {
 namespace {
 
 constexpr int Operators = 8;
-constexpr int LinesABill = 2;
 const QString Duplicate = QStringLiteral("付款单编号重复，请修改！");
 
-// What an operator was told of one save.
+// What an operator saw while saving one bill.
 struct Told {
-  qint32 number = 0; // of the bill, and part of its amounts: no two bills have an amount in common
-  qint32 errors = 0; // statements that were told to have failed
-  qint32 duplicates = 0;
+  qint32 number = 0;     // of the bill, and part of its amounts: no two bills have an amount in common
+  qint32 errors = 0;     // "Error:" boxes: a number of a bill or a voucher that a colleague took first
+  qint32 duplicates = 0; // refusals of a bill's number; the save was repeated
   qint32 busy = 0;
 };
 
@@ -39,7 +33,7 @@ Told saveOne(PayingOperator& paying, int number)
   paying.beginBill();
   paying.fillIn(amountsOf(number));
   Told told{.number = number};
-  // A number that someone else has taken is told; pressing again draws the next.
+  // A number that someone else has taken is refused; saving again draws the next.
   for (QStringList said = {Duplicate}; said.contains(Duplicate) && told.duplicates < 1000;) {
     said = paying.save();
     told.duplicates += said.contains(Duplicate);
@@ -87,95 +81,62 @@ QHash<int, Told> workAll(const QString& folder, const SessionParams& params, int
   return all;
 }
 
-// Rows by amount: a header has the sum of the amounts of its bill.
-QHash<int, int> rowsByAmount(Store& store, const QString& table, const QString& column)
+// What each bill has to have, by the sum of its amounts: its header, its two lines, a voucher of its own and the three
+// lines of that, with the bill's code in their text and its sum on both sides.
+QHash<int, int> wholeBills(Store& store)
 {
-  QHash<int, int> rows;
-  const StatementResult read = store.run(QStringLiteral("select %1, count(*) from %2 group by %1").arg(column, table));
+  const StatementResult read =
+      store.run(QStringLiteral("select h.SumMoney from TabPayfundBill h, TabWarrant v where v.JXCBillCode=h.Code and v.SumDebtor=h.SumMoney"
+                               " and (select count(*) from TabPayfundBillInf i where i.BillCode=h.Code)=2"
+                               " and (select sum(Moneyy) from TabPayfundBillInf i where i.BillCode=h.Code)=h.SumMoney"
+                               " and (select count(*) from TabWarrantInf w where w.BillCode=v.Code and w.Summary like '%'||h.Code||'%')=3"
+                               " and (select count(*) from TabWarrantInf w where w.BillCode=v.Code)=3"
+                               " and (select sum(Debtor) from TabWarrantInf w where w.BillCode=v.Code)=h.SumMoney"
+                               " and (select sum(Lender) from TabWarrantInf w where w.BillCode=v.Code)=h.SumMoney"));
+  if (read.error)
+    qFatal("%s", qPrintable(read.error->description));
+  QHash<int, int> bySum;
   for (qint64 i = 0; i < read.rows.rows(); ++i)
-    rows.insert(int(read.rows.value(i, 0).toNumber()), int(read.rows.value(i, 1).toNumber()));
-  return rows;
-}
-
-// Each statement of a bill either stands or was told to have failed. `sums` are of what was acknowledged.
-struct Account {
-  int acknowledged = 0;
-  int found = 0;
-  int collisions = 0;
-};
-
-QString reconcile(const Told& told, const QHash<int, int>& headers, const QHash<int, int>& lines, Account& account)
-{
-  const QList<int> amounts = amountsOf(told.number);
-  int found = headers.value(amounts[0] + amounts[1]);
-  for (const int amount : amounts)
-    found += lines.value(amount);
-  const int acknowledged = 1 + LinesABill - told.errors;
-  account.acknowledged += acknowledged;
-  account.found += found;
-  account.collisions += told.duplicates + told.errors;
-  if (told.busy > 0)
-    return QStringLiteral("a busy error");
-  return found == acknowledged ? QString() : QStringLiteral("%1 rows acknowledged, %2 found").arg(acknowledged).arg(found);
+    ++bySum[int(read.rows.value(i, 0).toNumber())];
+  return bySum;
 }
 
 void reconcileAll(Store& store, const QHash<int, Told>& all, int bills, Tally& tally)
 {
-  const QHash<int, int> headers = rowsByAmount(store, QStringLiteral("TabPayfundBill"), QStringLiteral("SumMoney"));
-  const QHash<int, int> lines = rowsByAmount(store, QStringLiteral("TabPayfundBillInf"), QStringLiteral("Moneyy"));
-  Account account;
-  for (int number = 1; number <= bills; ++number)
-    tally.add(QStringLiteral("bill %1").arg(number),
-              all.contains(number) ? reconcile(all[number], headers, lines, account) : QStringLiteral("its operator died"));
-  std::printf("operators: %d bills, %d collisions told, %d rows acknowledged, %d rows found\n", bills, account.collisions,
-              account.acknowledged, account.found);
+  const QHash<int, int> whole = wholeBills(store);
+  int collisions = 0;
+  int found = 0;
+  for (int number = 1; number <= bills; ++number) {
+    const Told told = all.value(number);
+    const QList<int> amounts = amountsOf(number);
+    const int times = whole.value(amounts[0] + amounts[1]);
+    collisions += told.duplicates + told.errors;
+    found += times;
+    tally.add(QStringLiteral("bill %1").arg(number), !all.contains(number) ? QStringLiteral("its operator died")
+                                                     : told.busy > 0       ? QStringLiteral("a busy error")
+                                                     : times != 1          ? QStringLiteral("%1 whole bills found").arg(times)
+                                                                           : QString());
+  }
+  std::printf("operators: %d bills saved with their vouchers, %d collisions shown, %d whole bills found\n", bills, collisions, found);
 }
 
 void clearPayments(Store& store)
 {
-  if (const QString reason = store.runAll({QStringLiteral("delete from TabPayfundBill"), QStringLiteral("delete from TabPayfundBillInf")});
+  if (const QString reason = store.runAll({QStringLiteral("delete from TabPayfundBill"), QStringLiteral("delete from TabPayfundBillInf"),
+                                           QStringLiteral("delete from TabWarrant"), QStringLiteral("delete from TabWarrantInf")});
       !reason.isEmpty())
     qFatal("%s", qPrintable(reason));
-}
-
-void onFile(int saves, Tally& tally)
-{
-  const QTemporaryDir folder;
-  QDir(folder.path()).mkpath(QStringLiteral("Data"));
-  const Place place{folder.filePath(QStringLiteral("Data/A001.mdb")), {}};
-  AccountSet::create(place.file, AccountSet::Content::Demo);
-  clearPayments(*Store::open(place).store);
-  const QHash<int, Told> all = workAll(folder.path(), PayingOperator::onFile(), saves);
-  reconcileAll(*Store::open(place).store, all, Operators * saves, tally);
-}
-
-void onServer(int saves, Tally& tally)
-{
-  if (!TestServer::administrator())
-    qFatal("tools/with-server runs this");
-  const QTemporaryDir folder;
-  const TestServer::Database database(QStringLiteral("operators_test"), AccountSet::Content::Demo);
-  clearPayments(*Store::open(database.administrator).store);
-  SessionParams params = PayingOperator::onFile();
-  params.DatabaseType = QStringLiteral("SQL");
-  params.IsAccessSQL = false;
-  params.ConDataName = database.clerk.server.database;
-  params.ConServerIP = database.clerk.server.host;
-  params.ConPortNum = database.clerk.server.port;
-  params.ConDataBaseUID = database.clerk.server.user;
-  params.ConDataBasePWD = u'{' + QString(database.clerk.server.password).replace(u'}', QStringLiteral("}}")) + u'}';
-  const QHash<int, Told> all = workAll(folder.path(), params, saves);
-  reconcileAll(*Store::open(database.administrator).store, all, Operators * saves, tally);
 }
 
 } // namespace
 
 void operators(bool isOnServer, bool isLong, Tally& tally)
 {
-  if (isOnServer)
-    onServer(isLong ? 500 : 60, tally);
-  else
-    onFile(isLong ? 250 : 30, tally);
+  const AccountSetOfTests set(isOnServer, QStringLiteral("operators_test"));
+  clearPayments(*set.openStore());
+  const int saves = isOnServer ? (isLong ? 500 : 60) : (isLong ? 250 : 30);
+  const QHash<int, Told> all = workAll(set.folder(), set.params(), saves);
+  reconcileAll(*set.openStore(), all, Operators * saves, tally);
 }
 
 } // namespace Faults

@@ -1,8 +1,8 @@
 #include "Faults.h"
 #include "FaultyFiles.h"
 
-// Plays faults: faults kill|disk|damage|operators|operators-server. ZORVEK_LONG in the surroundings asks
-// for every place there is, which takes long.
+// Plays faults: faults kill|disk|damage|operators|operators-server|injection|injection-server. With the environment
+// variable ZORVEK_LONG set it tries every place there is, which takes long.
 
 int main(int count, char** texts)
 {
@@ -18,8 +18,10 @@ int main(int count, char** texts)
     Faults::damage(isLong, tally);
   else if (kind == u"operators" || kind == u"operators-server")
     Faults::operators(kind == u"operators-server", isLong, tally);
+  else if (kind == u"injection" || kind == u"injection-server")
+    Faults::injection(kind == u"injection-server", isLong, tally);
   else {
-    std::fputs("Usage: faults kill|disk|damage|operators|operators-server\n", stderr);
+    std::fputs("Usage: faults kill|disk|damage|operators|operators-server|injection|injection-server\n", stderr);
     return 2;
   }
   return tally.close();

@@ -1,0 +1,314 @@
+#include "AccountSetOfTests.h"
+#include "Faults.h"
+#include "HostileTexts.h"
+#include "accountset/Schema.h"
+#include "program/ProgramScreens.h"
+#include "screen/CellEditor.h"
+#include "screen/Controls.h"
+#include "screen/Grid.h"
+#include "session/Session.h"
+#include "support/FakeDesk.h"
+#include "support/FixedMachine.h"
+
+#include <QSet>
+
+namespace Faults {
+namespace {
+
+const Key Enter{Key::Enter, {}, false};
+
+// A screen, and what an honest operator types before one field gets a hostile text.
+struct ScreenOrder {
+  const char* form;
+  const char16_t* order;
+  QList<std::pair<const char*, QString>> fields = {};
+};
+
+const QList<ScreenOrder>& screenOrders()
+{
+  static const QString partner = QStringLiteral("清泉饮料公司");
+  static const QList<ScreenOrder> Orders = {
+      {"frmPayfund", u"付款", {{"TxtName", partner}}},
+      {"frmGathefund", u"收款", {{"TxtName", QStringLiteral("城东商场")}}},
+      {"frmBankKeepTake",
+       u"银行存取",
+       {{"TxtAccountCodeC", QStringLiteral("1001")},
+        {"TxtAccountNameC", QStringLiteral("库存现金")},
+        {"TxtAccountCodeR", QStringLiteral("100201")},
+        {"TxtAccountNameR", QStringLiteral("x")},
+        {"TxtMoney", QStringLiteral("5")}}},
+      {"frmFeeElseIncome",
+       u"费用开支",
+       {{"TxtCash", QStringLiteral("5")}, {"TxtCashAccouCode", QStringLiteral("1001")}, {"TxtCashAccouName", QStringLiteral("x")}}},
+      {"frmFeeElseIncome",
+       u"其他收入",
+       {{"TxtCash", QStringLiteral("5")}, {"TxtCashAccouCode", QStringLiteral("1001")}, {"TxtCashAccouName", QStringLiteral("x")}}},
+      {"frmFeeSustain", u"费用抵冲(客户)", {{"TxtName", QStringLiteral("城东商场")}}},
+      {"frmFeeSustain", u"费用抵冲(供应商)", {{"TxtName", partner}}},
+      {"frmGouDui", u"开票勾对"},
+      {"frmGouDuiTogather", u"开票金额汇总表"},
+      {"frmSFKHeXiao", u"收付款核销查询"},
+  };
+  return Orders;
+}
+
+// One screen of the program over an account set, without its window.
+class Target {
+public:
+  Target(const AccountSetOfTests& set, const ScreenOrder& order) : m_machine(set.folder()), m_order(order)
+  {
+    m_session.params = set.params();
+    m_session.params.IsLotMoney = true;
+    m_session.params.OperateType = QString::fromUtf16(order.order);
+    m_session.DotSet = LoadDotSet(m_session);
+    m_screen = m_screens.screen(QLatin1String(order.form));
+    m_screen->HXMode = m_session.params.OperateType == u"收付款核销查询" ? m_session.params.OperateType : QString();
+    m_screen->load();
+    m_desk.show(*m_screen);
+    m_screen->frm_Initialize(false);
+  }
+
+  // Every field into which something can be typed; a grid's cells are fields of their own, "MSH 1" to "MSH 4".
+  QStringList fields() const
+  {
+    QStringList names = {QStringLiteral("UserName"), QStringLiteral("OperateType")};
+    for (Control* const control : m_screen->controls())
+      if (const TextBox* const box = qobject_cast<TextBox*>(control);
+          box && !box->isReadOnly() && box->name() != u"Text2" && box->isUsable())
+        names.append(box->name());
+    if (isBill() && m_screen->find<CellEditor>(QStringLiteral("Text2")))
+      for (int column = 1; column <= 4; ++column)
+        names.append(QStringLiteral("MSH %1").arg(column));
+    return names;
+  }
+
+  // A whole bill, or conditions, with one hostile field; then everything that makes statements of it.
+  void attack(const QString& field, const QString& text)
+  {
+    m_desk.inDialog = [&text](Form& dialog) { answerDialog(dialog, text); };
+    const SessionParams honest = m_session.params;
+    if (field == u"UserName")
+      m_session.params.UserName = text;
+    if (field == u"OperateType")
+      m_session.params.OperateType = text;
+    isBill() ? attackBill(field, text) : attackList(field, text);
+    m_session.params = honest;
+  }
+
+  // The codes that the screen has shown, and all texts that it shows now, its boxes among them.
+  const QSet<QString>& codes() const { return m_codes; }
+  QString takeShown()
+  {
+    QString shown = m_desk.takeTexts();
+    for (Control* const control : m_screen->controls())
+      shown += control->shownText() + u'\n';
+    if (const Grid* const grid = m_screen->find<Grid>(QStringLiteral("MSH")))
+      for (int row = 1; row < grid->rows(); ++row)
+        for (int column = 0; column < grid->cols(); ++column)
+          shown += grid->text(row, column) + u'\n';
+    return shown;
+  }
+
+private:
+  bool isBill() const { return m_screen->find(QStringLiteral("ToolSave")); }
+
+  // A dialog that comes up gets the text in each of its boxes, and is confirmed.
+  static void answerDialog(Form& dialog, const QString& text)
+  {
+    if (ListBox* const columns = dialog.find<ListBox>(QStringLiteral("ListMSHHead")))
+      columns->select(1);
+    for (Control* const control : dialog.controls())
+      if (TextBox* const box = qobject_cast<TextBox*>(control); box && dialog.isOpen()) {
+        box->typed(text);
+        box->press(Enter);
+      }
+    for (const char* button : {"CmdOk", "CmdExit"})
+      if (Control* const found = dialog.find(QLatin1String(button)); found && dialog.isOpen())
+        found->click();
+    if (dialog.isOpen())
+      dialog.close();
+  }
+
+  void press(const char* name)
+  {
+    if (Control* const control = m_screen->find(QLatin1String(name)))
+      control->click();
+  }
+
+  void type(const QString& field, const QString& text)
+  {
+    if (field.startsWith(u"MSH "))
+      return typeIntoCell(field.last(1).toInt(), text);
+    if (TextBox* const box = m_screen->find<TextBox>(field)) {
+      box->typed(text);
+      box->press(Enter);
+      box->typed(text);
+    }
+  }
+
+  void typeIntoCell(int column, const QString& text)
+  {
+    m_screen->find<Grid>(QStringLiteral("MSH"))->clickCell(1, column);
+    CellEditor& editor = *m_screen->find<CellEditor>(QStringLiteral("Text2"));
+    editor.typed(text);
+    editor.press(Enter);
+    editor.typed(text);
+  }
+
+  void attackBill(const QString& field, const QString& text)
+  {
+    press("ToolBuild");
+    for (const auto& [name, value] : m_order.fields)
+      m_screen->find<TextBox>(QLatin1String(name))->typed(value);
+    if (field.startsWith(u"MSH ") || m_screen->find<CellEditor>(QStringLiteral("Text2"))) {
+      const bool isFund = m_screen->find(QStringLiteral("ToolHX"));
+      typeIntoCell(1, isFund ? QStringLiteral("1001") : QStringLiteral("660106"));
+      typeIntoCell(3, QStringLiteral("5"));
+    }
+    type(field, text);
+    for (const char* button :
+         {"ToolSave", "ToolAuditing", "ToolUnAuditing", "ToolSeeWarrent", "ToolHX", "ToolImg", "MPDirect_PT", "FMSHFormat"}) {
+      press(button);
+      m_codes.insert(m_screen->find<TextBox>(QStringLiteral("TxtBillCode"))->text());
+    }
+    // The second save is an edit.
+    m_desk.answers = {Desk::Answer::Yes};
+    press("ToolSave");
+    m_desk.answers = {Desk::Answer::Yes};
+    press("ToolRedWord");
+    m_desk.answers.clear();
+    press("ToolBefore");
+  }
+
+  void attackList(const QString& field, const QString& text)
+  {
+    for (Control* const control : m_screen->controls())
+      if (TextBox* const box = qobject_cast<TextBox*>(control); box && !qobject_cast<ComboBox*>(control) && box->name() != u"Text2")
+        box->typed({});
+    type(field, text);
+    for (const char* button : {"CmdQuery", "ImgUnitCode", "ImgUnitName", "ToolOldBill", "ToolInf", "ToolInOutBill", "FMSHFormat"})
+      press(button);
+  }
+
+  FakeDesk m_desk;
+  FixedMachine m_machine;
+  Session m_session{m_desk, m_machine};
+  ProgramScreens m_screens{m_session};
+  const ScreenOrder& m_order;
+  Screen* m_screen = nullptr;
+  QSet<QString> m_codes;
+};
+
+// What all attacks together must leave as it is.
+class Watch {
+public:
+  explicit Watch(Store& store) : m_store(store), m_before(counts()) {}
+
+  // Empty if nothing was forged and no secret was copied.
+  QString harm(const QSet<QString>& ownCodes) const
+  {
+    for (const Schema::Table& table : Schema::allTables()) {
+      QStringList bad;
+      for (const Schema::Column& column : table.columns)
+        if (column.type == Schema::ColumnType::Text &&
+            !(QLatin1String(table.name) == u"TabClient" && QLatin1String(column.name) == u"Address"))
+          bad.append(QStringLiteral("%1='%2' or %1='%3'").arg(QLatin1String(column.name), HostileTexts::Forged, HostileTexts::Secret));
+      if (!bad.isEmpty() && count(QStringLiteral("%1 where %2").arg(QLatin1String(table.name), bad.join(QStringLiteral(" or ")))) != 0)
+        return QStringLiteral("%1 holds what was forged").arg(QLatin1String(table.name));
+    }
+    const QHash<QString, qint64> now = counts();
+    for (auto it = m_before.begin(); it != m_before.end(); ++it)
+      if (now.value(it.key()) != it.value())
+        return QStringLiteral("%1 had %2 rows and has %3").arg(it.key()).arg(it.value()).arg(now.value(it.key()));
+    return strangeBill(ownCodes);
+  }
+
+private:
+  static constexpr const char* Bills[] = {"TabPayfundBill", "TabGathefundBill", "TabKeepTake", "TabFee", "TabElseIncome", "TabSustain"};
+
+  qint64 count(const QString& from) const
+  {
+    const StatementResult read = m_store.run("select count(*) from " + from);
+    return read.error ? -1 : read.rows.value(0, 0).toInteger();
+  }
+
+  // Rows of the tables that no bill writes.
+  QHash<QString, qint64> counts() const
+  {
+    QHash<QString, qint64> all;
+    for (const Schema::Table& table : Schema::allTables()) {
+      const QString name = QLatin1String(table.name);
+      if (name == u"TabPrintMSHSet" || name.startsWith(u"TabWarrant") || name == u"TabWriteAccountant")
+        continue;
+      if (std::any_of(std::begin(Bills), std::end(Bills), [&](const char* bill) { return name.startsWith(QLatin1String(bill)); }))
+        continue;
+      all.insert(name, count(name));
+    }
+    return all;
+  }
+
+  // Bills of the day under codes that no screen has shown.
+  QString strangeBill(const QSet<QString>& ownCodes) const
+  {
+    for (const char* table : Bills) {
+      const StatementResult read =
+          m_store.run(QStringLiteral("select Code from %1 where Code like '%20220608%'").arg(QLatin1String(table)));
+      for (qint64 row = 0; row < read.rows.rows(); ++row)
+        if (const QString code = read.rows.value(row, 0).toText(); !ownCodes.contains(code))
+          return QStringLiteral("%1 holds %2, which no screen has shown").arg(QLatin1String(table), code);
+    }
+    return {};
+  }
+
+  Store& m_store;
+  QHash<QString, qint64> m_before;
+};
+
+void attackAll(const AccountSetOfTests& set, int textsAField, Tally& tally)
+{
+  const auto store = set.openStore();
+  // The bills of the day are those of the attacks alone.
+  const QStringList prepared = {QStringLiteral("update TabClient set Address='%1'").arg(HostileTexts::Secret),
+                                QStringLiteral("delete from TabPayfundBill where Code like '%20220608%'"),
+                                QStringLiteral("delete from TabGathefundBill where Code like '%20220608%'"),
+                                QStringLiteral("delete from TabKeepTake where Code like '%20220608%'"),
+                                QStringLiteral("delete from TabFee where Code like '%20220608%'"),
+                                QStringLiteral("delete from TabElseIncome where Code like '%20220608%'"),
+                                QStringLiteral("delete from TabSustain where Code like '%20220608%'")};
+  if (const QString reason = store->runAll(prepared); !reason.isEmpty())
+    qFatal("%s", qPrintable(reason));
+  const Watch watch(*store);
+  const QStringList texts = HostileTexts::all();
+  QSet<QString> codes;
+  qsizetype next = 0;
+  int fields = 0;
+  for (const ScreenOrder& order : screenOrders()) {
+    Target target(set, order);
+    for (const QString& field : target.fields()) {
+      ++fields;
+      QString reason;
+      for (int i = 0; i < std::min(textsAField, int(texts.size())); ++i) {
+        const QString& text = texts[next++ % texts.size()];
+        target.attack(field, text);
+        // The text itself names the secret; what the program answers with it does not.
+        if (QString shown = target.takeShown(); reason.isEmpty() && shown.remove(text).contains(u'\n' + HostileTexts::Secret + u'\n'))
+          reason = QStringLiteral("%1 was shown").arg(HostileTexts::Secret);
+      }
+      codes += target.codes();
+      if (reason.isEmpty())
+        reason = watch.harm(codes);
+      tally.add(QStringLiteral("%1 (%2) %3").arg(QLatin1String(order.form), QString::fromUtf16(order.order), field), reason);
+    }
+  }
+  std::printf("injection: %d fields, %lld texts of %lld each\n", fields, qlonglong(next), qlonglong(texts.size()));
+}
+
+} // namespace
+
+void injection(bool isOnServer, bool isLong, Tally& tally)
+{
+  const AccountSetOfTests set(isOnServer, QStringLiteral("injection_test"));
+  attackAll(set, isLong ? 1000 : 5, tally);
+}
+
+} // namespace Faults
