@@ -104,7 +104,8 @@ private:
         DialectTranslator::forEmbedded(
             ModFuntion::movementStatement(
                 m_session,
-                {.code = Partner, .lastClosing = LastClosing, .date = Today, .moneyName = QStringLiteral("人民币"), .auditedOnly = false}))
+                {.code = Partner, .lastClosing = LastClosing, .date = Today, .moneyName = QStringLiteral("人民币"), .auditedOnly = false})
+                .sql())
             .sql;
     for (const QString& sql : statements)
       m_statements.push_back(sql.toUtf8());

@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int Partners = 20000;
 constexpr int Categories = 40;
-constexpr char ListSql[] = "select Code,Name from TabClient order by code";
+constexpr SqlLiteral ListSql = u"select Code,Name from TabClient order by code";
 constexpr char SearchSql[] = "select Code,Name from TabClient     where Name  like '%商%'order by Code  ";
 
 class ManyPartners : FilledAccountSet {
@@ -49,7 +49,7 @@ public:
   void pick(const std::function<void(Form&)>& operate)
   {
     m_desk.inDialog = operate;
-    CodePicker::pick(m_session, m_caller, {QString::fromLatin1(ListSql), QStringLiteral("TabClient"), QStringLiteral("选择往来单位")});
+    CodePicker::pick(m_session, m_caller, {Statement(ListSql), QStringLiteral("TabClient"), QStringLiteral("选择往来单位")});
   }
 
 private:
@@ -111,7 +111,7 @@ void bareList(benchmark::State& state)
 {
   for (auto iteration : state) {
     Q_UNUSED(iteration)
-    manyPartners().readBare(ListSql);
+    manyPartners().readBare(ListSql.view().toUtf8());
   }
 }
 

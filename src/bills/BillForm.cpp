@@ -44,7 +44,7 @@ void BillForm::loadHeader()
 void BillForm::loadMoneyNames()
 {
   QStringList names;
-  for (Recordset rs = OpenRecordset(session, "select Name from TabMoneyType order by  IsBWB desc "); !rs.eof(); rs.moveNext())
+  for (Recordset rs = OpenRecordset(session, {u"select Name from TabMoneyType order by  IsBWB desc "}); !rs.eof(); rs.moveNext())
     names.append(rs.trimmed("Name"));
   TxtMoneyName->setItems(names);
   if (names.isEmpty())
@@ -70,8 +70,8 @@ void BillForm::refreshBillList()
   const QString first = year + "-" + month + "-1";
   const QString last = year + "-" + month + "-" + LastDayOfMonth(session, month, year);
   Recordset rs =
-      OpenRecordset(session, "select  Code from " + BillTable + "  " + "  where Datee>=" + SqlDialect::date(session, first) + "  " +
-                                 "  and  Datee<=" + SqlDialect::date(session, last) + billListClause() + "  order by Datee, Code ");
+      OpenRecordset(session, {u"select  Code from {}    where Datee>={}    and  Datee<={}{}  order by Datee, Code ", SqlName(BillTable),
+                              SqlDialect::date(session, first), SqlDialect::date(session, last), billListClause()});
   QStringList codes;
   for (; rs.isOpen() && !rs.eof(); rs.moveNext())
     codes.append(rs.trimmed("Code"));
@@ -82,6 +82,7 @@ void BillForm::NewBill()
 {
   ClearBillFields();
   IsSavedBill = false;
+  m_stored = {};
   SetBillEditable(true);
   ToolPrint->setEnabled(false);
   MPrint->setEnabled(false);
@@ -102,6 +103,11 @@ void BillForm::ClearBillFields()
   }
   TxtOperator->setText(session.params.UserName);
   TxtAuditing->setText({});
+  // Without currencies a bill has none, whatever the bill viewed before had.
+  if (!session.params.IsLotMoney) {
+    TxtMoneyName->setText({});
+    TxtMoneyRate->setText("1");
+  }
 }
 
 void BillForm::SetBillEditable(bool on)
@@ -138,13 +144,16 @@ void BillForm::FillBill(const QString& table, const QString& code)
   TxtDate->setVisible(false);
   DTPDate->setVisible(true);
   IsSavedBill = true;
-  const Recordset header = OpenRecordset(session, "select * from " + table + " where Code='" + code + "'");
+  const Recordset header = OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(table), code});
   if (header.eof()) {
     session.desk.inform(QStringLiteral("没有原单！"));
     return;
   }
+  // Nothing is stored until all of it is shown: a column that cannot be read ends the filling half-way.
+  m_stored = {};
   fillHeader(header);
   fillLines(table, code);
+  m_stored = {table, header.trimmed("Code")};
   showAudit();
   showState(header.trimmed("State"));
   RefreshBillControls();
@@ -209,14 +218,15 @@ QString BillForm::dateText() const
   return DateText::shortForm(DTPDate->date());
 }
 
-QString BillForm::quotedText(const TextBox& box)
+Statement BillForm::textOf(const TextBox& box)
 {
-  return quoted(Trim(box.text()));
+  return sqlText(Trim(box.text()));
 }
 
-QStringList BillForm::closingValues() const
+QList<Statement> BillForm::closingValues() const
 {
-  return {quotedText(*TxtMoneyName), NumberText::ofDouble(NumberText::numericPrefix(TxtMoneyRate->text())), quotedText(*TxtAuditing)};
+  const QString rate = NumberText::ofDouble(NumberText::numericPrefix(TxtMoneyRate->text()));
+  return {textOf(*TxtMoneyName), sqlNumber(SqlNumber(rate)), textOf(*TxtAuditing)};
 }
 
 bool BillForm::mayDo(RightKind kind)
@@ -226,7 +236,7 @@ bool BillForm::mayDo(RightKind kind)
 
 Vouchers::VoucherBill BillForm::voucherBill() const
 {
-  Vouchers::VoucherBill bill{voucherKind(), headerTable(), TxtBillCode->text()};
+  Vouchers::VoucherBill bill{voucherKind(), headerTable(), m_stored.code};
   if (const TextBox* const partner = find<TextBox>("TxtCode"))
     bill.TxtCode = partner->text();
   bill.TxtMoneyName = TxtMoneyName->text();
@@ -254,8 +264,8 @@ bool BillForm::TxtSaleMan_KeyPress(const Key& key)
   if (key.code != Key::Enter || Trim(TxtOperator->text()).isEmpty())
     return false;
   const QString text = Trim(TxtSaleMan->text());
-  const Recordset rs = OpenRecordset(session, "select Code,Name from TabStuff  where Code like '" + text + "%' " + " or Name like '" +
-                                                  text + "%'  " + " order by code");
+  const Recordset rs =
+      OpenRecordset(session, {u"select Code,Name from TabStuff  where Code like '{}%'  or Name like '{}%'   order by code", text, text});
   if (rs.recordCount() == 1) {
     TxtSaleMan->setText(rs.text("Name"));
     focusNext();
@@ -269,6 +279,6 @@ bool BillForm::TxtSaleMan_KeyPress(const Key& key)
 void BillForm::ImgSaleMan_Click()
 {
   CodePicker::pick(session, *this,
-                   {"select Code,Name from TabStuff order by code", "TabStuff", QString::fromUtf16(traits().saleManPickerTitle),
+                   {Statement(u"select Code,Name from TabStuff order by code"), "TabStuff", QString::fromUtf16(traits().saleManPickerTitle),
                     traits().pickersOfferAdd});
 }

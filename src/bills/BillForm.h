@@ -2,6 +2,7 @@
 
 #include "bills/BillList.h"
 #include "bills/BillTraits.h"
+#include "database/Statement.h"
 #include "platform/Currency.h"
 #include "printing/BillTemplate.h"
 #include "printing/ModSavePrintData.h"
@@ -38,7 +39,7 @@ protected:
   // The checks of a save in their order, the numbering of a new bill among them.
   virtual QList<SaveCheck> saveChecks() const = 0;
   // The values of the header row, in the order of the table's columns.
-  virtual QStringList headerValues() const = 0;
+  virtual QList<Statement> headerValues() const = 0;
   virtual Currency totalMoney() const = 0;
   // The fields of a stored header row that only this form has.
   virtual void fillOwnFields(const Recordset& header) = 0;
@@ -59,7 +60,7 @@ protected:
   // After the bill and its voucher are written.
   virtual void refreshAfterSave() {}
   // The condition that keeps the month's list to the bills of this screen, led by " and ".
-  virtual QString billListClause() const { return {}; }
+  virtual Statement billListClause() const { return {}; }
   // What the rights call this bill.
   virtual QString rightFunction() const { return QString::fromUtf16(traits().rightFunction); }
   // The kind of bill in the voucher settings, and in the names of its images.
@@ -74,6 +75,8 @@ protected:
   bool dateIsOpen();
   bool totalIsNotZero();
   bool currencyIsGiven();
+  // Throws RunTimeError if an amount is too large to be stored.
+  virtual bool amountsFit() { return true; }
   bool numberNewBill();
   bool codeHasPrefix();
   bool codeIsGiven();
@@ -105,13 +108,11 @@ protected:
   void MPrintSet_Excel_Click();
   QString billCode() const;
   QString dateText() const;
-  // A text in quotes, as it stands in SQL text: nothing in it is doubled or escaped.
-  static QString quoted(const QString& text) { return "'" + text + "'"; }
   const BillTraits& traits() const { return *m_traits; }
-  // The trimmed text of a box, in quotes.
-  static QString quotedText(const TextBox& box);
+  // The trimmed text of a box as a value of a row.
+  static Statement textOf(const TextBox& box);
   // Columns that end every header row and every line row: currency, rate, auditor.
-  QStringList closingValues() const;
+  QList<Statement> closingValues() const;
   // The bill's title; layouts and templates go by it.
   QString billName() const;
   Vouchers::VoucherBill voucherBill() const;
@@ -173,6 +174,14 @@ protected:
   QString BillTable;
   bool IsSavedBill = false;
 
+  // The bill that this screen loaded or saved last. Audit, void, delete, voucher, write-off, images and prints are
+  // about it and nothing else; its code is empty while the bill shown is not stored, whatever TxtBillCode shows.
+  struct StoredBill {
+    QString table;
+    QString code;
+  };
+  const StoredBill& storedBill() const { return m_stored; }
+
 private:
   // What a button or menu item is there for; a bill without it does without them.
   enum class Feature { None, Lines, Partner, WriteOff };
@@ -201,9 +210,11 @@ private:
 
   // Writing (BillSave.cpp)
   void WriteBill();
-  bool isStored();
+  bool isInTable(const StoredBill& bill);
   bool replaceStored();
-  void insertRows();
+  bool insertRows();
+  void deleteStrayLines();
+  void leaveAmount();
   void markWritten();
   void setLoading(bool loading);
   void tellSaved() { session.desk.inform(QStringLiteral("保存成功！")); }
@@ -216,21 +227,26 @@ private:
   // Code of the bill's voucher, blank if it has none; nothing, after the refusal, if it is posted.
   std::optional<QString> unpostedVoucher();
   QString headerTable() const { return QString::fromLatin1(traits().headerTable); }
-  // Runs a statement on the bill's rows in the line table, if it has one: `verb`, the table, `clause`,
-  // and the condition on the bill's code behind it.
-  void onLineRows(const QString& verb, const QString& clause, const QString& code);
+  // The bill as a save stores it: in the form's own table, under the code shown.
+  StoredBill ownBill() const { return {headerTable(), billCode()}; }
+  // The line table that belongs to a header table; nothing for a bill without lines.
+  std::optional<SqlName> lineTableOf(const QString& table) const;
+  // Deletes the rows of a bill in the line table of a header table, if it has one.
+  void deleteLines(const StoredBill& bill);
   void dropWriteOffs(const QString& code);
   void browseTo(const std::optional<QString>& code);
   void clearAfterDelete();
   void addTemplateMenu(Control* menu, const char* name, BillTemplate::Finish finish);
   QStringList printLines(std::span<const PrintLine> lines) const;
+  QString printedText(const PrintLine& line) const;
   QList<BillTemplate::Placeholder> placeholders() const;
   QString placeholderValue(const TemplateWord& word) const;
-  QString queriedText(const QString& sql) const;
+  QString queriedText(const Statement& statement) const;
   QString capitals(const QString& amount) const;
   QString totalPaid() const;
 
   const BillTraits* m_traits;
+  StoredBill m_stored;
   BillList m_billList; // Adodc1
   bool m_wantVoucher = false;
 };

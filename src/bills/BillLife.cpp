@@ -30,9 +30,9 @@ bool BillForm::auditIsRefused(bool on)
 {
   QString refusal;
   if (on)
-    refusal = isAudited() ? "已审核单据，禁止重复审核！" : billCode().isEmpty() ? "请先保存单据后再审核！" : "";
+    refusal = isAudited() ? "已审核单据，禁止重复审核！" : m_stored.code.isEmpty() ? "请先保存单据后再审核！" : "";
   else
-    refusal = !isAudited() ? "未审核单据，禁止反审核！" : billCode().isEmpty() ? "未保存单据，禁止反审核！" : "";
+    refusal = !isAudited() ? "未审核单据，禁止反审核！" : m_stored.code.isEmpty() ? "未保存单据，禁止反审核！" : "";
   if (!refusal.isEmpty())
     session.desk.inform(refusal);
   return !refusal.isEmpty();
@@ -43,9 +43,10 @@ bool BillForm::SetAuditState(bool on)
   if (auditIsRefused(on))
     return false;
   const QString auditor = on ? session.params.UserName : QString();
-  const QString set = "  set Auditing='" + auditor + "' ";
-  OpenRecordset(session, "update " + headerTable() + set + " where Code='" + billCode() + "' ");
-  onLineRows("update ", set + " where ", billCode());
+  OpenRecordset(session, {u"update {}  set Auditing='{}'  where Code='{}' ", SqlName(m_stored.table), auditor, m_stored.code});
+  if (const auto lines = lineTableOf(m_stored.table))
+    OpenRecordset(session,
+                  {u"update {}  set Auditing='{}'  where {}='{}' ", *lines, auditor, SqlName(traits().lines->linkColumn), m_stored.code});
   TxtAuditing->setText(auditor);
   LabAuditing->setCaption(on ? "已审核" : "未审核");
   LabAuditing->setVisible(true);
@@ -64,8 +65,8 @@ void BillForm::VoidBill()
   MarkBillVoided();
   if (voucher->isEmpty())
     return;
-  OpenRecordset(session, "delete from TabWarrant where Code ='" + *voucher + "'");
-  OpenRecordset(session, " delete from TabWarrantInf where BillCode='" + *voucher + "'");
+  OpenRecordset(session, {u"delete from TabWarrant where Code ='{}'", *voucher});
+  OpenRecordset(session, {u" delete from TabWarrantInf where BillCode='{}'", *voucher});
 }
 
 // A void looks at the last carry-forward alone, not at the accounting close.
@@ -75,8 +76,7 @@ bool BillForm::isBeforeLastTurn()
     session.desk.inform(QStringLiteral("本单据开单日期不详，系统禁止作废！"));
     return true;
   }
-  const Recordset rs = OpenRecordset(session, "select max(Datee) as Datee from TabTurn");
-  const auto turn = rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
+  const auto turn = LastClosing(session, "TabTurn");
   const auto date = DateText::parse(TxtDate->text());
   if (!turn || (date && *turn < *date))
     return false;
@@ -86,7 +86,9 @@ bool BillForm::isBeforeLastTurn()
 
 std::optional<QString> BillForm::unpostedVoucher()
 {
-  const Recordset rs = OpenRecordset(session, "select Code,State from TabWarrant where JXCBillCode='" + billCode() + "'");
+  if (m_stored.code.isEmpty())
+    return QString();
+  const Recordset rs = OpenRecordset(session, {u"select Code,State from TabWarrant where JXCBillCode='{}'", m_stored.code});
   if (rs.eof())
     return QString();
   if (rs.trimmed("State") != u"已登账")
@@ -97,14 +99,15 @@ std::optional<QString> BillForm::unpostedVoucher()
 
 void BillForm::MarkBillVoided()
 {
-  if (!isStored()) {
+  const StoredBill bill = m_stored;
+  if (bill.code.isEmpty() || !isInTable(bill)) {
     session.desk.inform(QString::fromUtf16(traits().missingAtVoid));
     return;
   }
-  const QString code = billCode();
-  OpenRecordset(session, "update  " + headerTable() + " set " + "State='作废' " + "where Code='" + code + "'");
-  onLineRows("update ", " set State='作废'  where ", code);
-  FillBill(headerTable(), code);
+  OpenRecordset(session, {u"update  {} set State='作废' where Code='{}'", SqlName(bill.table), bill.code});
+  if (const auto lines = lineTableOf(bill.table))
+    OpenRecordset(session, {u"update {} set State='作废' where {}='{}' ", *lines, SqlName(traits().lines->linkColumn), bill.code});
+  FillBill(bill.table, bill.code);
   session.desk.inform(QStringLiteral("作废成功！"));
 }
 
@@ -112,24 +115,25 @@ void BillForm::FDelete_Click()
 {
   if (!mayDo(RightKind::Delete) || !dateIsOpen())
     return;
-  const QString code = billCode();
-  if (code.isEmpty()) {
+  const StoredBill bill = m_stored;
+  if (bill.code.isEmpty()) {
     session.desk.inform(QStringLiteral("单据编号不存在，禁止当前操作！"));
     return;
   }
   if (!session.desk.confirm("删除当前单据吗？", Desk::Icon::Information))
     return;
-  Vouchers::DeleteVoucher(session, code);
-  dropWriteOffs(code);
-  onLineRows("delete from ", " where ", code);
-  OpenRecordset(session, "delete from " + headerTable() + " where  Code='" + code + "'");
-  DeleteBillImages(session, code, voucherKind());
+  Vouchers::DeleteVoucher(session, bill.code);
+  dropWriteOffs(bill.code);
+  deleteLines(bill);
+  OpenRecordset(session, {u"delete from {} where  Code='{}'", SqlName(bill.table), bill.code});
+  DeleteBillImages(session, bill.code, voucherKind());
   session.desk.inform(QStringLiteral("单据已删除！"));
   clearAfterDelete();
 }
 
 void BillForm::clearAfterDelete()
 {
+  m_stored = {};
   InitLineGrid();
   if (traits().blankAfterDelete.empty())
     return NewBill();
@@ -159,12 +163,12 @@ void BillForm::browseTo(const std::optional<QString>& code)
 
 void BillForm::ShowVoucher()
 {
-  Vouchers::ShowVoucher(session, TxtBillCode->text());
+  Vouchers::ShowVoucher(session, m_stored.code);
 }
 
 void BillForm::FSeeWarrent_Click()
 {
-  Vouchers::FSeeWarrent_Click(session, TxtBillCode->text());
+  Vouchers::FSeeWarrent_Click(session, m_stored.code);
 }
 
 void BillForm::FJXCAccount_Click()
@@ -174,7 +178,7 @@ void BillForm::FJXCAccount_Click()
 
 void BillForm::openImages()
 {
-  OpenBillImages(session, billCode(), voucherKind());
+  OpenBillImages(session, m_stored.code, voucherKind());
 }
 
 void BillForm::FDeleteMSHFormat_Click()

@@ -26,21 +26,27 @@ QStringList BillForm::printLines(std::span<const PrintLine> lines) const
 {
   QStringList texts;
   for (const PrintLine& line : lines)
-    texts.append(QString::fromUtf16(line.label) + Trim(find(QString::fromLatin1(line.control))->shownText()));
+    texts.append(QString::fromUtf16(line.label) + printedText(line));
   return texts;
+}
+
+// A bill that is not stored has no code yet, whatever its box shows.
+QString BillForm::printedText(const PrintLine& line) const
+{
+  const Control* const control = find(QString::fromLatin1(line.control));
+  return control == TxtBillCode ? m_stored.code : Trim(control->shownText());
 }
 
 void BillForm::PrintBill_Excel(const QString& templateName, BillTemplate::Finish finish)
 {
   if (!mayDo(RightKind::Print))
     return;
-  BillTemplate::PrintBill_Excel(session,
-                                {.templateName = templateName,
-                                 .billCode = TxtBillCode->text(),
-                                 .headerTable = headerTable(),
-                                 .placeholders = [this] { return placeholders(); },
-                                 .lines = find<Grid>("MSH"),
-                                 .finish = finish});
+  BillTemplate::PrintBill_Excel(session, {.templateName = templateName,
+                                          .billCode = m_stored.code,
+                                          .headerTable = headerTable(),
+                                          .placeholders = [this] { return placeholders(); },
+                                          .lines = find<Grid>("MSH"),
+                                          .finish = finish});
 }
 
 void BillForm::FExcle_PT_Click()
@@ -80,8 +86,8 @@ QString BillForm::placeholderValue(const TemplateWord& word) const
   case Source::Text: return shown();
   case Source::IfVisible: return find(name)->isVisible() ? shown() : QString();
   case Source::Partner:
-    return queriedText("select " + name + " from TabClient where Code='" + Trim(find(QStringLiteral("TxtCode"))->shownText()) + "' ");
-  case Source::Company: return queriedText("select " + name + " from TabCompanyInf  ");
+    return queriedText({u"select {} from TabClient where Code='{}' ", SqlName(name), Trim(find(QStringLiteral("TxtCode"))->shownText())});
+  case Source::Company: return queriedText({u"select {} from TabCompanyInf  ", SqlName(name)});
   case Source::BillDate: return DTPDate->date().toString(dateForm);
   case Source::Today: return session.machine.today().toString(dateForm);
   case Source::Capitals: return capitals(shown());
@@ -92,9 +98,9 @@ QString BillForm::placeholderValue(const TemplateWord& word) const
 }
 
 // The first field of the first row, blank without a row.
-QString BillForm::queriedText(const QString& sql) const
+QString BillForm::queriedText(const Statement& statement) const
 {
-  const Recordset rs = OpenRecordset(session, sql);
+  const Recordset rs = OpenRecordset(session, statement);
   return rs.eof() ? QString() : rs.trimmed(rs.rows().names().first());
 }
 

@@ -13,10 +13,12 @@
 using namespace ModFuntion;
 
 // Saving a bill: the checks in the form's order, then the writing. A bill is never updated: an edit
-// deletes and inserts, and whether WriteBill wrote anything is not asked behind it.
+// deletes and inserts, and the result of WriteBill is deliberately ignored. A bill that WriteBill refused is not
+// stored, so that no voucher is touched after it.
 
 void BillForm::FSave_Click()
 {
+  leaveAmount();
   for (const SaveCheck check : saveChecks())
     if (!(this->*check)())
       return;
@@ -25,16 +27,24 @@ void BillForm::FSave_Click()
   if (m_wantVoucher)
     Vouchers::GenerateVoucher(session, voucherBill());
   else
-    Vouchers::DeleteVoucher(session, billCode());
+    Vouchers::DeleteVoucher(session, m_stored.code);
   refreshAfterSave();
   setLoading(false);
   if (!traits().tellsSavedLast)
     tellSaved();
+  BillTable = headerTable();
   refreshBillList();
   if (ChAutoAdd->isChecked())
     NewBill();
   if (traits().tellsSavedLast)
     tellSaved();
+}
+
+// What leaving an amount box does to its text is done before a save, too.
+void BillForm::leaveAmount()
+{
+  if (const Control* const box = focused(); box && box->onFocusOut)
+    box->onFocusOut();
 }
 
 void BillForm::setLoading(bool loading)
@@ -87,7 +97,9 @@ bool BillForm::confirmAccount(TextBox& code, TextBox& name, const QString& refus
 
 bool BillForm::numberNewBill()
 {
-  if (IsSavedBill)
+  // A saved bill keeps its code. So does one whose header was refused, unless a colleague has taken the code since;
+  // a screen without a code gets none here.
+  if (IsSavedBill && (!m_stored.code.isEmpty() || billCode().isEmpty() || !isInTable(ownBill())))
     return true;
   TxtDate->setText(dateText());
   TxtBillCode->setText(GetNextBillCode(session, traits().prefix, headerTable()));
@@ -120,54 +132,81 @@ bool BillForm::voucherIsAllowed()
 
 void BillForm::WriteBill()
 {
-  if (IsSavedBill && isStored() && !replaceStored())
+  const bool isEdit = m_stored.code == billCode() && m_stored.table.compare(headerTable(), Qt::CaseInsensitive) == 0;
+  if (isEdit && isInTable(m_stored) && !replaceStored())
     return;
-  // A row stands here only if the fresh code of a new bill is taken already.
-  if (isStored()) {
+  // A row is found only if the fresh code of a new bill is taken already.
+  if (isInTable(ownBill()) || !insertRows()) {
     session.desk.inform(QString::fromUtf16(traits().duplicateCode));
     session.desk.setBusy(false);
     return;
   }
-  insertRows();
   markWritten();
 }
 
-bool BillForm::isStored()
+bool BillForm::isInTable(const StoredBill& bill)
 {
-  return !OpenRecordset(session, "select Code from " + headerTable() + " where Code='" + billCode() + "'").eof();
+  return !OpenRecordset(session, {u"select Code from {} where Code='{}'", SqlName(bill.table), bill.code}).eof();
 }
 
-// Takes the stored bill away after asking; its write-off links go without a word.
+// Deletes the stored bill after asking; its write-off links are deleted silently.
 bool BillForm::replaceStored()
 {
   if (!session.desk.confirm("如果确定修改则按是，否则按否退出重新执行保存！", Desk::Icon::Information)) {
     session.desk.inform(QStringLiteral("修改单据失败！"));
     return false;
   }
-  const QString code = billCode();
-  OpenRecordset(session, "delete from " + headerTable() + "  where Code='" + code + "'");
-  onLineRows("delete from ", "  where ", code);
-  dropWriteOffs(code);
+  OpenRecordset(session, {u"delete from {}  where Code='{}'", SqlName(m_stored.table), m_stored.code});
+  deleteLines(m_stored);
+  dropWriteOffs(m_stored.code);
   return true;
 }
 
-void BillForm::onLineRows(const QString& verb, const QString& clause, const QString& code)
+std::optional<SqlName> BillForm::lineTableOf(const QString& table) const
 {
-  if (const LineTraits* const lines = traits().lines)
-    OpenRecordset(session, verb + lines->table + clause + lines->linkColumn + "='" + code + "'");
+  if (!traits().lines)
+    return std::nullopt;
+  return SqlName(table + "Inf");
+}
+
+void BillForm::deleteLines(const StoredBill& bill)
+{
+  if (const auto lines = lineTableOf(bill.table))
+    OpenRecordset(session, {u"delete from {}  where {}='{}'", *lines, SqlName(traits().lines->linkColumn), bill.code});
 }
 
 void BillForm::dropWriteOffs(const QString& code)
 {
   if (traits().isWrittenOff)
-    OpenRecordset(session, "delete from TabSFKHeXiao where  SFKBillCode='" + code + "'");
+    OpenRecordset(session, {u"delete from TabSFKHeXiao where  SFKBillCode='{}'", code});
 }
 
-void BillForm::insertRows()
+// False if a colleague has taken the code between the look at it and the insert: then the lines are his.
+bool BillForm::insertRows()
 {
-  OpenRecordset(session, "insert into  " + headerTable() + " values(" + headerValues().join(',') + ")");
+  m_stored = {};
+  deleteStrayLines();
+  const bool isInserted =
+      Execute(session, {u"insert into  {} values({})", SqlName(headerTable()), Statement::joined(headerValues(), u",")});
+  // If the connection was lost, only the row itself says whether it arrived.
+  const bool wasLost = !session.connection.isOpen();
+  const bool isThere = isInserted || isInTable(ownBill());
+  if (isThere && !isInserted && !wasLost)
+    return false;
+  if (isThere)
+    m_stored = ownBill();
   TxtOperator->setText(session.params.UserName);
   insertLines();
+  return true;
+}
+
+// Lines that a refused header has left under this code would become this bill's. In one statement with the look
+// whether the code has a header, so that a colleague's lines are never met.
+void BillForm::deleteStrayLines()
+{
+  if (const auto lines = lineTableOf(headerTable()))
+    OpenRecordset(session, {u"delete from {}  where {}='{}' and not exists (select Code from {} where Code='{}')", *lines,
+                            SqlName(traits().lines->linkColumn), billCode(), SqlName(headerTable()), billCode()});
 }
 
 void BillForm::markWritten()

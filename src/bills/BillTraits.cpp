@@ -3,9 +3,9 @@
 namespace {
 
 // Cash and bank. Without brackets: the picker's own condition, added behind, holds for the last part only.
-constexpr const char16_t* CashBankFilter = u"  where Code = '1' or    Code  ='1001' or Code= '1002' "
-                                           u" or ParentCode like '1001%' or ParentCode like '1002%'";
-constexpr const char16_t* FeeAccountFilter = u"  where Code like  '5%'  or Code like  '6%'  ";
+constexpr SqlLiteral CashBankFilter = u"  where Code = '1' or    Code  ='1001' or Code= '1002' "
+                                      u" or ParentCode like '1001%' or ParentCode like '1002%'";
+constexpr SqlLiteral FeeAccountFilter = u"  where Code like  '5%'  or Code like  '6%'  ";
 
 constexpr LineTraits PaymentLines{
     .table = "TabPayfundBillInf",

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <span>
 
 // What differs between the bill screens, one row a bill. A routine that all bills share reads its
@@ -16,7 +18,7 @@ struct LineTraits {
   const char16_t* attention; // caption of LabAttention
 
   // What the tree picker offers for a line, its title and where its choice goes.
-  const char16_t* accountFilter;
+  SqlLiteral accountFilter;
   const char16_t* accountPickerTitle;
   const char16_t* accountPickerTarget;
 
@@ -28,7 +30,7 @@ struct LineTraits {
 // Of a bill with a trading partner.
 struct PartnerTraits {
   const char16_t* unknown; // refusal of a name that is no partner's
-  const char16_t* pickerSql;
+  SqlLiteral pickerSql;
   const char16_t* pickerTitle;
   const char* infoTool; // the button that opens the partner's own record
   const char16_t* infoToolTip;

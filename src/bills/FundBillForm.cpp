@@ -48,5 +48,5 @@ void FundBillForm::RefreshBalanceLabel()
 
 void FundBillForm::openWriteOff()
 {
-  WriteOff::open(session, m_writeOff, {TxtBillCode->text(), LabTotalMoney->caption(), TxtCode->text(), TxtName->text(), DTPDate->date()});
+  WriteOff::open(session, m_writeOff, {storedBill().code, LabTotalMoney->caption(), TxtCode->text(), TxtName->text(), DTPDate->date()});
 }

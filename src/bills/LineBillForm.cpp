@@ -51,7 +51,7 @@ void LineBillForm::pickLineAccount()
 {
   const LineTraits& lines = *traits().lines;
   TreePicker::pick(session, *this,
-                   {.TreeWhere = QString::fromUtf16(lines.accountFilter),
+                   {.TreeWhere = lines.accountFilter,
                     .TreeKind = QString::fromUtf16(lines.accountPickerTitle),
                     .TreeTarget = QString::fromUtf16(lines.accountPickerTarget)});
 }
@@ -59,13 +59,21 @@ void LineBillForm::pickLineAccount()
 void LineBillForm::fillLines(const QString& table, const QString& code)
 {
   const LineTraits& lines = *traits().lines;
-  Recordset rs = OpenRecordset(session, "select * from " + table + "Inf" + " where " + lines.linkColumn + "='" + code + "'");
+  Recordset rs = OpenRecordset(session, {u"select * from {} where {}='{}'", SqlName(table + "Inf"), SqlName(lines.linkColumn), code});
   QList<LineGrid::Line> shown;
   for (; !rs.eof(); rs.moveNext()) {
     shown.append({rs.text(lines.accountCodeColumn), rs.text(lines.accountNameColumn), rs.text("Moneyy"), rs.text("Remark")});
     fillFromLine(rs);
   }
   LabTotalMoney->setCaption(FormatDotText(m_lines->showLines(shown), session.DotSet.DotMoney));
+}
+
+bool LineBillForm::amountsFit()
+{
+  Currency total;
+  for (int row = 1; row <= m_lines->lineCount(); ++row)
+    total += m_lines->amount(row);
+  return true;
 }
 
 bool LineBillForm::hasLines()
@@ -105,18 +113,18 @@ bool LineBillForm::noLineIsNegative()
 void LineBillForm::insertLines()
 {
   for (int row = 1; row <= m_lines->lineCount(); ++row)
-    OpenRecordset(session, "insert into " + QString(traits().lines->table) + " values(" + lineValues(row).join(',') + ")");
+    OpenRecordset(session, {u"insert into {} values({})", SqlName(traits().lines->table), Statement::joined(lineValues(row), u",")});
 }
 
-QStringList LineBillForm::lineValues(int row) const
+QList<Statement> LineBillForm::lineValues(int row) const
 {
-  return QStringList{QString::number(row), quoted(dateText()), quoted(billCode())} + partnerValues() +
-         QStringList{
-             quoted(m_lines->text(row, LineGrid::AccountCode)),
-             quoted(m_lines->text(row, LineGrid::AccountName)),
-             m_lines->amount(row).toText(),
-             quoted(m_lines->text(row, LineGrid::Remark)),
-             quoted("正常"),
+  return QList<Statement>{sqlNumber(SqlNumber(row)), sqlText(dateText()), sqlText(billCode())} + partnerValues() +
+         QList<Statement>{
+             sqlText(m_lines->text(row, LineGrid::AccountCode)),
+             sqlText(m_lines->text(row, LineGrid::AccountName)),
+             sqlNumber(SqlNumber(m_lines->amount(row))),
+             sqlText(m_lines->text(row, LineGrid::Remark)),
+             sqlText("正常"),
          } +
          closingValues();
 }

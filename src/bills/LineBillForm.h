@@ -14,8 +14,8 @@ class LineBillForm : public BillForm, public AccountReceiver, private LineGridHo
 public:
   using BillForm::BillForm;
 
-  // The account that `sql` selects goes to the current line.
-  void Txt2ToMSH(const QString& sql) override { m_lines->Txt2ToMSH(sql); }
+  // The account that `account` selects goes to the current line.
+  void Txt2ToMSH(const Statement& account) override { m_lines->Txt2ToMSH(account); }
 
 protected:
   void buildLines();
@@ -32,10 +32,11 @@ protected:
   Currency totalMoney() const override;
 
   // The partner's columns, the same in the header's row and in each line's.
-  virtual QStringList partnerValues() const { return {}; }
+  virtual QList<Statement> partnerValues() const { return {}; }
   // Called for each stored line that is shown.
   virtual void fillFromLine(const Recordset& line) { Q_UNUSED(line) }
 
+  bool amountsFit() override;
   bool hasLines();
   bool lineAccountsAreLeaves();
   bool noLineIsNegative();
@@ -50,7 +51,7 @@ private:
   QStringList accountHeadings() const override;
   QString layoutKey() const override;
   void pickLineAccount() override;
-  QStringList lineValues(int row) const;
+  QList<Statement> lineValues(int row) const;
 
   std::unique_ptr<LineGrid> m_lines;
 };

@@ -40,7 +40,7 @@ void LineGrid::InitLineGrid()
 
 void LineGrid::applyStoredLayout()
 {
-  Recordset rs = OpenRecordset(m_session, "select * from TabPrintMSHSet where TabName='" + m_host.layoutKey() + "' order by ColOrder ");
+  Recordset rs = OpenRecordset(m_session, {u"select * from TabPrintMSHSet where TabName='{}' order by ColOrder ", m_host.layoutKey()});
   if (rs.eof()) {
     applyDefaultLayout();
     return;
@@ -135,14 +135,14 @@ void LineGrid::editorEnter()
   const int row = m_grid.row();
   const int col = m_grid.col();
   const QString typed = Trim(m_editor.text());
-  QString sql;
+  Statement account;
   if (col == AccountCode)
-    sql = "select * from TabAccountantType where Code='" + typed + "'";
+    account = {u"select * from TabAccountantType where Code='{}'", typed};
   else if (col == AccountName)
-    sql = "select * from TabAccountantType where Name='" + typed + "'";
+    account = {u"select * from TabAccountantType where Name='{}'", typed};
   m_grid.setText(row, col, col == Amount ? FormatDotText(m_editor.text(), m_session.DotSet.DotMoney) : typed);
   m_editor.hide();
-  Txt2ToMSH(sql);
+  Txt2ToMSH(account);
   m_editor.returnToGrid();
 }
 
@@ -162,12 +162,12 @@ void LineGrid::editorChanged()
     Txt2ToMSH({});
 }
 
-void LineGrid::Txt2ToMSH(const QString& sql)
+void LineGrid::Txt2ToMSH(const Statement& account)
 {
   const int row = m_grid.row();
   const int col = m_grid.col();
   if (col == AccountCode || col == AccountName) {
-    const Recordset rs = OpenRecordset(m_session, sql);
+    const Recordset rs = OpenRecordset(m_session, account);
     if (rs.eof()) {
       m_host.pickLineAccount();
     } else {

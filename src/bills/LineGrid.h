@@ -3,6 +3,8 @@
 #include "platform/Currency.h"
 #include "screen/CellEditor.h"
 
+#include "database/Statement.h"
+
 #include <QStringList>
 
 class Label;
@@ -47,9 +49,9 @@ public:
   void InitLineGrid();
   // Lays Text2 on the current cell, if lines may be edited.
   void OpenCellEditor();
-  // Carries what was typed or picked to the current row: for columns 1 and 2 the account that `sql`
-  // selects, or the picker if there is none; then retotals.
-  void Txt2ToMSH(const QString& sql);
+  // Carries what was typed or picked to the current row: for columns 1 and 2 the account that
+  // `account` selects, or the picker if there is none; then retotals.
+  void Txt2ToMSH(const Statement& account);
   void RecalcTotal();
   void InsertLineRow();
   void DeleteLineRow();

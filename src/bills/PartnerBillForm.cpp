@@ -15,17 +15,20 @@ void PartnerBillForm::buildPartner()
   addPickButton(FrameProvide, "ImgName", [this] { ImgName_Click(); });
 }
 
-QStringList PartnerBillForm::headerValues() const
+QList<Statement> PartnerBillForm::headerValues() const
 {
-  return QStringList{quoted(billCode()), quoted(dateText())} + partnerValues() +
-         QStringList{
-             quoted(Trim(session.params.UserName)),         totalMoney().toText(), quotedText(*TxtMemo),
-             quoted(QString::fromUtf16(traits().billType)), quoted("正常"),
+  return QList<Statement>{sqlText(billCode()), sqlText(dateText())} + partnerValues() +
+         QList<Statement>{
+             sqlText(Trim(session.params.UserName)),
+             sqlNumber(SqlNumber(totalMoney())),
+             textOf(*TxtMemo),
+             sqlText(QString::fromUtf16(traits().billType)),
+             sqlText("正常"),
          } +
          kindValues() +
-         QStringList{
-             quoted({}), // Report
-             quotedText(*TxtSaleMan),
+         QList<Statement>{
+             sqlText({}), // Report
+             textOf(*TxtSaleMan),
          } +
          closingValues();
 }
@@ -54,7 +57,7 @@ bool PartnerBillForm::partnerIsNamed()
 // The name decides, and overwrites the code; of two partners of one name the first counts.
 bool PartnerBillForm::partnerIsKnown()
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabClient where Name='" + Trim(TxtName->text()) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabClient where Name='{}'", Trim(TxtName->text())});
   if (rs.eof()) {
     session.desk.inform(QString::fromUtf16(traits().partner->unknown));
     return false;
@@ -69,8 +72,8 @@ bool PartnerBillForm::TxtName_KeyPress(const Key& key)
   const QString text = Trim(TxtName->text());
   if (key.code != Key::Enter || text.isEmpty())
     return false;
-  const Recordset rs =
-      OpenRecordset(session, partnerColumns() + " where Code like '" + text + "%' " + " or Name like '" + text + "%'  " + " order by code");
+  const Recordset rs = OpenRecordset(session, {u"select {} from TabClient  where Code like '{}%'  or Name like '{}%'   order by code",
+                                               Statement(partnerColumns()), text, text});
   if (rs.recordCount() == 1) {
     TxtCode->setText(rs.text("Code"));
     TxtName->assign(rs.text("Name"));
@@ -88,8 +91,7 @@ bool PartnerBillForm::TxtName_KeyPress(const Key& key)
 void PartnerBillForm::ImgName_Click()
 {
   const PartnerTraits& partner = *traits().partner;
-  CodePicker::pick(session, *this,
-                   {QString::fromUtf16(partner.pickerSql), "TabClient", QString::fromUtf16(partner.pickerTitle), traits().pickersOfferAdd});
+  CodePicker::pick(session, *this, {partner.pickerSql, "TabClient", QString::fromUtf16(partner.pickerTitle), traits().pickersOfferAdd});
 }
 
 void PartnerBillForm::ShowPartnerInfo()

@@ -13,17 +13,17 @@ protected:
   // TxtCode, TxtName and their picture button.
   void buildPartner();
 
-  QStringList headerValues() const override;
+  QList<Statement> headerValues() const override;
   // A header column of the bill's own, between its state and its report mark.
-  virtual QStringList kindValues() const { return {}; }
+  virtual QList<Statement> kindValues() const { return {}; }
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
-  QStringList partnerValues() const override { return {quotedText(*TxtCode), quotedText(*TxtName)}; }
+  QList<Statement> partnerValues() const override { return {textOf(*TxtCode), textOf(*TxtName)}; }
   Control& firstField() override { return *TxtName; }
   void ShowPartnerInfo() override;
 
   // The columns that are looked up for a partner typed in, and what is missing in ShowPartnerInfo.
-  virtual QString partnerColumns() const { return QStringLiteral("select Code,Name,SaleMan from TabClient "); }
+  virtual SqlLiteral partnerColumns() const { return u"Code,Name,SaleMan"; }
   virtual bool partnerBringsSaleMan() const { return true; }
   virtual QString noPartnerMessage() const = 0;
 

@@ -33,8 +33,8 @@ void frmBankKeepTake::buildAccount(AccountBoxes& boxes, const char* caption, con
 void frmBankKeepTake::pickAccount(const AccountBoxes& boxes)
 {
   TreePicker::pick(session, *this,
-                   {.TreeWhere = QString("  where (Code = '1' or  ") + "  Code  ='1001' or Code= '1002' " +
-                                 " or ParentCode like '1001%' or ParentCode like '1002%')",
+                   {.TreeWhere = Statement(u"  where (Code = '1' or    Code  ='1001' or Code= '1002' "
+                                           u" or ParentCode like '1001%' or ParentCode like '1002%')"),
                     .TreeKind = QString::fromUtf16(boxes.kind)});
 }
 
@@ -86,22 +86,22 @@ QString frmBankKeepTake::modeText() const
   return Trim(m_outgoing.code->text()).contains(u"1001") ? QStringLiteral("银行存取（存现）") : QStringLiteral("银行存取（取现）");
 }
 
-QStringList frmBankKeepTake::headerValues() const
+QList<Statement> frmBankKeepTake::headerValues() const
 {
-  return QStringList{
-             quoted(billCode()),
-             quoted(dateText()),
-             totalMoney().toText(),
-             quotedText(*m_outgoing.code),
-             quotedText(*m_outgoing.name),
-             quotedText(*m_incoming.code),
-             quotedText(*m_incoming.name),
-             quoted(Trim(session.params.UserName)),
-             quotedText(*TxtMemo),
-             quoted(modeText()),
-             quoted("正常"),
-             quoted({}), // Report
-             quotedText(*TxtSaleMan),
+  return QList<Statement>{
+             sqlText(billCode()),
+             sqlText(dateText()),
+             sqlNumber(SqlNumber(totalMoney())),
+             textOf(*m_outgoing.code),
+             textOf(*m_outgoing.name),
+             textOf(*m_incoming.code),
+             textOf(*m_incoming.name),
+             sqlText(Trim(session.params.UserName)),
+             textOf(*TxtMemo),
+             sqlText(modeText()),
+             sqlText("正常"),
+             sqlText({}), // Report
+             textOf(*TxtSaleMan),
          } +
          closingValues();
 }

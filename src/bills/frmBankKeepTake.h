@@ -12,7 +12,7 @@ public:
 
 protected:
   QList<SaveCheck> saveChecks() const override;
-  QStringList headerValues() const override;
+  QList<Statement> headerValues() const override;
   Currency totalMoney() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;

@@ -51,13 +51,21 @@ void frmFeeElseIncome::FillBill(const QString& table, const QString& code)
 QList<BillForm::SaveCheck> frmFeeElseIncome::saveChecks() const
 {
   return {
-      step(&frmFeeElseIncome::operatorMayEdit),    step(&frmFeeElseIncome::dateIsOpen),
-      step(&frmFeeElseIncome::hasLines),           step(&frmFeeElseIncome::lineAccountsAreLeaves),
-      step(&frmFeeElseIncome::cashAccountIsGiven), step(&frmFeeElseIncome::bankAccountIsGiven),
-      step(&frmFeeElseIncome::currencyIsGiven),    step(&frmFeeElseIncome::totalIsNotZero),
-      step(&frmFeeElseIncome::amountsBalance),     step(&frmFeeElseIncome::numberNewBill),
-      step(&frmFeeElseIncome::newCodeHasPrefix),   step(&frmFeeElseIncome::codeIsGiven),
-      step(&frmFeeElseIncome::noLineIsNegative),   step(&frmFeeElseIncome::voucherIsAllowed),
+      step(&frmFeeElseIncome::operatorMayEdit),
+      step(&frmFeeElseIncome::dateIsOpen),
+      step(&frmFeeElseIncome::amountsFit),
+      step(&frmFeeElseIncome::hasLines),
+      step(&frmFeeElseIncome::lineAccountsAreLeaves),
+      step(&frmFeeElseIncome::cashAccountIsGiven),
+      step(&frmFeeElseIncome::bankAccountIsGiven),
+      step(&frmFeeElseIncome::currencyIsGiven),
+      step(&frmFeeElseIncome::totalIsNotZero),
+      step(&frmFeeElseIncome::amountsBalance),
+      step(&frmFeeElseIncome::numberNewBill),
+      step(&frmFeeElseIncome::newCodeHasPrefix),
+      step(&frmFeeElseIncome::codeIsGiven),
+      step(&frmFeeElseIncome::noLineIsNegative),
+      step(&frmFeeElseIncome::voucherIsAllowed),
   };
 }
 
@@ -84,24 +92,24 @@ bool frmFeeElseIncome::amountsBalance()
   return false;
 }
 
-QStringList frmFeeElseIncome::headerValues() const
+QList<Statement> frmFeeElseIncome::headerValues() const
 {
-  return QStringList{
-             quoted(billCode()),
-             quoted(dateText()),
-             totalMoney().toText(),
-             MoneyOf(m_cash.amount->text()).toText(),
-             MoneyOf(m_bank.amount->text()).toText(),
-             quotedText(*m_cash.code),
-             quotedText(*m_bank.code),
-             quotedText(*m_cash.name),
-             quotedText(*m_bank.name),
-             quoted(Trim(session.params.UserName)),
-             quotedText(*TxtMemo),
-             quoted(QString::fromUtf16(traits().billType)),
-             quoted("正常"),
-             quoted({}), // Report
-             quotedText(*TxtSaleMan),
+  return QList<Statement>{
+             sqlText(billCode()),
+             sqlText(dateText()),
+             sqlNumber(SqlNumber(totalMoney())),
+             sqlNumber(SqlNumber(MoneyOf(m_cash.amount->text()))),
+             sqlNumber(SqlNumber(MoneyOf(m_bank.amount->text()))),
+             textOf(*m_cash.code),
+             textOf(*m_bank.code),
+             textOf(*m_cash.name),
+             textOf(*m_bank.name),
+             sqlText(Trim(session.params.UserName)),
+             textOf(*TxtMemo),
+             sqlText(QString::fromUtf16(traits().billType)),
+             sqlText("正常"),
+             sqlText({}), // Report
+             textOf(*TxtSaleMan),
          } +
          closingValues();
 }
@@ -130,9 +138,9 @@ bool frmFeeElseIncome::nameKey(Payment& payment, const Key& key)
   const QString text = Trim(payment.name->text());
   if (key.code != Key::Enter || text.isEmpty())
     return false;
-  const Recordset rs =
-      OpenRecordset(session, "select Code,Name from TabAccountantType " + QString(" where ( Code like '") + text + "%' " +
-                                 " or Name like '" + text + "%' ) " + " and Code like '" + payment.accounts + "%' " + " order by code");
+  const Recordset rs = OpenRecordset(session, {u"select Code,Name from TabAccountantType  where ( Code like '{}%'  or Name like '{}%' ) "
+                                               u" and Code like '{}%'  order by code",
+                                               text, text, payment.accounts});
   if (rs.recordCount() == 1) {
     payment.code->setText(rs.text("Code"));
     payment.name->setText(rs.text("Name"));
@@ -147,7 +155,7 @@ bool frmFeeElseIncome::nameKey(Payment& payment, const Key& key)
 
 void frmFeeElseIncome::pickAccount(const Payment& payment)
 {
-  TreePicker::pick(session, *this,
-                   {.TreeWhere = QString(" where (Code like '") + payment.accounts + "%' or Code='1') ",
-                    .TreeTarget = QString::fromUtf16(payment.target)});
+  TreePicker::pick(
+      session, *this,
+      {.TreeWhere = {u" where (Code like '{}%' or Code='1') ", payment.accounts}, .TreeTarget = QString::fromUtf16(payment.target)});
 }

@@ -17,7 +17,7 @@ public:
 protected:
   void Form_Load() override;
   QList<SaveCheck> saveChecks() const override;
-  QStringList headerValues() const override;
+  QList<Statement> headerValues() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
   // The lines of these bills are not printed.

@@ -7,6 +7,8 @@ namespace {
 
 const QString CustomerMode = QStringLiteral("费用抵冲(客户)");
 const QString SupplierMode = QStringLiteral("费用抵冲(供应商)");
+const QString CustomerTitle = QStringLiteral("费用抵冲单--客户");
+const QString SupplierTitle = QStringLiteral("费用抵冲单--供应商");
 
 } // namespace
 
@@ -18,19 +20,26 @@ frmFeeSustain::frmFeeSustain(Session& ofSession) : PartnerBillForm(ofSession, Fe
   buildFooter();
 }
 
+QString frmFeeSustain::mode() const
+{
+  if (BillMode == CustomerMode || BillMode == SupplierMode)
+    return BillMode;
+  return billName() == CustomerTitle ? CustomerMode : billName() == SupplierTitle ? SupplierMode : BillMode;
+}
+
 bool frmFeeSustain::isSupplierMode() const
 {
-  return BillMode == SupplierMode;
+  return mode() == SupplierMode;
 }
 
 bool frmFeeSustain::isCustomerMode() const
 {
-  return BillMode == CustomerMode;
+  return mode() == CustomerMode;
 }
 
 void frmFeeSustain::showTitle()
 {
-  LabBillName->setCaption(isSupplierMode() ? "费用抵冲单--供应商" : "费用抵冲单--客户");
+  LabBillName->setCaption(BillMode == SupplierMode ? SupplierTitle : CustomerTitle);
 }
 
 void frmFeeSustain::Form_Load()
@@ -66,9 +75,9 @@ void frmFeeSustain::fillOwnFields(const Recordset& header)
   showTitle();
 }
 
-QString frmFeeSustain::billListClause() const
+Statement frmFeeSustain::billListClause() const
 {
-  return isSupplierMode() ? " and SustainType='供应商' " : " and SustainType='客户' ";
+  return {u" and SustainType='{}' ", isSupplierMode() ? "供应商" : "客户"};
 }
 
 QList<BillForm::SaveCheck> frmFeeSustain::saveChecks() const
@@ -76,6 +85,7 @@ QList<BillForm::SaveCheck> frmFeeSustain::saveChecks() const
   return {
       step(&frmFeeSustain::operatorMayEdit),
       step(&frmFeeSustain::dateIsOpen),
+      step(&frmFeeSustain::amountsFit),
       // The name comes ahead of the total here.
       step(&frmFeeSustain::partnerIsNamed),
       step(&frmFeeSustain::totalIsNotZero),
@@ -90,16 +100,15 @@ QList<BillForm::SaveCheck> frmFeeSustain::saveChecks() const
   };
 }
 
-QStringList frmFeeSustain::kindValues() const
+QList<Statement> frmFeeSustain::kindValues() const
 {
-  return {quoted(isCustomerMode() ? "客户" : "供应商")};
+  return {sqlText(isCustomerMode() ? "客户" : "供应商")};
 }
 
-QString frmFeeSustain::partnerColumns() const
+SqlLiteral frmFeeSustain::partnerColumns() const
 {
   // A customer's own salesman is not asked for.
-  return isSupplierMode() ? QStringLiteral("select Code,Name,SaleMan  from TabClient ")
-                          : QStringLiteral("select Code,Name from TabClient ");
+  return isSupplierMode() ? SqlLiteral(u"Code,Name,SaleMan") : SqlLiteral(u"Code,Name");
 }
 
 QString frmFeeSustain::noPartnerMessage() const
@@ -109,7 +118,7 @@ QString frmFeeSustain::noPartnerMessage() const
 
 void frmFeeSustain::FJXCAccount_Click()
 {
-  if (isCustomerMode() || isSupplierMode())
+  if (BillMode == CustomerMode || BillMode == SupplierMode)
     PartnerBillForm::FJXCAccount_Click();
   else
     session.desk.inform(QStringLiteral("不退确定设置类型，请退出后重新设置！"));

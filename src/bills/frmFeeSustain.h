@@ -15,18 +15,21 @@ public:
 protected:
   void Form_Load() override;
   QList<SaveCheck> saveChecks() const override;
-  QStringList kindValues() const override;
+  QList<Statement> kindValues() const override;
   void InitLineGrid() override;
   void fillOwnFields(const Recordset& header) override;
-  QString billListClause() const override;
-  QString rightFunction() const override { return BillMode; }
-  QString voucherKind() const override { return BillMode; }
+  Statement billListClause() const override;
+  QString rightFunction() const override { return mode(); }
+  QString voucherKind() const override { return mode(); }
   void FJXCAccount_Click() override;
-  QString partnerColumns() const override;
+  SqlLiteral partnerColumns() const override;
   bool partnerBringsSaleMan() const override { return isSupplierMode(); }
   QString noPartnerMessage() const override;
 
 private:
+  // The mode of the bill shown: BillMode, or the one that the title shows on a screen that was started for a stored bill
+  // and then asked for a new one.
+  QString mode() const;
   bool isSupplierMode() const;
   bool isCustomerMode() const;
   void showTitle();

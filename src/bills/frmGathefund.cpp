@@ -5,12 +5,11 @@
 QList<BillForm::SaveCheck> frmGathefund::saveChecks() const
 {
   return {
-      step(&frmGathefund::operatorMayEdit), step(&frmGathefund::dateIsOpen),
-      step(&frmGathefund::totalIsNotZero),  step(&frmGathefund::partnerIsNamed),
-      step(&frmGathefund::partnerIsKnown),  step(&frmGathefund::currencyIsGiven),
-      step(&frmGathefund::hasLines),        step(&frmGathefund::lineAccountsAreLeaves),
-      step(&frmGathefund::numberNewBill),   step(&frmGathefund::codeIsGiven),
-      step(&frmGathefund::codeHasPrefix),   step(&frmGathefund::voucherIsAllowed),
+      step(&frmGathefund::operatorMayEdit),  step(&frmGathefund::dateIsOpen),     step(&frmGathefund::amountsFit),
+      step(&frmGathefund::totalIsNotZero),   step(&frmGathefund::partnerIsNamed), step(&frmGathefund::partnerIsKnown),
+      step(&frmGathefund::currencyIsGiven),  step(&frmGathefund::hasLines),       step(&frmGathefund::lineAccountsAreLeaves),
+      step(&frmGathefund::numberNewBill),    step(&frmGathefund::codeIsGiven),    step(&frmGathefund::codeHasPrefix),
+      step(&frmGathefund::voucherIsAllowed),
   };
 }
 

@@ -5,6 +5,7 @@ QList<BillForm::SaveCheck> frmPayfund::saveChecks() const
   return {
       step(&frmPayfund::operatorMayEdit),
       step(&frmPayfund::dateIsOpen),
+      step(&frmPayfund::amountsFit),
       step(&frmPayfund::totalIsNotZero),
       step(&frmPayfund::partnerIsNamed),
       step(&frmPayfund::partnerIsKnown),

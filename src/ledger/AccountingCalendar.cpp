@@ -21,7 +21,7 @@ int numberOf(const QString& text)
 // The day on which an accounting month ends by the settings.
 std::optional<int> settledEndDay(Session& session, int month)
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabAccountAreaSet where DateeM=" + QString::number(month) + " ");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabAccountAreaSet where DateeM={} ", SqlNumber(month)});
   return rs.eof() ? std::nullopt : std::optional(int(rs.field("DateeD").toInteger()));
 }
 
@@ -52,15 +52,9 @@ int periodShift(Session& session, const QDate& date)
   return endOfPeriod(session, date.year(), date.month()) < date ? 1 : 0;
 }
 
-std::optional<QDate> lastClosing(Session& session, const QString& table)
+bool isClosedBy(Session& session, const char* table, const QDate& date)
 {
-  const Recordset rs = OpenRecordset(session, "select max(Datee) as Datee from " + table + " ");
-  return rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
-}
-
-bool isClosedBy(Session& session, const QString& table, const QDate& date)
-{
-  const auto closing = lastClosing(session, table);
+  const auto closing = LastClosing(session, table);
   return closing && *closing >= date;
 }
 
@@ -105,6 +99,15 @@ QString LastDayOfMonth(const Session& session, const QString& month, const QStri
   return ofMonth <= 0 ? QString() : QString::number(lastCalendarDay(session, qMin(ofMonth, 12), year));
 }
 
+std::optional<QDate> LastClosing(Session& session, const char* table)
+{
+  // A text that is not a date sorts after all dates.
+  const QDate lastOfAll(9999, 12, 31);
+  const Recordset rs = OpenRecordset(
+      session, {u"select max(Datee) as Datee from {}  where Datee<={}", SqlName(table), SqlDialect::date(session, lastOfAll)});
+  return rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
+}
+
 bool GetClosingGuard(Session& session, const QDate& date, bool showMessage)
 {
   if (!isClosedBy(session, "TabTurn", date) && !isClosedBy(session, "TabTurnDay", date))
@@ -117,9 +120,9 @@ bool GetClosingGuard(Session& session, const QDate& date, bool showMessage)
 qint16 GetNextWarrantNum(Session& session, const QDate& periodStart, const QDate& periodEnd, int book)
 {
   const QString bookText = QString::number(book);
-  const Recordset rs = OpenRecordset(session, "select Max(WarrantNum" + bookText + ") as WarrantNumm from TabWarrant " +
-                                                  " where Datee>=" + SqlDialect::date(session, periodStart) + "  and  Datee<=" +
-                                                  SqlDialect::date(session, periodEnd) + " and AccountBook" + bookText + "=1 ");
+  const Recordset rs = OpenRecordset(session, {u"select Max({}) as WarrantNumm from TabWarrant  where Datee>={}  and  Datee<={} and {}=1 ",
+                                               SqlName("WarrantNum" + bookText), SqlDialect::date(session, periodStart),
+                                               SqlDialect::date(session, periodEnd), SqlName("AccountBook" + bookText)});
   if (rs.eof() || rs.field("WarrantNumm").isNull())
     return 1;
   const std::int64_t next = rs.field("WarrantNumm").toInteger() + 1;

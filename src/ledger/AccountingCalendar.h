@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 struct Session;
 
 // Accounting months need not end with the calendar's: TabAccountAreaSet tells the last day of each.
@@ -24,6 +26,10 @@ QString GetAccountingYear(Session& session, const QDate& date);
 QString GetPeriodEndDay(Session& session, const QString& month, const QString& year);
 // The last calendar day of the month, from no table; empty for a month of 0 or less.
 QString LastDayOfMonth(const Session& session, const QString& month, const QString& year);
+
+// The last date in a table of closings (TabTurn, TabTurnDay); nothing if it has none. A text that is not a date is
+// no closing.
+std::optional<QDate> LastClosing(Session& session, const char* table);
 
 // True if the date is closed: the last stock closing or the last daily closing is on or after it.
 // Says so to the operator if asked to.

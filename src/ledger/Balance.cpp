@@ -25,24 +25,24 @@ bool hasRow(const Recordset& rs)
 
 QString mainBook(Session& session)
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabAccountantNameSet  where Main=1 ");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabAccountantNameSet  where Main=1 "});
   return hasRow(rs) ? rs.trimmed("Code") : QStringLiteral("1");
 }
 
 std::optional<QDate> lastClosing(Session& session, const QDate& date)
 {
   const Recordset rs =
-      OpenRecordset(session, QString("select max(Datee) as Dateee from TabTurn ") + " where Datee<=" + SqlDialect::date(session, date));
+      OpenRecordset(session, {u"select max(Datee) as Dateee from TabTurn  where Datee<={}", SqlDialect::date(session, date)});
   return hasRow(rs) ? DateText::parse(rs.text("Dateee")) : std::nullopt;
 }
 
 // The first row, not a sum: with all currencies taken together only one of them is opened with.
 Currency openingBalance(Session& session, const QString& code, const std::optional<QDate>& closing, const QString& moneyName)
 {
-  const QString list = isAllCurrencies(moneyName) ? "  SumMoney*MoneyRate as SumMoney  " : "  SumMoney  ";
-  const QString which = closing ? " and Datee=" + SqlDialect::date(session, *closing) : QString(" and Num=1");
-  const Recordset rs = OpenRecordset(session, "select   " + list + " from TabClientTurn   " + " where  Code='" + code + "' " + which +
-                                                  BuildBillFilter({.moneyName = moneyName}));
+  const Statement list = isAllCurrencies(moneyName) ? Statement(u"SumMoney*MoneyRate as SumMoney") : Statement(u"SumMoney");
+  const Statement which = closing ? Statement(u"Datee={}", SqlDialect::date(session, *closing)) : Statement(u"Num=1");
+  const Recordset rs = OpenRecordset(session, {u"select     {}   from TabClientTurn    where  Code='{}'  and {}{}", list, code, which,
+                                               BuildBillFilter({.moneyName = moneyName})});
   return hasRow(rs) ? Currency::ofDouble(rs.number("SumMoney")) : Currency();
 }
 
@@ -75,9 +75,9 @@ bool IsClientAccountWLHS(Session& session, const QString& code, const QString& k
   const QString column = partnerAccountColumn(kind);
   if (code.isEmpty() || column.isEmpty())
     return false;
-  const Recordset rs =
-      OpenRecordset(session, QString("select TabAccountantType.WLHS ") + " from  TabAccountantType,TabClient " + " where TabClient.Code='" +
-                                 code + "' " + " and TabClient." + column + "=TabAccountantType.Code ");
+  const Recordset rs = OpenRecordset(session, {u"select TabAccountantType.WLHS  from  TabAccountantType,TabClient "
+                                               u" where TabClient.Code='{}'  and TabClient.{}=TabAccountantType.Code ",
+                                               code, SqlName(column)});
   return hasRow(rs) && rs.number("WLHS") == 1;
 }
 

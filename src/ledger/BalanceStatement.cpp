@@ -5,23 +5,22 @@
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
-#include <QStringList>
-
 #include <array>
 
 namespace ModFuntion {
 namespace {
 
-constexpr std::array Sums = {u"SumMoneyy", u"SumCashh", u"SumCreditt", u"SumMoneyy_G", u"SumCashh_G", u"SumCreditt_G"};
-using Amounts = std::array<const char16_t*, Sums.size()>;
+constexpr std::array<SqlLiteral, 6> Sums = {u"SumMoneyy", u"SumCashh", u"SumCreditt", u"SumMoneyy_G", u"SumCashh_G", u"SumCreditt_G"};
+using Amounts = std::array<SqlLiteral, Sums.size()>;
+constexpr SqlLiteral None;
 
 enum class Source { GoodsBills, FundLines, OffsetLines, Vouchers };
 
-// One place where a partner's movements stand, and which sums they move. What moves nothing is null.
+// One kind of a partner's movements, and which sums they move. A sum that they do not move is empty.
 struct Arm {
   Source source;
-  const char16_t* of;       // the table; of offsets their SustainType; of vouchers the kind of account
-  const char16_t* accounts; // of fund lines: how the account's code begins
+  const char16_t* of;  // the table; of offsets their SustainType; of vouchers the kind of account
+  SqlLiteral accounts; // of fund lines: how the account's code begins
   Amounts amounts;
 };
 
@@ -30,96 +29,95 @@ struct Arm {
 constexpr Arm Arms[] = {
     {Source::GoodsBills, u"TabOutBill", u"", {u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
     {Source::GoodsBills, u"TabOutCancleBill", u"", {u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
-    {Source::FundLines, u"TabGathefundBillInf", u"1001", {nullptr, u"Moneyy"}},
-    {Source::FundLines, u"TabGathefundBillInf", u"1002", {nullptr, nullptr, u"Moneyy"}},
-    {Source::OffsetLines, u"客户", u"", {nullptr, nullptr, u"TabSustainInf.Moneyy"}},
+    {Source::FundLines, u"TabGathefundBillInf", u"1001", {None, u"Moneyy"}},
+    {Source::FundLines, u"TabGathefundBillInf", u"1002", {None, None, u"Moneyy"}},
+    {Source::OffsetLines, u"客户", u"", {None, None, u"TabSustainInf.Moneyy"}},
     {Source::Vouchers, u"应收", u"", {u"(Debtor-Lender)"}},
     {Source::Vouchers, u"预收", u"", {u"(Debtor-Lender)"}},
-    {Source::GoodsBills, u"TabInBill", u"", {nullptr, nullptr, nullptr, u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
-    {Source::GoodsBills, u"TabInCancleBill", u"", {nullptr, nullptr, nullptr, u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
-    {Source::FundLines, u"TabPayfundBillInf", u"1001", {nullptr, nullptr, nullptr, nullptr, u"Moneyy"}},
-    {Source::FundLines, u"TabPayfundBillInf", u"1002", {nullptr, nullptr, nullptr, nullptr, nullptr, u"Moneyy"}},
-    {Source::OffsetLines, u"供应商", u"", {nullptr, nullptr, nullptr, nullptr, nullptr, u"TabSustainInf.Moneyy"}},
-    {Source::Vouchers, u"预付", u"", {nullptr, nullptr, nullptr, u"(Lender-Debtor)"}},
-    {Source::Vouchers, u"应付", u"", {nullptr, nullptr, nullptr, u"(Lender-Debtor)"}},
+    {Source::GoodsBills, u"TabInBill", u"", {None, None, None, u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
+    {Source::GoodsBills, u"TabInCancleBill", u"", {None, None, None, u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
+    {Source::FundLines, u"TabPayfundBillInf", u"1001", {None, None, None, None, u"Moneyy"}},
+    {Source::FundLines, u"TabPayfundBillInf", u"1002", {None, None, None, None, None, u"Moneyy"}},
+    {Source::OffsetLines, u"供应商", u"", {None, None, None, None, None, u"TabSustainInf.Moneyy"}},
+    {Source::Vouchers, u"预付", u"", {None, None, None, u"(Lender-Debtor)"}},
+    {Source::Vouchers, u"应付", u"", {None, None, None, u"(Lender-Debtor)"}},
 };
 
-// What all arms of one source have in common: its days, its currency, its audit.
+// What all arms of one source have in common: their days, their currency, their audit.
 struct Scopes {
-  QString bills; // of tables that stand alone
-  QString offsets;
-  QString vouchers;
+  Statement bills; // of tables that are asked alone
+  Statement offsets;
+  Statement vouchers;
 };
 
-// The days of the movements. A closing on the day asked for has taken all of it in: nothing is left.
-QString range(const MovementQuestion& question, const QString& prefix, const QString& after, const QString& until)
+// The days of the movements. A closing on the very day of the balance leaves nothing to add.
+Statement range(const Session& session, const MovementQuestion& question, SqlLiteral dateColumn)
 {
-  const QString end = question.lastClosing == question.date ? "<" : "<=";
-  return QStringLiteral("    %1Datee>%2 and %1Datee%3%4").arg(prefix, after, end, until);
+  const Statement column(dateColumn);
+  const Statement after = SqlDialect::date(session, question.lastClosing);
+  const Statement until = SqlDialect::date(session, question.date);
+  return question.lastClosing == question.date ? Statement(u"{}>{} and {}<{}", column, after, column, until)
+                                               : Statement(u"{}>{} and {}<={}", column, after, column, until);
 }
 
 Scopes scopesOf(const Session& session, const MovementQuestion& question)
 {
-  const QString after = SqlDialect::date(session, question.lastClosing);
-  const QString until = SqlDialect::date(session, question.date);
   const bool auditedOnly = question.auditedOnly;
-  return {range(question, {}, after, until) + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = question.moneyName}),
-          range(question, "TabSustainInf.", after, until) +
+  return {range(session, question, u"Datee") + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = question.moneyName}),
+          range(session, question, u"TabSustainInf.Datee") +
               BuildBillFilter({.table = "TabSustainInf", .auditedOnly = auditedOnly, .moneyName = question.moneyName}),
-          range(question, "TabWarrant.", after, until) + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
+          range(session, question, u"TabWarrant.Datee") + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
               BuildBillFilter({.table = "TabWarrantInf", .moneyName = question.moneyName})};
 }
 
-void appendSelectList(QString& sql, const Arm& arm, QStringView rate)
+Statement selectList(const Arm& arm, SqlLiteral rate)
 {
-  sql += u"select ";
-  for (std::size_t i = 0; i < Sums.size(); ++i) {
-    if (i > 0)
-      sql += u", ";
-    if (arm.amounts[i])
-      sql.append(u" sum(").append(QStringView(arm.amounts[i])).append(rate).append(u')');
-    else
-      sql += u'0';
-    sql.append(u" as ").append(QStringView(Sums[i]));
-  }
+  QList<Statement> sums;
+  for (std::size_t i = 0; i < Sums.size(); ++i)
+    sums.append(arm.amounts[i].isEmpty() ? Statement(u"0 as {}", Statement(Sums[i]))
+                                         : Statement(u"sum({}{}) as {}", Statement(arm.amounts[i]), Statement(rate), Statement(Sums[i])));
+  return Statement::joined(sums, u", ");
 }
 
-// The values are put in all at once: whatever a partner's code holds stays a value.
-QString goodsBills(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement goodsBills(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return QStringLiteral(" from %1  where UnitCode='%2' and State='正常'    and  %3").arg(QStringView(arm.of), question.code, scopes.bills);
+  return {u" from {}  where UnitCode='{}' and State='正常'    and  {}", SqlName(QString::fromUtf16(arm.of)), question.code, scopes.bills};
 }
 
-QString fundLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement fundLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return QStringLiteral(" from %1  where UnitCode='%2'  and AccountantCode like '%3%'   and  %4  and  State='正常'")
-      .arg(QStringView(arm.of), question.code, QStringView(arm.accounts), scopes.bills);
+  return {u" from {}  where UnitCode='{}'  and AccountantCode like '{}%'   and  {}  and  State='正常'", SqlName(QString::fromUtf16(arm.of)),
+          question.code, arm.accounts.view().toString(), scopes.bills};
 }
 
-QString offsetLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement offsetLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
-  return QStringLiteral(" from TabSustainInf,TabSustain  where TabSustainInf.UnitCode='%1'   and  %2"
-                        "  and  TabSustainInf.State='正常'  and  TabSustain.SustainType='%3'"
-                        "  and  TabSustain.Code=TabSustainInf.Code")
-      .arg(question.code, scopes.offsets, QStringView(arm.of));
+  return {u" from TabSustainInf,TabSustain  where TabSustainInf.UnitCode='{}'   and  {}"
+          u"  and  TabSustainInf.State='正常'  and  TabSustain.SustainType='{}'"
+          u"  and  TabSustain.Code=TabSustainInf.Code",
+          question.code, scopes.offsets, QString::fromUtf16(arm.of)};
 }
 
 // Vouchers made by hand: those of bills would count a movement twice.
-QString vouchers(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement vouchers(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
   const QString kind = QString::fromUtf16(arm.of);
   const bool keptByPartners = IsClientAccountWLHS(session, question.code, kind);
-  return QStringLiteral(" from  TabWarrant,TabWarrantInf ,TabAccountantType,TabClient "
-                        " where (TabWarrant.JXCBillCode='' or %1)   and %2"
-                        " and  TabAccountantType.Code =TabClient.%3   and TabClient.Code=  '%4' %5"
-                        " and TabWarrant.Code=TabWarrantInf.BillCode "
-                        " and TabWarrantInf.AccountantCode=TabAccountantType.Code "
-                        " and TabWarrant.AccountBook%6=1  ")
-      .arg(SqlDialect::isNull(session, "TabWarrant.JXCBillCode"), scopes.vouchers, partnerAccountColumn(kind), question.code,
-           keptByPartners ? QString(" and TabWarrantInf.WLHS=  '" + question.code + "' ") : QString(), question.book);
+  return {u" from  TabWarrant,TabWarrantInf ,TabAccountantType,TabClient "
+          u" where (TabWarrant.JXCBillCode='' or {})   and {}"
+          u" and  TabAccountantType.Code =TabClient.{}   and TabClient.Code=  '{}' {}"
+          u" and TabWarrant.Code=TabWarrantInf.BillCode "
+          u" and TabWarrantInf.AccountantCode=TabAccountantType.Code "
+          u" and TabWarrant.{}=1  ",
+          SqlDialect::isNull(session, u"TabWarrant.JXCBillCode"),
+          scopes.vouchers,
+          SqlName(partnerAccountColumn(kind)),
+          question.code,
+          keptByPartners ? Statement(u" and TabWarrantInf.WLHS=  '{}' ", question.code) : Statement(),
+          SqlName("AccountBook" + question.book)};
 }
 
-QString fromWhere(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement fromWhere(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
 {
   switch (arm.source) {
   case Source::GoodsBills: return goodsBills(question, scopes, arm);
@@ -130,14 +128,14 @@ QString fromWhere(Session& session, const MovementQuestion& question, const Scop
   return {};
 }
 
-QStringView rateOf(const MovementQuestion& question, const Arm& arm)
+SqlLiteral rateOf(const MovementQuestion& question, const Arm& arm)
 {
   if (!isAllCurrencies(question.moneyName))
     return {};
-  return arm.source == Source::OffsetLines ? QStringView(u"*TabSustainInf.MoneyRate") : QStringView(u"*MoneyRate");
+  return arm.source == Source::OffsetLines ? SqlLiteral(u"*TabSustainInf.MoneyRate") : SqlLiteral(u"*MoneyRate");
 }
 
-// In inventory kept apart from finance, vouchers are none of the partner's bills.
+// In inventory kept separately from finance, vouchers do not count.
 bool takesPart(const Session& session, const MovementQuestion& question, const Arm& arm)
 {
   return arm.source != Source::Vouchers || (!question.code.isEmpty() && !session.params.IsJXC);
@@ -145,23 +143,17 @@ bool takesPart(const Session& session, const MovementQuestion& question, const A
 
 } // namespace
 
-QString movementStatement(Session& session, const MovementQuestion& question)
+Statement movementStatement(Session& session, const MovementQuestion& question)
 {
   const Scopes scopes = scopesOf(session, question);
-  QString sql = QStringLiteral("select sum(SumMoneyy) as SumMoneyy,  sum(SumCashh) as SumCashh,  sum(SumCreditt) as SumCreditt,  "
-                               " sum(SumMoneyy_G) as SumMoneyy_G,  sum(SumCashh_G) as SumCashh_G,  sum(SumCreditt_G) as SumCreditt_G   "
-                               " from ( ");
-  bool isFirst = true;
-  for (const Arm& arm : Arms) {
-    if (!takesPart(session, question, arm))
-      continue;
-    if (!isFirst)
-      sql += u" union all  ";
-    isFirst = false;
-    appendSelectList(sql, arm, rateOf(question, arm));
-    sql += fromWhere(session, question, scopes, arm);
-  }
-  return sql += u" ) tmpTab ";
+  QList<Statement> arms;
+  for (const Arm& arm : Arms)
+    if (takesPart(session, question, arm))
+      arms.append({u"select {}{}", selectList(arm, rateOf(question, arm)), fromWhere(session, question, scopes, arm)});
+  return {u"select sum(SumMoneyy) as SumMoneyy,  sum(SumCashh) as SumCashh,  sum(SumCreditt) as SumCreditt,  "
+          u" sum(SumMoneyy_G) as SumMoneyy_G,  sum(SumCashh_G) as SumCashh_G,  sum(SumCreditt_G) as SumCreditt_G   "
+          u" from ( {} ) tmpTab ",
+          Statement::joined(arms, u" union all  ")};
 }
 
 QString partnerAccountColumn(const QString& kind)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <QDate>
 #include <QString>
 
@@ -20,7 +22,7 @@ struct MovementQuestion {
 // One statement for all movements of a partner between two days, over every table that moves what he
 // owes. It gives one row of six sums: SumMoneyy, SumCashh, SumCreditt of the sales side, and the same
 // with "_G" of the purchase side. A sum is null if nothing moved.
-QString movementStatement(Session& session, const MovementQuestion& question);
+Statement movementStatement(Session& session, const MovementQuestion& question);
 
 // The column of TabClient that names the partner's account of a kind ("应收", "预收", "应付",
 // "预付"); empty for any other kind.

@@ -12,7 +12,7 @@ QString GetNextBillCode(Session& session, const QString& prefix, const QString& 
 {
   const QDate today = session.machine.today();
   const QString head = Trim(prefix) + today.toString("yyyyMMdd");
-  const Recordset rs = OpenRecordset(session, "select max(Code) as Codee from " + table + " " + " where Code like '" + head + "%' ");
+  const Recordset rs = OpenRecordset(session, {u"select max(Code) as Codee from {}  where Code like '{}%' ", SqlName(table), head});
   const QString highest = rs.eof() ? QString() : rs.trimmed("Codee");
   if (highest.isEmpty())
     return head + "0001";

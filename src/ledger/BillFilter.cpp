@@ -22,35 +22,44 @@ bool isGiven(const QString& value)
   return !Trim(value).isEmpty();
 }
 
-QString attributeClause(const BillFilter& filter, const QString& prefix)
+// A column as the filter's table has it.
+Statement columnOf(const BillFilter& filter, const char* column)
+{
+  return filter.table.isEmpty() ? Statement(u"{}", SqlName(column)) : Statement(u"{}.{}", SqlName(filter.table), SqlName(column));
+}
+
+Statement attributeClause(const BillFilter& filter)
 {
   if (!isGiven(filter.AttributeCode))
     return {};
-  const QString column = "  and  " + prefix + "AttributeCode ";
-  return filter.exactAttribute ? column + " like '" + filter.AttributeCode + "%' " : column + "= '" + filter.AttributeCode + "' ";
+  const Statement column = columnOf(filter, "AttributeCode");
+  return filter.exactAttribute ? Statement(u"  and  {}  like '{}%' ", column, filter.AttributeCode)
+                               : Statement(u"  and  {} = '{}' ", column, filter.AttributeCode);
 }
 
-QString auditedClause(const BillFilter& filter, const QString& prefix)
+Statement auditedClause(const BillFilter& filter)
 {
-  return filter.auditedOnly && filter.table != u"TabWarehouseTurn" ? "  and  " + prefix + "Auditing <> '' " : QString();
+  if (!filter.auditedOnly || filter.table == u"TabWarehouseTurn")
+    return {};
+  return {u"  and  {} <> '' ", columnOf(filter, "Auditing")};
 }
 
-QString currencyClause(const BillFilter& filter, const QString& prefix)
+Statement currencyClause(const BillFilter& filter)
 {
-  const bool isOne = isGiven(filter.moneyName) && !isAllCurrencies(filter.moneyName);
-  return isOne ? "  and  " + prefix + "MoneyName = '" + filter.moneyName + "' " : QString();
+  if (!isGiven(filter.moneyName) || isAllCurrencies(filter.moneyName))
+    return {};
+  return {u"  and  {} = '{}' ", columnOf(filter, "MoneyName"), filter.moneyName};
 }
 
 } // namespace
 
-QString BuildBillFilter(const BillFilter& filter)
+Statement BuildBillFilter(const BillFilter& filter)
 {
-  const QString prefix = filter.table.isEmpty() ? QString() : filter.table + ".";
-  QString clauses = attributeClause(filter, prefix);
+  Statement clauses = attributeClause(filter);
   for (const TextColumn& column : TextColumns)
     if (const QString& value = filter.*column.value; isGiven(value))
-      clauses += "  and  " + prefix + column.name + " = '" + value + "' ";
-  return clauses + auditedClause(filter, prefix) + currencyClause(filter, prefix);
+      clauses += Statement(u"  and  {} = '{}' ", columnOf(filter, column.name), value);
+  return clauses + auditedClause(filter) + currencyClause(filter);
 }
 
 } // namespace ModFuntion

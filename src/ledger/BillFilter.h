@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "database/Statement.h"
 
 namespace ModFuntion {
 
@@ -24,7 +24,7 @@ inline bool isAllCurrencies(QStringView moneyName)
   return moneyName == u"综合本位币";
 }
 
-// The clauses of a filter, each led by "and", to stand behind a condition.
-QString BuildBillFilter(const BillFilter& filter);
+// The clauses of a filter, each led by "and", to follow a condition.
+Statement BuildBillFilter(const BillFilter& filter);
 
 } // namespace ModFuntion

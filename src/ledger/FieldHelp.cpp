@@ -19,8 +19,8 @@ bool FilterKeyPress(Desk& desk, const Key& key, const QString& allowedCharacters
 
 void FillTemplateMenu(Session& session, MenuItemArray& menu, const QString& templateType)
 {
-  Recordset rs = OpenRecordset(session, "select TabName from TabExcelTable where TabType= '" + Trim(templateType) + "' " +
-                                            " order by  OrderBy,TabName ");
+  Recordset rs =
+      OpenRecordset(session, {u"select TabName from TabExcelTable where TabType= '{}'  order by  OrderBy,TabName ", Trim(templateType)});
   for (int index = 0; !rs.eof(); rs.moveNext())
     menu.setItem(index++, rs.trimmed("TabName"));
 }

@@ -20,7 +20,7 @@ Trail walkUp(Session& session, const QString& table, const Recordset& rs)
   QString parent = rs.trimmed("ParentCode");
   const qsizetype depth = rs.text("Code").size();
   for (qsizetype step = 0; step < depth && parent != u"0"; ++step) {
-    const Recordset above = OpenRecordset(session, "select * from " + table + " Where Code='" + parent + "'");
+    const Recordset above = OpenRecordset(session, {u"select * from {} Where Code='{}'", SqlName(table), parent});
     if (above.eof())
       break;
     parent = above.trimmed("ParentCode");
@@ -49,18 +49,18 @@ std::optional<TreeTypeCode> CheckLeafRecord(Session& session, const QString& tex
 {
   if (text.isEmpty())
     return std::nullopt;
-  const QString where = field == u"Name" ? " where Name='" : " where Code='";
-  const Recordset rs = OpenRecordset(session, "select * from " + table + where + Trim(text) + "'");
+  const SqlName column(field == u"Name" ? "Name" : "Code");
+  const Recordset rs = OpenRecordset(session, {u"select * from {} where {}='{}'", SqlName(table), column, Trim(text)});
   if (rs.eof())
     return std::nullopt;
   const TreeTypeCode found{rs.text("Code"), rs.text("Name")};
-  const Recordset children = OpenRecordset(session, "select * from  " + table + " where ParentCode='" + found.Code + "'");
+  const Recordset children = OpenRecordset(session, {u"select * from  {} where ParentCode='{}'", SqlName(table), found.Code});
   return children.eof() ? std::optional(found) : std::nullopt;
 }
 
 QString GetAccountPath(Session& session, const QString& code, bool withCode)
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabAccountantType where Code='" + Trim(code) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabAccountantType where Code='{}'", Trim(code)});
   if (rs.recordCount() != 1)
     return {};
   const Trail trail = walkUp(session, "TabAccountantType", rs);
@@ -71,7 +71,7 @@ QString GetRecordPath(Session& session, const QString& table, const QString& cod
 {
   if (Trim(table).isEmpty() || Trim(code).isEmpty())
     return {};
-  const Recordset rs = OpenRecordset(session, "select * from " + Trim(table) + " where Code='" + Trim(code) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(Trim(table)), Trim(code)});
   if (rs.eof())
     return {};
   const Trail trail = walkUp(session, Trim(table), rs);
@@ -83,7 +83,8 @@ QString GetAuxiliaryValue(Session& session, const QString& kind, const QString& 
   const QString column = flagColumn(kind);
   if (column.isEmpty())
     return {};
-  const Recordset rs = OpenRecordset(session, "select " + column + " as HS from TabAccountantType where Code='" + Trim(accountCode) + "' ");
+  const Recordset rs =
+      OpenRecordset(session, {u"select {} as HS from TabAccountantType where Code='{}' ", SqlName(column), Trim(accountCode)});
   if (rs.eof())
     return {};
   const bool isOn = rs.number("HS") == 1;

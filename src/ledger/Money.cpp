@@ -21,9 +21,9 @@ QString shown(const QString& decimal, int decimals)
   }
 }
 
-float rateOf(Session& session, const QString& sql)
+float rateOf(Session& session, const Statement& statement)
 {
-  const Recordset rs = OpenRecordset(session, sql);
+  const Recordset rs = OpenRecordset(session, statement);
   return rs.eof() ? 1.0F : float(rs.number("Rate"));
 }
 
@@ -61,23 +61,23 @@ Currency MoneyOf(const QString& screenText)
 
 float GetMoneyRate(Session& session, const QString& moneyName)
 {
-  return rateOf(session, "select Rate from TabMoneyType where Name='" + Trim(moneyName) + "' ");
+  return rateOf(session, {u"select Rate from TabMoneyType where Name='{}' ", Trim(moneyName)});
 }
 
 QString GetBaseMoneyName(Session& session)
 {
-  const Recordset rs = OpenRecordset(session, "select Name from TabMoneyType where IsBWB='是' ");
+  const Recordset rs = OpenRecordset(session, {u"select Name from TabMoneyType where IsBWB='是' "});
   return rs.eof() ? QString() : rs.text("Name");
 }
 
 float GetBaseMoneyRate(Session& session)
 {
-  return rateOf(session, "select Rate from TabMoneyType where IsBWB='是' ");
+  return rateOf(session, {u"select Rate from TabMoneyType where IsBWB='是' "});
 }
 
 bool IsAuditedOnly(Session& session)
 {
-  const Recordset rs = OpenRecordset(session, QString("select IsAllow from TabSysSetNew ") + " where Name='审核单据参与核算' ");
+  const Recordset rs = OpenRecordset(session, {u"select IsAllow from TabSysSetNew  where Name='审核单据参与核算' "});
   return !rs.eof() && rs.number("IsAllow") == 1;
 }
 

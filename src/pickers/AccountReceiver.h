@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "database/Statement.h"
 
 // A form with a line grid that takes an account from the tree picker. The bill forms with lines are
 // such forms; the picker knows nothing else of them.
@@ -9,5 +9,5 @@ public:
   virtual ~AccountReceiver() = default;
 
   // Carries the account that this statement finds to the current line.
-  virtual void Txt2ToMSH(const QString& sql) = 0;
+  virtual void Txt2ToMSH(const Statement& account) = 0;
 };

@@ -8,7 +8,7 @@ namespace CodePicker {
 void pick(Session& session, Form& caller, const CodePickerCall& call)
 {
   frmCode dialog(session, caller, call);
-  dialog.FillMSH(call.sql, QString());
+  dialog.FillMSH(call.sql, {});
   session.desk.showModal(dialog);
 }
 

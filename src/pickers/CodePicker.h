@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <QString>
 
 class Form;
@@ -8,7 +10,7 @@ struct Session;
 // How a form asks for one record of a master table.
 struct CodePickerCall {
   // The first list. A refresh or a search drops it and lists `CodeTable` instead.
-  QString sql;
+  Statement sql;
   // TabClient, TabProvide, TabStuff or TabWare; with it, the caller's name decides where the choice goes.
   QString CodeTable;
   // Caption of the dialog and of the label above the list.

@@ -36,7 +36,7 @@ void put(Form& caller, const char* name, const QString& text)
 
 QString saleManOf(Session& session, const QString& code)
 {
-  const Recordset rs = OpenRecordset(session, "select SaleMan from TabClient " + QString(" where Code = '") + Trim(code) + "' ");
+  const Recordset rs = OpenRecordset(session, {u"select SaleMan from TabClient  where Code = '{}' ", Trim(code)});
   return rs.eof() ? QString() : rs.text("SaleMan");
 }
 

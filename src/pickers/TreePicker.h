@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <QString>
 
 class Form;
@@ -10,7 +12,7 @@ struct TreePickerCall {
   // TabAccountantType; any other table counts as one of warehouses.
   QString TreeTable = QStringLiteral("TabAccountantType");
   // Which rows are listed, with its leading " where "; empty for all.
-  QString TreeWhere = {};
+  Statement TreeWhere = {};
   // "转出账户", "转入账户", "收入科目", "费用科目", or empty.
   QString TreeKind = {};
   // Where the choice goes on frmFeeElseIncome: "Text2", "现金" or "银行存款".

@@ -46,7 +46,7 @@ void handOver(Form& caller, const Rule& rule, const Choice& choice)
     put(caller, rule.codeBox, choice.code);
     put(caller, rule.nameBox, choice.name);
   } else if (AccountReceiver* const receiver = dynamic_cast<AccountReceiver*>(&caller)) {
-    receiver->Txt2ToMSH("select * from TabAccountantType where Code='" + choice.code + "'");
+    receiver->Txt2ToMSH({u"select * from TabAccountantType where Code='{}'", choice.code});
   }
 }
 

@@ -16,7 +16,7 @@ namespace {
 // added to.
 struct MasterTable {
   const char16_t* name;
-  const char16_t* columns;
+  SqlLiteral columns;
   const char16_t* categories;
   const char16_t* treeTitle;
   const char16_t* categoryColumn;
@@ -79,11 +79,11 @@ void frmCode::wire()
   wireGrid();
   TreeView_Type.onNodeClick = [this](const QString& key) { TreeView_Type_NodeClick(key); };
   TreeView_Type.onNodeDoubleClick = [this](const QString&) { TreeView_Type_DblClick(); };
-  const auto searchOnEnter = [this](TextBox& box, const QString& column, const QString& ahead) {
-    box.onKey = [this, &box, column, ahead](const Key& key) {
+  const auto searchOnEnter = [this](TextBox& box, const char* column, const QString& wildcard) {
+    box.onKey = [this, &box, column, wildcard](const Key& key) {
       if (key.code != Key::Enter)
         return false;
-      search("  where " + column + "  like '" + ahead + Trim(box.text()) + "%'");
+      search({u"  where {}  like '{}{}%'", SqlName(column), wildcard, Trim(box.text())});
       return true;
     };
   };
@@ -92,7 +92,7 @@ void frmCode::wire()
   searchOnEnter(TxtZJF, "ZJF", "%");
   CmdOK.onClick = [this] { CmdOK_Click(); };
   CmdAdd.onClick = [this] { CmdAdd_Click(); };
-  CmdRefresh.onClick = [this] { RefreshList(QString()); };
+  CmdRefresh.onClick = [this] { RefreshList({}); };
   CmdExit.onClick = [this] { close(); };
   onKey = [this](const Key& key) {
     if (key.code == Key::Escape)
@@ -130,7 +130,7 @@ bool frmCode::listsWares() const
   return LabName.caption() == u"选择商品";
 }
 
-void frmCode::FillMSH(const QString& left, const QString& right)
+void frmCode::FillMSH(const Statement& left, const Statement& right)
 {
   BaseSql = left;
   desk().setBusy(true);
@@ -196,7 +196,7 @@ void frmCode::loadTree()
 
 void frmCode::loadCategories(const QString& table)
 {
-  for (Recordset rs = OpenRecordset(session, "select * from " + table + " order by Code "); !rs.eof(); rs.moveNext()) {
+  for (Recordset rs = OpenRecordset(session, {u"select * from {} order by Code ", SqlName(table)}); !rs.eof(); rs.moveNext()) {
     const QString key = Trim(rs.text("Code")) + "_";
     const QString shown = Trim(rs.text("Code")) + "{" + Trim(rs.text("Name")) + "}";
     if (rs.text("ParentCode") == u"0")
@@ -216,24 +216,24 @@ void frmCode::TreeView_Type_DblClick()
   const MasterTable* const table = masterTable(CodeTable);
   if (!table)
     return;
-  QString left = "select " + text(table->columns) + " from " + CodeTable + "  ";
+  Statement left(u"select {} from {}  ", Statement(table->columns), SqlName(CodeTable));
   // The top category "1" stands for all records.
   if (!TreeCode.isEmpty() && TreeCode != u"1")
-    left += " where " + text(table->categoryColumn) + " like '" + TreeCode + "%' ";
-  FillMSH(left, "order by Code ");
+    left += Statement(u" where {} like '{}%' ", SqlName(text(table->categoryColumn)), TreeCode);
+  FillMSH(left, {u"order by Code "});
 }
 
-void frmCode::RefreshList(const QString& filter)
+void frmCode::RefreshList(const Statement& filter)
 {
   if (listsWares())
-    FillMSH(" select Code,Name,Spec,Unite,ZJF from " + CodeTable + "  ", "  " + filter + "order by Code ");
+    FillMSH({u" select Code,Name,Spec,Unite,ZJF from {}  ", SqlName(CodeTable)}, {u"  {}order by Code ", filter});
   else if (!CodeTable.isEmpty())
-    FillMSH("select Code,Name from " + CodeTable + "  ", "  " + filter + "order by Code  ");
+    FillMSH({u"select Code,Name from {}  ", SqlName(CodeTable)}, {u"  {}order by Code  ", filter});
   else
-    FillMSH(BaseSql, "  " + filter + "  order by code ");
+    FillMSH(BaseSql, {u"  {}  order by code ", filter});
 }
 
-void frmCode::search(const QString& filter)
+void frmCode::search(const Statement& filter)
 {
   RefreshList(filter);
   setFocus(MSH);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/Statement.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
 #include "screen/Grid.h"
@@ -21,7 +22,7 @@ public:
 
   // Lists what the two parts of one statement find, and loads the categories anew. RunTimeError if
   // the statement fails; the list is empty then.
-  void FillMSH(const QString& left, const QString& right);
+  void FillMSH(const Statement& left, const Statement& right);
 
 private:
   void wire();
@@ -36,8 +37,8 @@ private:
   void TreeView_Type_NodeClick(const QString& key);
   void TreeView_Type_DblClick();
 
-  void RefreshList(const QString& filter);
-  void search(const QString& filter);
+  void RefreshList(const Statement& filter);
+  void search(const Statement& filter);
   void MSH_Click();
   void CmdOK_Click();
   void CmdAdd_Click();
@@ -46,8 +47,8 @@ private:
   Form& caller;
   const QString CodeTable;
   const QString ReturnField;
-  QString BaseSql;  // what the last list was built from
-  QString TreeCode; // code of the category clicked last
+  Statement BaseSql; // what the last list was built from
+  QString TreeCode;  // code of the category clicked last
 
   Label LabName{this, "LabName"};
   Label LabListAttention{this, "LabListAttention"};

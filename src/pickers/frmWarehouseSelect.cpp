@@ -64,14 +64,14 @@ void frmWarehouseSelect::cmdLoad_Click()
 
 // FC=1 marks accounts that are out of use. The plain "and" binds to the last alternative of a WHERE
 // text that has no brackets, so that the lists of the line grids may show such accounts.
-QString frmWarehouseSelect::listStatement() const
+Statement frmWarehouseSelect::listStatement() const
 {
-  const QString order = " order by Code ";
+  const SqlName table(TreeTable);
   if (TreeTable != ChartOfAccounts)
-    return "select * from " + TreeTable + "  " + TreeWhere + " " + order;
+    return {u"select * from {}  {}  order by Code ", table, TreeWhere};
   if (TreeWhere.isEmpty())
-    return "select * from " + TreeTable + " where FC<>1  " + order;
-  return "select * from " + TreeTable + " " + TreeWhere + " and  FC<>1  " + order;
+    return {u"select * from {} where FC<>1   order by Code ", table};
+  return {u"select * from {} {} and  FC<>1   order by Code ", table, TreeWhere};
 }
 
 void frmWarehouseSelect::loadNodes()
@@ -112,7 +112,7 @@ void frmWarehouseSelect::Select()
     desk().inform(QStringLiteral("不允许选择根目录！"));
     return;
   }
-  const Recordset rs = OpenRecordset(session, "select Name from " + TreeTable + " where Code='" + code + "'");
+  const Recordset rs = OpenRecordset(session, {u"select Name from {} where Code='{}'", SqlName(TreeTable), code});
   const QString name = rs.eof() ? QString() : rs.text("Name");
   TreeWriteBack::write(caller, {TreeTable, TreeKind, TreeTarget, code, name});
   close();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/Statement.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
 #include "screen/Tree.h"
@@ -24,7 +25,7 @@ public:
 
 private:
   void wire();
-  QString listStatement() const;
+  Statement listStatement() const;
   void loadNodes();
   void addRoot(const QString& code);
   void Select();
@@ -33,7 +34,7 @@ private:
   Session& session;
   Form& caller;
   const QString TreeTable;
-  const QString TreeWhere;
+  const Statement TreeWhere;
   const QString TreeKind;
   QString TreeTarget; // where the choice goes, and the label of a root that the list does not hold
 

@@ -101,7 +101,7 @@ void printFile(Session& session, const Job& job, const QString& path)
 
 bool isStored(Session& session, const Job& job)
 {
-  return !OpenRecordset(session, "select * from " + job.headerTable + " where Code='" + Trim(job.billCode) + "'").eof();
+  return !OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(job.headerTable), Trim(job.billCode)}).eof();
 }
 
 } // namespace
@@ -115,7 +115,7 @@ QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placehol
 
 std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const QString& tabName)
 {
-  Recordset rs = OpenRecordset(session, "SELECT * FROM TabExcelTable where TabName = '" + tabName + "' ");
+  Recordset rs = OpenRecordset(session, {u"SELECT * FROM TabExcelTable where TabName = '{}' ", tabName});
   if (rs.recordCount() <= 0) {
     session.desk.ask({tabName + "  不存在！.", Desk::Icon::Warning, Desk::Buttons::Ok, QStringLiteral("错误")});
     return 0;

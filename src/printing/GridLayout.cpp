@@ -15,16 +15,10 @@ bool maySetLayouts(Session& session)
   return CheckOperateRight(session, session.params.UserName, QStringLiteral("界面列表格式设置"), RightKind::Edit);
 }
 
-QString quoted(const QString& text)
-{
-  return "'" + text + "'";
-}
-
 // A cell's alignment, font and colour as columns of the table. The grids have one font.
-QStringList looks(int alignment, int color)
+Statement looks(int alignment, int color)
 {
-  const QString no = quoted("否");
-  return {QString::number(alignment), quoted("宋体"), "9", no, no, no, QString::number(color)};
+  return {u"{},'宋体',9,'否','否','否',{}", SqlNumber(alignment), SqlNumber(color)};
 }
 
 } // namespace
@@ -47,7 +41,7 @@ bool FDeleteMSHFormat_Click(Session& session, const QString& screenTitle)
 {
   if (!maySetLayouts(session) || !session.desk.confirm("删除当前界面格式设置吗？", Desk::Icon::Question))
     return false;
-  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + keyOf(screenTitle) + "'");
+  OpenRecordset(session, {u"delete from TabPrintMSHSet where TabName='{}'", keyOf(screenTitle)});
   session.desk.inform(QStringLiteral("删除成功！"));
   return true;
 }
@@ -55,14 +49,13 @@ bool FDeleteMSHFormat_Click(Session& session, const QString& screenTitle)
 // The first cell of a column stands for all of its content.
 void SaveGridLayout(Session& session, Grid& grid, const QString& name)
 {
-  OpenRecordset(session, "delete from TabPrintMSHSet where TabName='" + name + "'");
+  OpenRecordset(session, {u"delete from TabPrintMSHSet where TabName='{}'", name});
   const int contentRow = grid.rows() > 1 ? 1 : 0;
   for (int col = 0; col < grid.cols(); ++col) {
     grid.setCurrent(contentRow, col);
-    const QStringList values =
-        QStringList{quoted(name), QString::number(col), QString::number(grid.colWidth(col)), quoted(grid.text(0, col))} +
-        looks(grid.colAlignment(col), grid.cellColor(0, col)) + looks(grid.colAlignment(col), grid.cellColor(contentRow, col));
-    OpenRecordset(session, "insert into  TabPrintMSHSet values (" + values.join(',') + ")");
+    OpenRecordset(session, {u"insert into  TabPrintMSHSet values ('{}',{},{},'{}',{},{})", name, SqlNumber(col),
+                            SqlNumber(grid.colWidth(col)), grid.text(0, col), looks(grid.colAlignment(col), grid.cellColor(0, col)),
+                            looks(grid.colAlignment(col), grid.cellColor(contentRow, col))});
   }
   session.desk.inform(QStringLiteral("保存成功！"));
 }

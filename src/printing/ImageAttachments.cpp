@@ -22,12 +22,12 @@ void OpenBillImages(Session& session, const QString& billCode, const QString& bi
   if (table.isEmpty())
     return session.desk.inform(QStringLiteral("不能确定单据对应的表名，图文管理失败！"));
   const QString code = Trim(billCode);
-  if (OpenRecordset(session, "select Code from " + table + " where Code='" + code + "'").eof())
+  if (OpenRecordset(session, {u"select Code from {} where Code='{}'", SqlName(table), code}).eof())
     return session.desk.inform(QStringLiteral("尚未保存数据，请先保存数据后重新操作图文功能！"));
   Mod_ZORVEKMain::RunSiblingProgram(session, imageKind(billName), {imageKind(billName), code});
 }
 
 void DeleteBillImages(Session& session, const QString& billCode, const QString& billName)
 {
-  OpenRecordset(session, " delete  from TabImg where BillCode='" + Trim(billCode) + "'" + " and Type='" + imageKind(billName) + "' ");
+  OpenRecordset(session, {u" delete  from TabImg where BillCode='{}' and Type='{}' ", Trim(billCode), imageKind(billName)});
 }

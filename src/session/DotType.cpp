@@ -5,10 +5,11 @@
 
 namespace {
 
-qint16 loadDecimals(Session& session, const QString& sql)
+qint16 loadDecimals(Session& session, const Statement& statement)
 {
-  const Recordset rs = OpenRecordset(session, sql);
-  return rs.eof() ? qint16(-3) : qint16(rs.field("Num").toInteger());
+  const Recordset rs = OpenRecordset(session, statement);
+  const Value decimals = rs.eof() ? Value() : rs.field("Num");
+  return decimals.isNull() ? qint16(-3) : qint16(decimals.toInteger());
 }
 
 } // namespace
@@ -16,8 +17,8 @@ qint16 loadDecimals(Session& session, const QString& sql)
 DotType LoadDotSet(Session& session)
 {
   DotType dots;
-  dots.DotPrice = loadDecimals(session, "select * from TabDotSet where Name='单价型' ");
-  dots.DotNumber = loadDecimals(session, "select * from TabDotSet where Name='数值型' ");
-  dots.DotMoney = loadDecimals(session, "select * from TabDotSet where Name='金额型' or Name='货币型' ");
+  dots.DotPrice = loadDecimals(session, {u"select * from TabDotSet where Name='单价型' "});
+  dots.DotNumber = loadDecimals(session, {u"select * from TabDotSet where Name='数值型' "});
+  dots.DotMoney = loadDecimals(session, {u"select * from TabDotSet where Name='金额型' or Name='货币型' "});
   return dots;
 }

@@ -9,6 +9,9 @@ namespace {
 // All account sets of the family that are files share it.
 constexpr char FilePassword[] = "qp7ezm4tw2hx9c";
 
+// The number under which a statement is reported that a value would have changed.
+constexpr int ChangedShape = -2147217900;
+
 QString serverText(const SessionParams& params)
 {
   const QString port = Trim(params.ConPortNum).isEmpty() ? QStringLiteral("1433") : params.ConPortNum;
@@ -35,6 +38,27 @@ void showError(Session& session, const DatabaseError& error)
   session.desk.ask({"Error:" + QString::number(error.number) + "\r\n" + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
 }
 
+std::unique_ptr<DatabaseError> tryToOpen(Session& session)
+{
+  return session.connection.isOpen() ? nullptr : session.connection.open(GetConnectionString(session));
+}
+
+// The statement's outcome; its error has been shown.
+Connection::Outcome run(Session& session, const Statement& statement)
+{
+  Connection::Outcome outcome;
+  outcome.error = tryToOpen(session);
+  if (!outcome.error) {
+    if (const QString value = statement.violation(); !value.isEmpty())
+      outcome.error.reset(new DatabaseError{ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value.left(60)});
+    else
+      outcome = session.connection.run(statement.sql());
+  }
+  if (outcome.error)
+    showError(session, *outcome.error);
+  return outcome;
+}
+
 } // namespace
 
 QString GetConnectionString(Session& session)
@@ -57,18 +81,14 @@ QString GetConnectionString(Session& session)
   return {};
 }
 
-Recordset OpenRecordset(Session& session, const QString& sql)
+Recordset OpenRecordset(Session& session, const Statement& statement)
 {
-  if (!session.connection.isOpen()) {
-    if (const auto error = session.connection.open(GetConnectionString(session))) {
-      showError(session, *error);
-      return {};
-    }
-  }
-  Connection::Outcome outcome = session.connection.run(sql);
-  if (outcome.error)
-    showError(session, *outcome.error);
-  return std::move(outcome.recordset);
+  return std::move(run(session, statement).recordset);
+}
+
+bool Execute(Session& session, const Statement& statement)
+{
+  return !run(session, statement).error;
 }
 
 void CloseConnection(Session& session)
@@ -78,24 +98,24 @@ void CloseConnection(Session& session)
 
 namespace SqlDialect {
 
-QString date(const Session& session, const QDate& date)
+Statement date(const Session& session, const QDate& date)
 {
   return SqlDialect::date(session, DateText::shortForm(date));
 }
 
-QString date(const Session& session, const QString& dateText)
+Statement date(const Session& session, const QString& dateText)
 {
-  return session.params.IsAccessSQL ? "#" + dateText + "#" : "'" + dateText + "'";
+  return session.params.IsAccessSQL ? Statement(u"#{}#", dateText) : Statement(u"'{}'", dateText);
 }
 
-QString integer(const Session& session, const QString& column)
+Statement integer(const Session& session, SqlLiteral column)
 {
-  return session.params.IsAccessSQL ? "cint(" + column + ")" : "convert(int," + column + ")";
+  return session.params.IsAccessSQL ? Statement(u"cint({})", Statement(column)) : Statement(u"convert(int,{})", Statement(column));
 }
 
-QString isNull(const Session& session, const QString& column)
+Statement isNull(const Session& session, SqlLiteral column)
 {
-  return session.params.IsAccessSQL ? "isnull(" + column + ")" : column + " is null";
+  return session.params.IsAccessSQL ? Statement(u"isnull({})", Statement(column)) : Statement(u"{} is null", Statement(column));
 }
 
 } // namespace SqlDialect

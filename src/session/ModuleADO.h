@@ -1,22 +1,27 @@
 #pragma once
 
 #include "database/Recordset.h"
+#include "database/Statement.h"
 
 #include <QDate>
 #include <QString>
 
 struct Session;
 
-// The only road to the database. Every statement of the program, writes included, is SQL text built
-// by the routine that needs it and goes through OpenRecordset; there is no transaction anywhere.
+// The only entry point to the database. Every statement of the program, writes included, is built by the
+// routine that needs it and goes through OpenRecordset; there is no transaction anywhere.
 
 // The connection text of the session, after a warning if the account set or the server is not told.
 QString GetConnectionString(Session& session);
 
-// Runs one statement, opening the connection first if it is not open. A failure shows "Error:" with
-// number and description and gives a recordset that is not open: reading that throws, while an
-// insert, update or delete that failed lets the caller go on with its next step.
-Recordset OpenRecordset(Session& session, const QString& sql);
+// Runs one statement, opening the connection first if it is not open. A statement whose shape a value has
+// changed is not run. A failure shows "Error:" with number and description and returns a recordset that is not
+// open: reading that throws, while an insert, update or delete that failed lets the caller go on with its
+// next step.
+Recordset OpenRecordset(Session& session, const Statement& statement);
+
+// The same for an insert, update or delete whose outcome counts: false if it failed.
+bool Execute(Session& session, const Statement& statement);
 
 // Closes the connection, as a screen does when it goes; the next statement opens it again.
 void CloseConnection(Session& session);
@@ -26,11 +31,11 @@ void CloseConnection(Session& session);
 namespace SqlDialect {
 
 // "#2022-06-08#" or "'2022-06-08'".
-QString date(const Session& session, const QDate& date);
-QString date(const Session& session, const QString& dateText);
+Statement date(const Session& session, const QDate& date);
+Statement date(const Session& session, const QString& dateText);
 // "cint(DateeY)" or "convert(int,DateeY)".
-QString integer(const Session& session, const QString& column);
+Statement integer(const Session& session, SqlLiteral column);
 // "isnull(x)" or "x is null".
-QString isNull(const Session& session, const QString& column);
+Statement isNull(const Session& session, SqlLiteral column);
 
 } // namespace SqlDialect

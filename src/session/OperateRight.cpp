@@ -26,8 +26,8 @@ bool isAllowed(Session& session, const QString& operatorName, const QString& fun
   const QString column = allowColumn(kind);
   if (operatorName.isEmpty() || functionName.isEmpty() || column.isEmpty())
     return false;
-  const Recordset rs = OpenRecordset(session, "select " + column + " as Allow from TabOperateRight " + " where UserName='" +
-                                                  Trim(operatorName) + "'" + " and FunctionName='" + Trim(functionName) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select {} as Allow from TabOperateRight  where UserName='{}' and FunctionName='{}'",
+                                               SqlName(column), Trim(operatorName), Trim(functionName)});
   return !rs.eof() && rs.number("Allow") == 1;
 }
 
@@ -56,8 +56,8 @@ bool CheckCloudAccountLogin(Session& session)
     return false;
   }
   const QString localCode = Trim(GetTerminalCode(session));
-  const Recordset rs = OpenRecordset(session, "select UserCode from TabCloudAccountLoginInf  where Account='" + params.CloudAccount + "' " +
-                                                  " and Account2='" + params.CloudAccount2 + "' ");
+  const Recordset rs = OpenRecordset(session, {u"select UserCode from TabCloudAccountLoginInf  where Account='{}'  and Account2='{}' ",
+                                               params.CloudAccount, params.CloudAccount2});
   const QString storedCode = rs.eof() ? QString() : rs.trimmed("UserCode");
   if (!storedCode.isEmpty() && storedCode == localCode)
     return true;

@@ -3,53 +3,53 @@
 namespace BenchQuery {
 namespace {
 
-QString whereAll(const QStringList& conditions)
+Statement whereAll(const QList<Statement>& conditions)
 {
-  return conditions.isEmpty() ? QString() : " where " + conditions.join(" and ");
+  return conditions.isEmpty() ? Statement() : Statement(u" where {}", Statement::joined(conditions, u" and "));
 }
 
-QString linkedColumns()
-{
-  return QString("select    ") + "  tmpInOutBill.Code as InOutBillCode " + ", tmpInOutBill.BillType as BillType " +
-         ",tmpInOutBill.Datee as BillDatee" + ",tmpInOutBill.UnitCode as BillUnitCode" + ",tmpInOutBill.UnitName as BillUnitName" +
-         ",tmpInOutBill.Remark as BillReamrk" + ",tmpInOutBill.SumMoney as BillSumMoney" + ",tmpInOutBill.YHXMoney as YHXMoney" +
-         ",tmpSFKRecordBill.HXMoney as HXMoney" + ",tmpSFKRecordBill.HXMoney as BCHXMoney" + ",0 as WHXMoney";
-}
+constexpr SqlLiteral LinkedColumns = u"tmpInOutBill.Code as InOutBillCode , tmpInOutBill.BillType as BillType "
+                                     u",tmpInOutBill.Datee as BillDatee,tmpInOutBill.UnitCode as BillUnitCode"
+                                     u",tmpInOutBill.UnitName as BillUnitName,tmpInOutBill.Remark as BillReamrk"
+                                     u",tmpInOutBill.SumMoney as BillSumMoney,tmpInOutBill.YHXMoney as YHXMoney"
+                                     u",tmpSFKRecordBill.HXMoney as HXMoney,tmpSFKRecordBill.HXMoney as BCHXMoney,0 as WHXMoney";
 
-QString goodsBills(const QString& table, const QStringList& conditions)
+// The goods bills that the links are joined to.
+Statement goodsBills(const QString& table, const QList<Statement>& conditions)
 {
-  return QString(" (select Code,BillType,Datee,UnitCode,UnitName,Remark,SumMoney ") + " ,(SumMoney-Cash-Credit) as YHXMoney " + "  from " +
-         table + " " + whereAll(conditions) + " ) tmpInOutBill, ";
+  return {
+      u" (select Code,BillType,Datee,UnitCode,UnitName,Remark,SumMoney  ,(SumMoney-Cash-Credit) as YHXMoney   from {} {} ) tmpInOutBill",
+      SqlName(table), whereAll(conditions)};
 }
-
-constexpr char LinkedByCode[] = " where tmpInOutBill.Code=tmpSFKRecordBill.InOutBillCode ";
 
 } // namespace
 
-QString openBills(const QString& table, const QStringList& conditions)
+Statement openBills(const QString& table, const QList<Statement>& conditions)
 {
-  return QString("select     ") + "  Code as InOutBillCode " + ", BillType as BillType " + ",Datee as BillDatee" +
-         ",UnitCode as BillUnitCode" + ",UnitName as BillUnitName" + ",Remark as BillReamrk" + ",SumMoney as BillSumMoney" +
-         ",SumMoney as YHXMoney" + ",0 as HXMoney" + ",0 as BCHXMoney" + ",0 as WHXMoney" + " from " + table + " " + whereAll(conditions) +
-         "order by UnitCode,Datee ";
+  return {u"select       Code as InOutBillCode , BillType as BillType ,Datee as BillDatee,UnitCode as BillUnitCode"
+          u",UnitName as BillUnitName,Remark as BillReamrk,SumMoney as BillSumMoney,SumMoney as YHXMoney"
+          u",0 as HXMoney,0 as BCHXMoney,0 as WHXMoney from {} {}order by UnitCode,Datee ",
+          SqlName(table), whereAll(conditions)};
 }
 
-QString linksOf(const QString& SFKBillCode)
+Statement linksOf(const QString& SFKBillCode)
 {
-  return QString("select * from  TabSFKHeXiao ") + " where SFKBillCode='" + SFKBillCode + "' ";
+  return {u"select * from  TabSFKHeXiao  where SFKBillCode='{}' ", SFKBillCode};
 }
 
-QString ownLinks(const QString& table, const QString& SFKBillCode)
+Statement ownLinks(const QString& table, const QString& SFKBillCode)
 {
-  return linkedColumns() + " from " + goodsBills(table, {}) + " (select InOutBillCode,SFKBillCode, HXMoney from TabSFKHeXiao " +
-         "  where SFKBillCode='" + SFKBillCode + "' ) tmpSFKRecordBill " + LinkedByCode;
+  return {u"select      {} from {},  (select InOutBillCode,SFKBillCode, HXMoney from TabSFKHeXiao   where SFKBillCode='{}' ) "
+          u"tmpSFKRecordBill  where tmpInOutBill.Code=tmpSFKRecordBill.InOutBillCode ",
+          Statement(LinkedColumns), goodsBills(table, {}), SFKBillCode};
 }
 
-QString allLinks(const QString& table, const QStringList& conditions, const QString* onlyOf)
+Statement allLinks(const QString& table, const QList<Statement>& conditions, const QString* onlyOf)
 {
-  return linkedColumns() + ",tmpSFKRecordBill.SFKBillCode as SFKBillCode" + ",tmpSFKRecordBill.SFKBillDatee as SFKBillDatee" + " from " +
-         goodsBills(table, conditions) + " (select InOutBillCode,SFKBillCode, HXMoney,SFKBillDatee from TabSFKHeXiao " +
-         (onlyOf ? "  where SFKBillCode='" + *onlyOf + "' " : QString()) + " ) tmpSFKRecordBill   " + LinkedByCode;
+  return {u"select      {},tmpSFKRecordBill.SFKBillCode as SFKBillCode,tmpSFKRecordBill.SFKBillDatee as SFKBillDatee"
+          u" from {},  (select InOutBillCode,SFKBillCode, HXMoney,SFKBillDatee from TabSFKHeXiao {} ) tmpSFKRecordBill   "
+          u" where tmpInOutBill.Code=tmpSFKRecordBill.InOutBillCode ",
+          Statement(LinkedColumns), goodsBills(table, conditions), onlyOf ? Statement(u"  where SFKBillCode='{}' ", *onlyOf) : Statement()};
 }
 
 } // namespace BenchQuery

@@ -52,13 +52,7 @@ QString GoodsLineForm::lineTable() const
   return table.isEmpty() ? "TabOutBillInf" : table;
 }
 
-QString GoodsLineForm::Source::fromWhere() const
-{
-  return " from  " + header + "," + line + " " + " where  " + header + ".Code=" + line + ".BillCode" + " and  " + header + ".State='正常'" +
-         conditions;
-}
-
-QString GoodsLineForm::BuildQuerySql()
+Statement GoodsLineForm::BuildQuerySql()
 {
   if (invoiceKinds().isEmpty()) {
     desk().inform("请选择发票类型！");
@@ -66,37 +60,43 @@ QString GoodsLineForm::BuildQuerySql()
   }
   if (!datesAreDates())
     return {};
-  return statement({headerTable(), lineTable(), " and  " + conditions().join(" and ")});
+  const SqlName header(headerTable());
+  const SqlName line(lineTable());
+  return statement({header,
+                    line,
+                    {u" from  {},{}  where  {}.Code={}.BillCode and  {}.State='正常' and  {}", header, line, header, line, header,
+                     Statement::joined(conditions(), u" and ")}});
 }
 
-QStringList GoodsLineForm::invoiceKinds() const
+QList<Statement> GoodsLineForm::invoiceKinds() const
 {
-  QStringList kinds;
+  QList<Statement> kinds;
   for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
     if (box->isChecked())
-      kinds.append(headerTable() + ".InvoiceType='" + box->caption() + "' ");
+      kinds.append({u"{}.InvoiceType='{}' ", SqlName(headerTable()), box->caption()});
   return kinds;
 }
 
-QStringList GoodsLineForm::conditions() const
+QList<Statement> GoodsLineForm::conditions() const
 {
-  const QString header = headerTable();
-  QStringList pieces;
+  const SqlName header(headerTable());
+  const SqlName line(lineTable());
+  QList<Statement> pieces;
   if (const QString code = Trim(TxtBillCode->text()); !code.isEmpty())
-    pieces.append(header + ".Code='" + code + "' ");
+    pieces.append({u"{}.Code='{}' ", header, code});
   if (const QString code = Trim(TxtUnitCode->text()); !code.isEmpty())
-    pieces.append(header + ".UnitCode like '" + code + "%' ");
+    pieces.append({u"{}.UnitCode like '{}%' ", header, code});
   if (const QString name = Trim(TxtUnitName->text()); !name.isEmpty())
-    pieces.append(header + ".UnitName like '" + name + "%' ");
+    pieces.append({u"{}.UnitName like '{}%' ", header, name});
   if (!Trim(TxtDateeFrom->text()).isEmpty())
-    pieces.append(dateCondition(header + ".Datee>=", *TxtDateeFrom));
+    pieces.append({u"{}.Datee>={}", header, dateOf(*TxtDateeFrom)});
   if (!Trim(TxtDateeTo->text()).isEmpty())
-    pieces.append(dateCondition(header + ".Datee<=", *TxtDateeTo));
-  pieces.append(" ( " + invoiceKinds().join("  or ") + " ) ");
+    pieces.append({u"{}.Datee<={}", header, dateOf(*TxtDateeTo)});
+  pieces.append({u" ( {} ) ", Statement::joined(invoiceKinds(), u"  or ")});
   if (CombShowType->text() == Unmatched)
-    pieces.append(lineTable() + ".GouDui<>1 ");
+    pieces.append({u"{}.GouDui<>1 ", line});
   else if (CombShowType->text() == Matched)
-    pieces.append(lineTable() + ".GouDui=1 ");
+    pieces.append({u"{}.GouDui=1 ", line});
   return pieces;
 }
 
@@ -108,14 +108,14 @@ std::span<const ListColumn> GoodsLineForm::columns() const
   return m_columns;
 }
 
-void GoodsLineForm::FillMSH(const QString& sql)
+void GoodsLineForm::FillMSH(const Statement& list)
 {
   if (columns().empty())
     return;
   desk().setBusy(true);
   emptyGrid();
   SetGridHead();
-  Recordset rs = OpenRecordset(session, sql);
+  Recordset rs = OpenRecordset(session, list);
   if (isNothing(rs))
     tellNoData();
   else

@@ -22,24 +22,21 @@ protected:
   GoodsLineForm(Session& ofSession, const ListTraits& traits, std::span<const ListColumn> columns,
                 std::span<const char* const> foreignOrders);
 
-  // The tables that the statement reads, and its conditions, each led by " and ".
+  // The tables that the statement reads, and what follows its columns: from these tables, under the conditions.
   struct Source {
-    QString header;
-    QString line;
-    QString conditions;
-
-    // The tables and the conditions as they stand behind the columns of the statement.
-    QString fromWhere() const;
+    SqlName header;
+    SqlName line;
+    Statement fromWhere;
   };
-  virtual QString statement(const Source& source) const = 0;
+  virtual Statement statement(const Source& source) const = 0;
   // True if what the statement gave is as good as nothing.
   virtual bool isNothing(const Recordset& rs) const { return rs.eof(); }
   // Shows the rows below the headings, and the totals row below them.
   virtual void showRows(Recordset& rs) = 0;
 
   void Form_Load() override { SetGridHead(); }
-  QString BuildQuerySql() override;
-  void FillMSH(const QString& sql) override;
+  Statement BuildQuerySql() override;
+  void FillMSH(const Statement& list) override;
   std::span<const ListColumn> columns() const override;
   QStringList printHead() const override;
   QString headerTable() const;
@@ -49,8 +46,8 @@ protected:
   void headTotals();
 
 private:
-  QStringList invoiceKinds() const;
-  QStringList conditions() const;
+  QList<Statement> invoiceKinds() const;
+  QList<Statement> conditions() const;
 
   const std::span<const ListColumn> m_columns;
   const std::span<const char* const> m_foreignOrders;

@@ -10,16 +10,16 @@ namespace HXLinks {
 namespace {
 
 // The one number that a statement gives, in single precision; 0 for nothing.
-float single(Session& session, const QString& sql, const QString& field)
+float single(Session& session, const Statement& statement, const QString& field)
 {
-  const Recordset rs = OpenRecordset(session, sql);
+  const Recordset rs = OpenRecordset(session, statement);
   return rs.eof() ? 0.0F : float(rs.number(field));
 }
 
 void restateHXMoney(Session& session, const QString& billCode, const QString& billType)
 {
-  OpenRecordset(session, "update " + BillTableOfType(billType) + " " + " set HXMoney= " +
-                             NumberText::ofSingle(GetBillHXSum(session, billCode)) + " " + " where Code='" + Trim(billCode) + "' ");
+  const SqlNumber sum(NumberText::ofSingle(GetBillHXSum(session, billCode)));
+  OpenRecordset(session, {u"update {}  set HXMoney= {}  where Code='{}' ", SqlName(BillTableOfType(billType)), sum, Trim(billCode)});
 }
 
 } // namespace
@@ -31,23 +31,20 @@ QString BillTableOfType(const QString& billType)
 
 float GetBillHXSum(Session& session, const QString& billCode)
 {
-  return single(session,
-                QString("select sum(HXMoney) as sumHXMoney ") + " from TabSFKHeXiao  " + " where InOutBillCode='" + billCode + "' ",
-                "sumHXMoney");
+  return single(session, {u"select sum(HXMoney) as sumHXMoney  from TabSFKHeXiao   where InOutBillCode='{}' ", billCode}, "sumHXMoney");
 }
 
 float GetBillDueMoney(Session& session, const QString& billCode, const QString& billType)
 {
   return single(session,
-                QString("select sumMoney-Cash-Credit as sumYHXMoney ") + " from " + BillTableOfType(billType) + "  " + " where Code='" +
-                    billCode + "' ",
+                {u"select sumMoney-Cash-Credit as sumYHXMoney  from {}   where Code='{}' ", SqlName(BillTableOfType(billType)), billCode},
                 "sumYHXMoney");
 }
 
 void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode)
 {
-  OpenRecordset(session, QString(" delete  ") + " from TabSFKHeXiao  " + " where InOutBillCode='" + Trim(billCode) + "' " +
-                             " and SFKBillCode='" + Trim(SFKBillCode) + "' ");
+  OpenRecordset(session,
+                {u" delete   from TabSFKHeXiao   where InOutBillCode='{}'  and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
   restateHXMoney(session, billCode, billType);
 }
 
@@ -55,9 +52,9 @@ void SaveHXRow(Session& session, const Link& link)
 {
   DeleteHXLink(session, link.billCode, link.billType, link.SFKBillCode);
   // The blank inside the quotes of the first date is part of the stored value.
-  OpenRecordset(session, QString(" insert into TabSFKHeXiao values (  ") + " ' " + DateText::shortForm(session.machine.today()) + "'  " +
-                             ", '" + link.billCode + "' " + " , '" + link.SFKBillCode + "' " + ", " + link.money + " " + ", '" +
-                             link.billDatee + "' " + " , '" + DateText::shortForm(link.SFKBillDatee) + "' " + " ) ");
+  OpenRecordset(session, {u" insert into TabSFKHeXiao values (   ' {}'  , '{}'  , '{}' , {} , '{}'  , '{}'  ) ",
+                          DateText::shortForm(session.machine.today()), link.billCode, link.SFKBillCode, SqlNumber(link.money),
+                          link.billDatee, DateText::shortForm(link.SFKBillDatee)});
   restateHXMoney(session, link.billCode, link.billType);
 }
 

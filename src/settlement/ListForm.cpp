@@ -94,7 +94,8 @@ ImageButton* ListForm::addPartnerButton(const char* name, const QString& returnF
   ImageButton* const button = add<ImageButton>(FrameCondition, name, {}, "点击选择");
   button->onClick = [this, returnField] {
     if (offersPartners())
-      CodePicker::pick(session, *this, {"select Code,Name from TabClient order by code", "TabClient", "选择往来单位", true, returnField});
+      CodePicker::pick(session, *this,
+                       {Statement(u"select Code,Name from TabClient order by code"), "TabClient", "选择往来单位", true, returnField});
   };
   return button;
 }
@@ -108,17 +109,17 @@ bool ListForm::moveOn(const Key& key)
 
 void ListForm::CmdQuery_Click()
 {
-  const QString sql = BuildQuerySql();
-  if (Trim(sql).isEmpty())
+  const Statement list = BuildQuerySql();
+  if (list.isEmpty())
     desk().inform("请设置查询条件！");
   else
-    FillMSH(sql);
+    FillMSH(list);
 }
 
 void ListForm::SetGridHead()
 {
-  Recordset layout = OpenRecordset(session, "select * from TabPrintMSHSet where TabName='" + GridLayout::keyOf(LabTabName->caption()) +
-                                                "' order by ColOrder ");
+  Recordset layout = OpenRecordset(
+      session, {u"select * from TabPrintMSHSet where TabName='{}' order by ColOrder ", GridLayout::keyOf(LabTabName->caption())});
   const auto heads = columns();
   if (heads.empty())
     return;
@@ -168,9 +169,9 @@ bool ListForm::isBlankOrDate(const TextBox& box, const QString& label)
   return false;
 }
 
-QString ListForm::dateCondition(const QString& comparison, const TextBox& box) const
+Statement ListForm::dateOf(const TextBox& box) const
 {
-  return comparison + SqlDialect::date(session, *DateText::parse(Trim(box.text())));
+  return SqlDialect::date(session, *DateText::parse(Trim(box.text())));
 }
 
 QString ListForm::textUnder(const QString& heading) const

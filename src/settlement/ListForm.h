@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/Statement.h"
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "session/Screen.h"
@@ -55,9 +56,9 @@ protected:
   ListForm(Session& ofSession, const ListTraits& traits);
 
   // The statement of the list; empty after a refusal, whose message has been shown.
-  virtual QString BuildQuerySql() = 0;
+  virtual Statement BuildQuerySql() = 0;
   // Runs the statement and shows its rows, or tells that there are none.
-  virtual void FillMSH(const QString& sql) = 0;
+  virtual void FillMSH(const Statement& list) = 0;
   // The columns of the list as it stands; none if the screen is not to be laid out at all.
   virtual std::span<const ListColumn> columns() const = 0;
   // The lines above the list on a printout.
@@ -87,8 +88,8 @@ protected:
   void emptyGrid();
   // False, after the refusal, if a date box holds something that is no date.
   bool datesAreDates();
-  // `comparison` (a column and an operator) with the date of a box behind it, as the database wants it.
-  QString dateCondition(const QString& comparison, const TextBox& box) const;
+  // The date of a box, as the database wants it.
+  Statement dateOf(const TextBox& box) const;
   // The text of the current row in the column of this heading; empty if no column has it.
   QString textUnder(const QString& heading) const;
   // True if the current row shows a bill, or a partner: it is no heading and column 1 is not blank.

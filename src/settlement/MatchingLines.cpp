@@ -79,7 +79,7 @@ void MatchingLines::nameAttributes(Session& session)
     const QString code = m_rows.value(line, m_places[AttributeCode]).toText();
     if (code.isEmpty() || m_attributes.contains(code))
       continue;
-    const Recordset rs = OpenRecordset(session, "select Name from TabAttribute where Code='" + code + "' ");
+    const Recordset rs = OpenRecordset(session, {u"select Name from TabAttribute where Code='{}' ", code});
     m_attributes.insert(code, rs.eof() ? QString() : rs.text("Name"));
   }
 }

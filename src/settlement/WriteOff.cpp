@@ -12,7 +12,7 @@ namespace {
 
 bool isStored(Session& session, const Kind& kind, const QString& code)
 {
-  return !OpenRecordset(session, QString("select * from ") + kind.headerTable + " where Code='" + Trim(code) + "'").eof();
+  return !OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(kind.headerTable), Trim(code)}).eof();
 }
 
 // The partner and the kind are the bill's; dates, state and the goods bill's code stay free.

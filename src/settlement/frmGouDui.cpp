@@ -39,13 +39,24 @@ frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits, Colu
   MSH->onClick = [this] { MSH_Click(); };
 }
 
-QString frmGouDui::statement(const Source& source) const
+Statement frmGouDui::statement(const Source& source) const
 {
-  const QString& H = source.header;
-  const QString& L = source.line;
-  return "  select " + H + ".Code as BillCode " + " ," + H + ".BillType as BillType " + " ," + H + ".Datee as BillDatee " + " ," + H +
-         ".UnitCode as UnitCode " + " ," + H + ".UnitName as UnitName " + " ," + H + ".InvoiceType as InvoiceType " + " ," + L + ".* " +
-         source.fromWhere() + " order by " + H + ".UnitCode, " + H + ".Datee," + H + ".Code," + L + ".Num ";
+  const SqlName& H = source.header;
+  const SqlName& L = source.line;
+  return {u"  select {}.Code as BillCode  ,{}.BillType as BillType  ,{}.Datee as BillDatee  ,{}.UnitCode as UnitCode "
+          u" ,{}.UnitName as UnitName  ,{}.InvoiceType as InvoiceType  ,{}.* {} order by {}.UnitCode, {}.Datee,{}.Code,{}.Num ",
+          H,
+          H,
+          H,
+          H,
+          H,
+          H,
+          L,
+          source.fromWhere,
+          H,
+          H,
+          H,
+          L};
 }
 
 void frmGouDui::showRows(Recordset& rs)
@@ -72,8 +83,8 @@ void frmGouDui::MSH_Click()
     return;
   MSH->setText(row, MatchingLines::GouDui, wasTicked ? "" : Tick);
   const auto number = qint64(NumberText::numericPrefix(MSH->text(row, MatchingLines::Num)));
-  OpenRecordset(session, "update " + lineTable() + (wasTicked ? " set GouDui=0 " : " set GouDui=1 ") + " where BillCode='" +
-                             billCodeOf(row) + "' and Num=" + QString::number(number) + " ");
+  OpenRecordset(session, {u"update {} set GouDui={}  where BillCode='{}' and Num={} ", SqlName(lineTable()), SqlNumber(wasTicked ? 0 : 1),
+                          billCodeOf(row), SqlNumber(number)});
 }
 
 // The code stands on the first line of a bill only.

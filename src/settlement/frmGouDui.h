@@ -12,7 +12,7 @@ public:
   explicit frmGouDui(Session& ofSession);
 
 protected:
-  QString statement(const Source& source) const override;
+  Statement statement(const Source& source) const override;
   void showRows(Recordset& rs) override;
 
 private:

@@ -38,14 +38,23 @@ frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSessi
   };
 }
 
-QString frmGouDuiTogather::statement(const Source& source) const
+Statement frmGouDuiTogather::statement(const Source& source) const
 {
-  const QString& H = source.header;
-  const QString& L = source.line;
-  return "  select " + H + ".UnitCode as UnitCode " + " ," + H + ".UnitName as UnitName " + " ,sum(" + L + ".Moneyy) as SumMoneyy " +
-         " ,sum(" + L + ".Moneyy_Discount) as SumMoneyyDiscount " + " ,sum(" + L + ".Tax) as SumTax " + " ,sum(" + L +
-         ".Moneyy_Tax) as sumMoneyyTax " + source.fromWhere() + " group by " + H + ".UnitCode," + H + ".UnitName  " + " order by " + H +
-         ".UnitCode ";
+  const SqlName& H = source.header;
+  const SqlName& L = source.line;
+  return {u"  select {}.UnitCode as UnitCode  ,{}.UnitName as UnitName  ,sum({}.Moneyy) as SumMoneyy "
+          u" ,sum({}.Moneyy_Discount) as SumMoneyyDiscount  ,sum({}.Tax) as SumTax  ,sum({}.Moneyy_Tax) as sumMoneyyTax {}"
+          u" group by {}.UnitCode,{}.UnitName   order by {}.UnitCode ",
+          H,
+          H,
+          L,
+          L,
+          L,
+          L,
+          source.fromWhere,
+          H,
+          H,
+          H};
 }
 
 // A first partner without an amount hides all the others.

@@ -117,7 +117,7 @@ QString frmSFKHeXiao::goodsTable() const
   return CombHXType->text() == "付款核销" ? "TabInBill" : "TabOutBill";
 }
 
-QString frmSFKHeXiao::BuildQuerySql()
+Statement frmSFKHeXiao::BuildQuerySql()
 {
   if (!datesAreDates())
     return {};
@@ -130,46 +130,47 @@ QString frmSFKHeXiao::BuildQuerySql()
 }
 
 // The box labelled with the money bill's code asks for the goods bill's own: so the screen is used.
-QStringList frmSFKHeXiao::conditions() const
+QList<Statement> frmSFKHeXiao::conditions() const
 {
-  const QString table = goodsTable();
-  QStringList pieces;
-  const auto add = [&pieces, &table](const QString& text, const QString& comparison) {
+  const SqlName table(goodsTable());
+  QList<Statement> pieces;
+  const auto add = [&pieces, &table](const QString& text, const char* column) {
     if (!Trim(text).isEmpty())
-      pieces.append(" (" + table + comparison + "='" + Trim(text) + "') ");
+      pieces.append({u" ({}.{}='{}') ", table, SqlName(column), Trim(text)});
   };
-  add(TxtBillCode->text(), ".Code");
-  add(TxtUnitCode->text(), ".UnitCode");
-  add(TxtUnitName->text(), ".UnitName");
+  add(TxtBillCode->text(), "Code");
+  add(TxtUnitCode->text(), "UnitCode");
+  add(TxtUnitName->text(), "UnitName");
   if (!Trim(TxtDateeFrom->text()).isEmpty())
-    pieces.append(" (" + dateCondition(table + ".Datee>=", *TxtDateeFrom) + ") ");
+    pieces.append({u" ({}.Datee>={}) ", table, dateOf(*TxtDateeFrom)});
   if (!Trim(TxtDateeTo->text()).isEmpty())
-    pieces.append(" (" + dateCondition(table + ".Datee<=", *TxtDateeTo) + ") ");
-  if (const QString state = stateCondition(table); !state.isEmpty())
+    pieces.append({u" ({}.Datee<={}) ", table, dateOf(*TxtDateeTo)});
+  if (const Statement state = stateCondition(); !state.isEmpty())
     pieces.append(state);
   return pieces;
 }
 
 // The working list leaves out bills that were allocated beyond their due; the query shows them, and
 // leaves out bills with nothing due.
-QString frmSFKHeXiao::stateCondition(const QString& table) const
+Statement frmSFKHeXiao::stateCondition() const
 {
-  const QString due = "  (" + table + ".SumMoney-" + table + ".Cash-" + table + ".Credit";
+  const SqlName T(goodsTable());
   const QString state = CombHXState->text();
-  if (isQuery())
-    return state == Unsettled
-               ? due + "<> " + table + ".HXMoney  " + " and " + table + ".SumMoney-" + table + ".Cash-" + table + ".Credit> " + " 0 ) "
-               : QString();
+  const Statement due(u"{}.SumMoney-{}.Cash-{}.Credit", T, T, T);
+  if (state == Unsettled && isQuery())
+    return {u"  ({}<> {}.HXMoney   and {}>  0 ) ", due, T, due};
   if (state == Unsettled)
-    return due + "> " + table + ".HXMoney) ";
-  return state == Settled ? due + "= " + table + ".HXMoney) " : QString();
+    return {u"  ({}> {}.HXMoney) ", due, T};
+  if (state == Settled && !isQuery())
+    return {u"  ({}= {}.HXMoney) ", due, T};
+  return {};
 }
 
-void frmSFKHeXiao::FillMSH(const QString& sql)
+void frmSFKHeXiao::FillMSH(const Statement& list)
 {
   Text2->hide();
   desk().setBusy(true);
-  const Recordset rs = OpenRecordset(session, sql);
+  const Recordset rs = OpenRecordset(session, list);
   if (rs.eof()) {
     tellNoData();
     emptyGrid();

@@ -28,16 +28,16 @@ public:
 
 protected:
   void Form_Load() override;
-  QString BuildQuerySql() override;
-  void FillMSH(const QString& sql) override;
+  Statement BuildQuerySql() override;
+  void FillMSH(const Statement& list) override;
   std::span<const ListColumn> columns() const override;
   bool offersPartners() const override { return isQuery(); }
 
 private:
   bool isQuery() const;
   QString goodsTable() const;
-  QStringList conditions() const;
-  QString stateCondition(const QString& table) const;
+  QList<Statement> conditions() const;
+  Statement stateCondition() const;
   void showRows(const Recordset& rs);
   QStringList settledLine(QStringList line);
 

@@ -15,7 +15,7 @@ void ShowVoucher(Session& session, const QString& billCode)
     return session.desk.inform(QStringLiteral("单据编号不存在，不能查看凭证！"));
   if (session.params.IsJXC)
     return session.desk.inform(QStringLiteral("本账套是进销存与财务分离账套，不允许查看凭证！"));
-  const Recordset rs = OpenRecordset(session, "select Code from TabWarrant Where JXCBillCode='" + code + "'");
+  const Recordset rs = OpenRecordset(session, {u"select Code from TabWarrant Where JXCBillCode='{}'", code});
   const QString voucherCode = rs.eof() ? QString() : rs.trimmed("Code");
   if (voucherCode.isEmpty())
     return session.desk.inform(QStringLiteral("本单据没有对应的凭证！"));

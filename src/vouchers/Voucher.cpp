@@ -26,8 +26,8 @@ SourceBill sourceOf(Session& session, const Recordset& row)
 bool periodIsClosed(Session& session, const SourceBill& bill)
 {
   const Recordset closed =
-      OpenRecordset(session, QString("select top 1 DateeY,DateeM from TabWriteAccountant  ") + " where  State='已结账' " + "  order by  " +
-                                 SqlDialect::integer(session, "DateeY") + " desc," + SqlDialect::integer(session, "DateeM") + " desc");
+      OpenRecordset(session, {u"select top 1 DateeY,DateeM from TabWriteAccountant   where  State='已结账'   order by  {} desc,{} desc",
+                              SqlDialect::integer(session, u"DateeY"), SqlDialect::integer(session, u"DateeM")});
   if (closed.eof())
     return false;
   const double year = closed.number("DateeY");
@@ -45,14 +45,13 @@ bool periodIsClosed(Session& session, const SourceBill& bill)
 // The first voucher of an accounting period opens the period's row.
 void openPeriod(Session& session, const SourceBill& bill)
 {
-  const Recordset period = OpenRecordset(session, QString("select State from TabWriteAccountant where ") + " DateeY='" + bill.DateeY +
-                                                      "' " + " and DateeM='" + bill.DateeM + "' ");
+  const Recordset period =
+      OpenRecordset(session, {u"select State from TabWriteAccountant where  DateeY='{}'  and DateeM='{}' ", bill.DateeY, bill.DateeM});
   if (period.eof())
-    OpenRecordset(session, QString("insert into TabWriteAccountant values( ") + " '" + bill.DateeY + "' " + ", '" + bill.DateeM + "' " +
-                               ", '未审核') ");
+    OpenRecordset(session, {u"insert into TabWriteAccountant values( '{}','{}','未审核') ", bill.DateeY, bill.DateeM});
 }
 
-// False if the period is closed: then nothing was written. The numbers are counted over the period
+// False if the period is closed or no code is free: then nothing was written. The numbers are counted over the period
 // that the calendar month names, while the guard and the voucher go by the accounting month.
 bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& row)
 {
@@ -66,8 +65,10 @@ bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& ro
   const auto settings = drawVoucherSettings(session, bill.JXCTabName, start, end);
   if (!settings)
     return true;
-  const VoucherEntry entry = writeVoucherHeader(session, source, *settings);
-  WriteVoucherLines(session, bill, "select * from " + bill.headerTable + " Where Code='" + source.Code + "'", entry);
+  const auto entry = writeVoucherHeader(session, source, *settings);
+  if (!entry)
+    return false;
+  WriteVoucherLines(session, bill, {u"select * from {} Where Code='{}'", SqlName(bill.headerTable), source.Code}, *entry);
   openPeriod(session, source);
   return true;
 }
@@ -76,22 +77,26 @@ bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& ro
 
 void GenerateVoucher(Session& session, const VoucherBill& bill)
 {
-  const Recordset row = OpenRecordset(session, "select * from " + bill.headerTable + " where Code='" + Trim(bill.TxtBillCode) + "'");
+  if (bill.code.isEmpty())
+    return;
+  const Recordset row = OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(bill.headerTable), bill.code});
   if (row.eof())
     return;
   if (row.number("SumMoney") != 0 && !writeVoucher(session, bill, row))
     return;
-  OpenRecordset(session, "update " + bill.headerTable + " set Report='已生成会计凭证'  where Code='" + row.text("Code") + "'");
+  OpenRecordset(session, {u"update {} set Report='已生成会计凭证'  where Code='{}'", SqlName(bill.headerTable), row.text("Code")});
 }
 
 void DeleteVoucher(Session& session, const QString& billCode)
 {
-  const Recordset voucher = OpenRecordset(session, "select Code from TabWarrant where JXCBillCode='" + billCode + "'");
+  if (Trim(billCode).isEmpty())
+    return;
+  const Recordset voucher = OpenRecordset(session, {u"select Code from TabWarrant where JXCBillCode='{}'", billCode});
   const QString code = voucher.eof() ? QString() : voucher.text("Code");
   if (Trim(code).isEmpty())
     return;
-  OpenRecordset(session, "delete from TabWarrantInf where BillCode='" + code + "'");
-  OpenRecordset(session, "delete from TabWarrant where Code='" + code + "'");
+  OpenRecordset(session, {u"delete from TabWarrantInf where BillCode='{}'", code});
+  OpenRecordset(session, {u"delete from TabWarrant where Code='{}'", code});
 }
 
 } // namespace Vouchers

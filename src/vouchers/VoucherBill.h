@@ -9,8 +9,8 @@ namespace Vouchers {
 struct VoucherBill {
   // The kind of bill in the voucher settings: the caption of LabBillName, of a fee offset the BillMode.
   QString JXCTabName;
-  QString headerTable; // the form's own, "TabFee" or "TabElseIncome" by the caption
-  QString TxtBillCode;
+  QString headerTable;  // the form's own, "TabFee" or "TabElseIncome" by the caption
+  QString code;         // of the stored bill; empty for one that is not stored
   QString TxtCode = {}; // the partner; blank for a bill without one
   QString TxtMoneyName = {};
   QString TxtMoneyRate = {};

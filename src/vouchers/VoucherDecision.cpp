@@ -38,13 +38,13 @@ constexpr PartnerCheck PartnerChecks[] = {
 
 bool isKindWithoutVoucher(Session& session, const VoucherBill& bill)
 {
-  const Recordset rs = OpenRecordset(session, "select IsWarrant from TabJXCAccount where JXCTabName='" + Trim(bill.JXCTabName) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select IsWarrant from TabJXCAccount where JXCTabName='{}'", Trim(bill.JXCTabName)});
   return !rs.eof() && declinesVoucher(rs);
 }
 
 bool partnerHasAccount(Session& session, const VoucherBill& bill, const char* column)
 {
-  const Recordset rs = OpenRecordset(session, QString("select ") + column + " from TabClient where Code='" + Trim(bill.TxtCode) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select {} from TabClient where Code='{}'", SqlName(column), Trim(bill.TxtCode)});
   return !rs.eof() && !rs.trimmed(column).isEmpty();
 }
 
@@ -61,7 +61,9 @@ bool partnerIsRefused(Session& session, const VoucherBill& bill)
 
 bool postedIsRefused(Session& session, const VoucherBill& bill)
 {
-  const Recordset rs = OpenRecordset(session, "select State from TabWarrant Where JXCBillCode='" + Trim(bill.TxtBillCode) + "' ");
+  if (bill.code.isEmpty())
+    return false;
+  const Recordset rs = OpenRecordset(session, {u"select State from TabWarrant Where JXCBillCode='{}' ", bill.code});
   if (rs.eof() || rs.trimmed("State") != u"已登账")
     return false;
   session.desk.inform(QStringLiteral("当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"));

@@ -6,94 +6,78 @@
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
-#include <QStringList>
-
 namespace Vouchers {
 namespace {
-
-QString quoted(const QString& text)
-{
-  return "'" + text + "'";
-}
-
-QString maker(const Session& session)
-{
-  return quoted(Trim(session.params.UserName));
-}
 
 void updateHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
 {
   const VoucherBooks& books = settings.books;
-  const auto flags = [](const char* column, const std::array<qint16, BookCount>& values) {
-    QString text;
-    for (int book = 1; book <= BookCount; ++book)
-      text += column + QString::number(book) + "=" + QString::number(values[book - 1]) + ",";
-    return text;
-  };
-  OpenRecordset(session, QString("update TabWarrant set ") + " Datee=" + quoted(DateText::shortForm(bill.Datee)) + " ," + " DateeY=" +
-                             quoted(bill.DateeY) + " ," + " DateeM=" + quoted(bill.DateeM) + " ," + flags("AffixNum", books.AffixNum) +
-                             flags("AccountBook", books.AccountBook) + " WriteWarrant=" + maker(session) + "," + " Auditing=''," +
-                             " RecordAccountant=''," + " ZG=''," + " State='未审核'," + " SumDebtor=" + bill.SumMoney + "," +
-                             "SumLender= " + bill.SumMoney + ", " + "Type=" + quoted(settings.WarrantType) + ", " +
-                             "ZD=" + quoted(settings.Zi) + ", " + "IsLoss=0 " + " where JXCBillCode=" + quoted(bill.Code));
+  const auto number = [](qint16 value) { return SqlNumber(value); };
+  const SqlNumber sum(bill.SumMoney);
+  OpenRecordset(session,
+                {u"update TabWarrant set  Datee='{}' , DateeY='{}' , DateeM='{}' ,"
+                 u"AffixNum1={},AffixNum2={},AffixNum3={},AccountBook1={},AccountBook2={},AccountBook3={},"
+                 u" WriteWarrant='{}', Auditing='', RecordAccountant='', ZG='', State='未审核',"
+                 u" SumDebtor={},SumLender= {}, Type='{}', ZD='{}', IsLoss=0  where JXCBillCode='{}'",
+                 DateText::shortForm(bill.Datee), bill.DateeY, bill.DateeM, number(books.AffixNum[0]), number(books.AffixNum[1]),
+                 number(books.AffixNum[2]), number(books.AccountBook[0]), number(books.AccountBook[1]), number(books.AccountBook[2]),
+                 Trim(session.params.UserName), sum, sum, settings.WarrantType, settings.Zi, bill.Code});
 }
 
 // The numbers that a stored voucher has.
 std::array<qint16, BookCount> storedNumbers(Session& session, const QString& voucherCode)
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabWarrant where Code='" + voucherCode + "' ");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabWarrant where Code='{}' ", voucherCode});
   std::array<qint16, BookCount> numbers = {};
   for (int book = 1; book <= BookCount; ++book)
     numbers[book - 1] = qint16(rs.field("WarrantNum" + QString::number(book)).toInteger());
   return numbers;
 }
 
-// The values stand in the order of the table's columns. The first affix is 1 whichever the books are.
-void insertHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings, const QString& voucherCode)
+// The values are in the order of the table's columns. The first affix is 1 whichever the books are.
+void insertRow(Session& session, const SourceBill& bill, const VoucherSettings& settings, const QString& voucherCode)
 {
   const VoucherBooks& books = settings.books;
-  const QString blank = quoted({});
-  const auto number = [](qint16 value) { return QString::number(value); };
-  const QStringList values = {
-      quoted(voucherCode),
-      quoted(DateText::shortForm(bill.Datee)),
-      quoted(bill.DateeY),
-      quoted(bill.DateeM),
-      number(books.WarrantNum[0]),
-      number(1),
-      maker(session),
-      blank, // Auditing
-      blank, // RecordAccountant
-      quoted(QStringLiteral("记账凭证")),
-      quoted(QStringLiteral("未审核")),
-      bill.SumMoney,
-      bill.SumMoney,
-      quoted(bill.Code),
-      number(books.WarrantNum[1]),
-      number(books.AffixNum[1]),
-      number(books.WarrantNum[2]),
-      number(books.AffixNum[2]),
-      number(books.AccountBook[0]),
-      number(books.AccountBook[1]),
-      number(books.AccountBook[2]),
-      quoted(settings.WarrantType),
-      blank, // ZG
-      quoted(settings.Zi),
-      number(0), // IsLoss
-  };
-  OpenRecordset(session, "insert into TabWarrant values(" + values.join(",") + ")");
+  const auto number = [](qint16 value) { return SqlNumber(value); };
+  const SqlNumber sum(bill.SumMoney);
+  OpenRecordset(session, {u"insert into TabWarrant values('{}','{}','{}','{}',{},1,'{}','','','记账凭证','未审核',{},{},'{}',"
+                          u"{},{},{},{},{},{},{},'{}','','{}',0)",
+                          voucherCode, DateText::shortForm(bill.Datee), bill.DateeY, bill.DateeM, number(books.WarrantNum[0]),
+                          Trim(session.params.UserName), sum, sum, bill.Code, number(books.WarrantNum[1]), number(books.AffixNum[1]),
+                          number(books.WarrantNum[2]), number(books.AffixNum[2]), number(books.AccountBook[0]),
+                          number(books.AccountBook[1]), number(books.AccountBook[2]), settings.WarrantType, settings.Zi});
+}
+
+bool isOfAnotherBill(Session& session, const QString& voucherCode, const QString& billCode)
+{
+  const Recordset rs = OpenRecordset(session, {u"select JXCBillCode from TabWarrant where Code='{}'", voucherCode});
+  return !rs.eof() && rs.trimmed("JXCBillCode") != Trim(billCode);
+}
+
+// Inserts the header under the next code and returns the code. Two operators can draw the same one: the header of the
+// second is refused, and it draws again. Empty if the code drawn stays the same, as after the last of a day.
+QString insertHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
+{
+  for (QString last;;) {
+    const QString code = ModFuntion::GetNextBillCode(session, "PZD", "TabWarrant");
+    if (code == last)
+      return {};
+    insertRow(session, bill, settings, code);
+    if (!isOfAnotherBill(session, code, bill.Code))
+      return code;
+    last = code;
+  }
 }
 
 } // namespace
 
-VoucherEntry writeVoucherHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
+std::optional<VoucherEntry> writeVoucherHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
 {
-  const Recordset stored = OpenRecordset(session, "select Code from TabWarrant Where JXCBillCode='" + bill.Code + "' ");
+  const Recordset stored = OpenRecordset(session, {u"select Code from TabWarrant Where JXCBillCode='{}' ", bill.Code});
   VoucherEntry entry{.WarrantNum = settings.books.WarrantNum, .AccountBook = settings.books.AccountBook, .ZD = settings.Zi};
   if (stored.eof()) {
-    entry.Code = ModFuntion::GetNextBillCode(session, "PZD", "TabWarrant");
-    insertHeader(session, bill, settings, entry.Code);
-    return entry;
+    entry.Code = insertHeader(session, bill, settings);
+    return entry.Code.isEmpty() ? std::nullopt : std::optional(entry);
   }
   entry.Code = stored.text("Code");
   updateHeader(session, bill, settings);

@@ -10,7 +10,7 @@ using enum Side;
 constexpr VoucherRules AllRules[] = {
     {.headerTable = "TabPayfundBill",
      .suffix = u"号付款单",
-     .partnerAccounts = "YingFuCode ,YuFuCode",
+     .partnerAccounts = u"YingFuCode ,YuFuCode",
      .rowTable = "TabPayfundBillInf",
      .rowKey = "BillCode",
      .lines = {{
@@ -19,7 +19,7 @@ constexpr VoucherRules AllRules[] = {
      }}},
     {.headerTable = "TabGathefundBill",
      .suffix = u"号收款单",
-     .partnerAccounts = "YingShouCode ,YuShouCode",
+     .partnerAccounts = u"YingShouCode ,YuShouCode",
      .rowTable = "TabGathefundBillInf",
      .rowKey = "BillCode",
      .lines = {{
@@ -58,7 +58,7 @@ constexpr VoucherRules AllRules[] = {
     {.headerTable = "TabSustain",
      .SustainType = u"供应商",
      .suffix = u"号费用抵冲单",
-     .partnerAccounts = "YingFuCode,YingShouCode",
+     .partnerAccounts = u"YingFuCode,YingShouCode",
      .rowTable = "TabSustainInf",
      .rowKey = "Code",
      .lines = {{
@@ -67,7 +67,7 @@ constexpr VoucherRules AllRules[] = {
      }}},
     {.headerTable = "TabSustain",
      .suffix = u"号费用抵冲单",
-     .partnerAccounts = "YingFuCode,YingShouCode",
+     .partnerAccounts = u"YingFuCode,YingShouCode",
      .rowTable = "TabSustainInf",
      .rowKey = "Code",
      .lines = {{

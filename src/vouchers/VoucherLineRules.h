@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <QString>
 
 #include <array>
@@ -36,7 +38,7 @@ struct VoucherRules {
   const char16_t* suffix;            // of the text of every line
   // The partner's accounts that are read; with them the lines name the partner where an account asks
   // for one. Empty for a bill without a partner.
-  const char* partnerAccounts = "";
+  SqlLiteral partnerAccounts = {};
   bool inBaseMoney = false; // otherwise in the currency on screen
   const char* rowTable;
   const char* rowKey; // column that holds the bill's code

@@ -11,24 +11,17 @@
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherLineRules.h"
 
-#include <QStringList>
-
 namespace Vouchers {
 namespace {
 
-QString quoted(const QString& text)
-{
-  return "'" + text + "'";
-}
-
-// What all lines of a voucher have in common, each a value as it stands in the statement.
+// What all lines of a voucher have in common.
 struct Frame {
   QString Datee;
   QString DateeY;
   QString DateeM;
   QString Summary;
   QString MoneyName = {};
-  QString MoneyRate = {};
+  SqlNumber MoneyRate = SqlNumber(0);
 };
 
 // The account and the amount of one line, as they were read.
@@ -58,15 +51,14 @@ private:
   Frame frameOf(const Recordset& header)
   {
     const QDate date = DateText::parse(header.text("Datee")).value_or(QDate());
-    Frame frame{quoted(DateText::shortForm(date)), quoted(ModFuntion::GetAccountingYear(m_session, date)),
-                quoted(ModFuntion::GetAccountingMonth(m_session, date)),
-                quoted("第" + header.trimmed("Code") + QString::fromUtf16(m_rules.suffix))};
+    Frame frame{DateText::shortForm(date), ModFuntion::GetAccountingYear(m_session, date), ModFuntion::GetAccountingMonth(m_session, date),
+                "第" + header.trimmed("Code") + QString::fromUtf16(m_rules.suffix)};
     if (m_rules.inBaseMoney) {
-      frame.MoneyName = quoted(ModFuntion::GetBaseMoneyName(m_session));
-      frame.MoneyRate = NumberText::ofSingle(ModFuntion::GetBaseMoneyRate(m_session));
+      frame.MoneyName = ModFuntion::GetBaseMoneyName(m_session);
+      frame.MoneyRate = SqlNumber(NumberText::ofSingle(ModFuntion::GetBaseMoneyRate(m_session)));
     } else {
-      frame.MoneyName = quoted(Trim(m_bill.TxtMoneyName));
-      frame.MoneyRate = NumberText::ofDouble(NumberText::numericPrefix(m_bill.TxtMoneyRate));
+      frame.MoneyName = Trim(m_bill.TxtMoneyName);
+      frame.MoneyRate = SqlNumber(NumberText::ofDouble(NumberText::numericPrefix(m_bill.TxtMoneyRate)));
     }
     return frame;
   }
@@ -93,12 +85,13 @@ private:
 
   void writeRows(const VoucherLineRule& rule, const QString& billCode)
   {
-    const QString table = m_rules.rowTable;
-    Recordset rows = OpenRecordset(m_session, "select " + table + "." + rule.account + " as AccountantCode, " + table + "." + rule.name +
-                                                  " as AccountantName," + table + "." + rule.amount + " as Moneyy," +
-                                                  " TabAccountantType.AllName as AccountantAllName " + " from " + table +
-                                                  ",TabAccountantType " + " where " + table + "." + m_rules.rowKey + "='" + billCode + "'" +
-                                                  " and " + table + "." + rule.account + "=TabAccountantType.Code ");
+    const SqlName table(m_rules.rowTable);
+    const SqlName account(rule.account);
+    Recordset rows = OpenRecordset(m_session, {u"select {}.{} as AccountantCode, {}.{} as AccountantName,{}.{} as Moneyy,"
+                                               u" TabAccountantType.AllName as AccountantAllName  from {},TabAccountantType "
+                                               u" where {}.{}='{}' and {}.{}=TabAccountantType.Code ",
+                                               table, account, table, SqlName(rule.name), table, SqlName(rule.amount), table, table,
+                                               SqlName(m_rules.rowKey), billCode, table, account});
     for (; !rows.eof(); rows.moveNext())
       if (rows.number("Moneyy") != 0)
         insert(rule, {rows.text("AccountantCode"), rows.text("AccountantName"), rows.text("AccountantAllName"), rows.field("Moneyy")});
@@ -108,43 +101,44 @@ private:
   // no account has, so that column stays blank in every line.
   QString trackedPartner(const QString& account) const
   {
-    return *m_rules.partnerAccounts ? ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("往来核算"), account, Trim(m_bill.TxtCode))
-                                    : QString();
+    return m_rules.partnerAccounts.isEmpty()
+               ? QString()
+               : ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("往来核算"), account, Trim(m_bill.TxtCode));
   }
 
-  // The values stand in the order of the table's columns.
+  // The values are in the order of the table's columns.
   void insert(const VoucherLineRule& rule, const Entry& entry)
   {
     m_number = rule.number == NextNumber ? m_number + 1 : rule.number;
-    const QString zero = QStringLiteral("0");
-    const QString amount = entry.amount.toText();
-    const QString blank = quoted({});
-    QStringList values = {QString::number(m_number),
-                          m_frame.Datee,
-                          m_frame.DateeY,
-                          m_frame.DateeM,
-                          quoted(Trim(m_voucher.Code)),
-                          m_frame.Summary,
-                          quoted(entry.account),
-                          quoted(entry.name),
-                          quoted(entry.allName),
-                          rule.side == Side::Debtor ? amount : zero,
-                          rule.side == Side::Lender ? amount : zero,
-                          quoted(QStringLiteral("未审核"))};
-    for (const qint16 number : m_voucher.WarrantNum)
-      values += QString::number(number);
-    for (const qint16 membership : m_voucher.AccountBook)
-      values += QString::number(membership);
-    values += {quoted(m_voucher.ZD),
-               quoted(trackedPartner(entry.account)),
-               blank, // BMHS
-               blank, // GRHS
-               zero,
-               zero,
-               quoted(ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {})),
-               m_frame.MoneyName,
-               m_frame.MoneyRate};
-    OpenRecordset(m_session, "insert into TabWarrantInf values(" + values.join(",") + " )");
+    const SqlNumber zero(0);
+    const SqlNumber amount(entry.amount.toText());
+    const auto number = [](int value) { return SqlNumber(value); };
+    const auto& numbers = m_voucher.WarrantNum;
+    const auto& books = m_voucher.AccountBook;
+    OpenRecordset(m_session, {u"insert into TabWarrantInf values({},'{}','{}','{}','{}','{}','{}','{}','{}',{},{},'未审核',"
+                              u"{},{},{},{},{},{},'{}','{}','','',0,0,'{}','{}',{} )",
+                              number(m_number),
+                              m_frame.Datee,
+                              m_frame.DateeY,
+                              m_frame.DateeM,
+                              Trim(m_voucher.Code),
+                              m_frame.Summary,
+                              entry.account,
+                              entry.name,
+                              entry.allName,
+                              rule.side == Side::Debtor ? amount : zero,
+                              rule.side == Side::Lender ? amount : zero,
+                              number(numbers[0]),
+                              number(numbers[1]),
+                              number(numbers[2]),
+                              number(books[0]),
+                              number(books[1]),
+                              number(books[2]),
+                              m_voucher.ZD,
+                              trackedPartner(entry.account),
+                              ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {}),
+                              m_frame.MoneyName,
+                              m_frame.MoneyRate});
   }
 
   Session& m_session;
@@ -158,18 +152,18 @@ private:
 Recordset partnerAccounts(Session& session, const VoucherBill& bill)
 {
   const VoucherRules* const rules = voucherRulesFor(bill.headerTable, {});
-  if (!rules || !*rules->partnerAccounts)
+  if (!rules || rules->partnerAccounts.isEmpty())
     return {};
-  return OpenRecordset(session, QString("select ") + rules->partnerAccounts + " from TabClient where code='" + Trim(bill.TxtCode) + "' ");
+  return OpenRecordset(session, {u"select {} from TabClient where code='{}' ", Statement(rules->partnerAccounts), Trim(bill.TxtCode)});
 }
 
 } // namespace
 
-void WriteVoucherLines(Session& session, const VoucherBill& bill, const QString& billSelectSql, const VoucherEntry& voucher)
+void WriteVoucherLines(Session& session, const VoucherBill& bill, const Statement& billSelect, const VoucherEntry& voucher)
 {
   const Recordset accounts = partnerAccounts(session, bill);
-  OpenRecordset(session, "delete from TabWarrantInf where BillCode='" + voucher.Code + "'");
-  const Recordset header = OpenRecordset(session, billSelectSql);
+  OpenRecordset(session, {u"delete from TabWarrantInf where BillCode='{}'", voucher.Code});
+  const Recordset header = OpenRecordset(session, billSelect);
   if (header.eof())
     return;
   const bool isOffset = bill.headerTable == u"TabSustain";

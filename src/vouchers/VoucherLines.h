@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/Statement.h"
+
 #include <QString>
 
 #include <array>
@@ -21,8 +23,8 @@ struct VoucherEntry {
 };
 
 // Writes the lines of a voucher anew, after dropping all it had, from the bill's header row (which
-// `billSelectSql` selects) and its lines. Amounts stay in the bill's currency. An account that the
+// `billSelect` selects) and its lines. Amounts stay in the bill's currency. An account that the
 // chart does not have drops out without a word, and the voucher then does not balance.
-void WriteVoucherLines(Session& session, const VoucherBill& bill, const QString& billSelectSql, const VoucherEntry& voucher);
+void WriteVoucherLines(Session& session, const VoucherBill& bill, const Statement& billSelect, const VoucherEntry& voucher);
 
 } // namespace Vouchers

@@ -18,7 +18,7 @@ struct NumberSource {
 
 int mainBook(Session& session)
 {
-  const Recordset rs = OpenRecordset(session, "select Code from TabAccountantNameSet where Main=1 ");
+  const Recordset rs = OpenRecordset(session, {u"select Code from TabAccountantNameSet where Main=1 "});
   const auto code = rs.eof() ? 0 : rs.field("Code").toInteger();
   return code >= 1 && code <= BookCount ? int(code) : 1;
 }
@@ -49,7 +49,7 @@ VoucherBooks settledBooks(const Recordset& settings, const NumberSource& numbers
 
 void nameType(Session& session, VoucherSettings& settings)
 {
-  const Recordset rs = OpenRecordset(session, "select * from TabWarrantTypeSet where Name='" + Trim(settings.WarrantType) + "' ");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabWarrantTypeSet where Name='{}' ", Trim(settings.WarrantType)});
   if (!rs.eof())
     settings.Zi = rs.text("Zi");
   if (Trim(settings.WarrantType).isEmpty())
@@ -71,7 +71,7 @@ std::optional<VoucherSettings> drawVoucherSettings(Session& session, const QStri
 {
   const NumberSource numbers{session, periodStart, periodEnd};
   VoucherSettings settings;
-  const Recordset rs = OpenRecordset(session, "select * from TabJXCAccount where JXCTabName='" + Trim(JXCTabName) + "'");
+  const Recordset rs = OpenRecordset(session, {u"select * from TabJXCAccount where JXCTabName='{}'", Trim(JXCTabName)});
   if (rs.eof()) {
     settings.books = onlyBook(mainBook(session), numbers);
   } else {

@@ -14,8 +14,8 @@ namespace {
 // What the bills of this system do not reach: wares, a list without a table, a wheel of fine steps.
 struct CodePickerTest : testing::Test, SessionFixture {
   StandInCaller caller{desk, "frmGouDui"};
-  CodePickerCall wares{"select Code,Name,Spec,Unite,ZJF from TabWare where Spec='L' order by code", "TabWare", "选择商品"};
-  CodePickerCall anyList{"select Code,Name from TabWare ", "", "选择名"};
+  CodePickerCall wares{Statement(u"select Code,Name,Spec,Unite,ZJF from TabWare where Spec='L' order by code"), "TabWare", "选择商品"};
+  CodePickerCall anyList{Statement(u"select Code,Name from TabWare "), "", "选择名"};
 
   CodePickerTest()
   {

@@ -8,7 +8,7 @@ class StandInCaller : public Form, public AccountReceiver {
 public:
   using Form::Form;
 
-  void Txt2ToMSH(const QString& sql) override { written = sql; }
+  void Txt2ToMSH(const Statement& account) override { written = account.sql(); }
 
   QString written;
 };

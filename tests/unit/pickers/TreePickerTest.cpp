@@ -51,7 +51,7 @@ struct TreePickerTest : testing::Test, SessionFixture {
 TEST_F(TreePickerTest, ABranchGetsARootWithTheTargetAsItsLabel)
 {
   const auto branch = [](const QString& where, const QString& target) {
-    return TreePickerCall{.TreeWhere = " where Code like '" + where + "' ", .TreeTarget = target};
+    return TreePickerCall{.TreeWhere = {u" where Code like '{}' ", where}, .TreeTarget = target};
   };
   EXPECT_EQ(listed(branch("1002_%", "Text2")), "1002{银行存款} >100201{工行}");
   EXPECT_EQ(listed(branch("1001", "Text2")), "1{Text2} >1001{现金}");
@@ -62,9 +62,9 @@ TEST_F(TreePickerTest, ABranchGetsARootWithTheTargetAsItsLabel)
 
 TEST_F(TreePickerTest, OnlyTheLastAlternativeWithoutBracketsLosesAccountsOutOfUse)
 {
-  EXPECT_EQ(listed({.TreeWhere = " where (Code='1' or ParentCode='1' or ParentCode like '1002%')"}),
+  EXPECT_EQ(listed({.TreeWhere = Statement(u" where (Code='1' or ParentCode='1' or ParentCode like '1002%')")}),
             "1{资产} >1001{现金} >1002{银行} >>100201{工行}");
-  EXPECT_EQ(listed({.TreeWhere = "  where Code='1' or ParentCode='1' or ParentCode like '1002%' or Code='100201'"}),
+  EXPECT_EQ(listed({.TreeWhere = Statement(u"  where Code='1' or ParentCode='1' or ParentCode like '1002%' or Code='100201'")}),
             "1{资产} >1001{现金} >1002{银行} >>100201{工行} >>100202{旧户}");
 }
 

@@ -79,19 +79,19 @@ TEST_F(ModuleADOTest, BothDialectsAskTheSameOfTheSameFile)
     params.DatabaseType = type;
     params.IsAccessSQL = type == u"Access";
     CloseConnection(session);
-    const QString day = SqlDialect::date(session, QDate(2022, 6, 8));
-    EXPECT_EQ(OpenRecordset(session, u"select count(*) as n from Bill where Datee>="_s + day).number(u"n"_s), 2) << shown(type);
-    EXPECT_EQ(OpenRecordset(session, u"select max("_s + SqlDialect::integer(session, u"Period"_s) + u") as m from Bill"_s).number(u"m"_s),
-              5);
-    const QString isNull = SqlDialect::isNull(session, u"Period"_s);
-    EXPECT_EQ(
-        OpenRecordset(session, u"select top 1 Code from Bill where (Period='' or "_s + isNull + u") order by Code desc"_s).text(u"Code"_s),
-        u"B3"_s);
+    const Statement day = SqlDialect::date(session, QDate(2022, 6, 8));
+    EXPECT_EQ(OpenRecordset(session, {u"select count(*) as n from Bill where Datee>={}", day}).number(u"n"_s), 2) << shown(type);
+    const Statement period = SqlDialect::integer(session, u"Period");
+    EXPECT_EQ(OpenRecordset(session, {u"select max({}) as m from Bill", period}).number(u"m"_s), 5);
+    const Statement isNull = SqlDialect::isNull(session, u"Period");
+    const Statement last(u"select top 1 Code from Bill where (Period='' or {}) order by Code desc", isNull);
+    EXPECT_EQ(OpenRecordset(session, last).text(u"Code"_s), u"B3"_s);
   }
+  const auto pieces = [this] {
+    return (SqlDialect::date(session, u"2022-06-08"_s) + SqlDialect::integer(session, u"Y") + SqlDialect::isNull(session, u"x")).sql();
+  };
   params.IsAccessSQL = true;
-  EXPECT_EQ(SqlDialect::date(session, u"2022-06-08"_s) + SqlDialect::integer(session, u"Y"_s) + SqlDialect::isNull(session, u"x"_s),
-            u"#2022-06-08#cint(Y)isnull(x)"_s);
+  EXPECT_EQ(pieces(), u"#2022-06-08#cint(Y)isnull(x)"_s);
   params.IsAccessSQL = false;
-  EXPECT_EQ(SqlDialect::date(session, u"2022-06-08"_s) + SqlDialect::integer(session, u"Y"_s) + SqlDialect::isNull(session, u"x"_s),
-            u"'2022-06-08'convert(int,Y)x is null"_s);
+  EXPECT_EQ(pieces(), u"'2022-06-08'convert(int,Y)x is null"_s);
 }

@@ -9,7 +9,7 @@ struct VoucherFixture : AccountSetFixture {
   VoucherFixture();
 
   // The bills as their screens show them.
-  Vouchers::VoucherBill payment{QStringLiteral("付款单"), QStringLiteral("TabPayfundBill"), QStringLiteral(" FKD1 "),
+  Vouchers::VoucherBill payment{QStringLiteral("付款单"), QStringLiteral("TabPayfundBill"), QStringLiteral("FKD1"),
                                 QStringLiteral(" K001 "), QStringLiteral(" 美元 "),         QStringLiteral("6.5")};
   Vouchers::VoucherBill receipt{QStringLiteral("收款单"), QStringLiteral("TabGathefundBill"), QStringLiteral("SKD1"),
                                 QStringLiteral("K001"),   QStringLiteral("人民币"),           QStringLiteral("1")};

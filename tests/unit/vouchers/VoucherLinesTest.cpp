@@ -15,7 +15,7 @@ struct VoucherLinesTest : testing::Test, VoucherFixture {
 
   void write(const VoucherBill& bill)
   {
-    WriteVoucherLines(session, bill, u"select * from %1 where Code='%2'"_s.arg(bill.headerTable, Trim(bill.TxtBillCode)), entry);
+    WriteVoucherLines(session, bill, {u"select * from {} where Code='{}'", SqlName(bill.headerTable), bill.code}, entry);
   }
   // Number, account, name, debit, credit and partner of each line, in the order in which they were written.
   QString lines(const VoucherBill& bill)

@@ -86,7 +86,7 @@ TEST_F(VoucherTest, NothingIsWrittenForNothingButTheMark)
   EXPECT_EQ(report(), u"已生成会计凭证"_s);
   EXPECT_EQ(header(u"SumDebtor"_s), u"105"_s) << "the voucher stays as it was";
 
-  payment.TxtBillCode = u"FKD2"_s;
+  payment.code = u"FKD2"_s;
   generate(payment);
   EXPECT_EQ(desk.takeTexts(), u""_s) << "a bill that is not there";
 }

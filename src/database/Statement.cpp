@@ -1,0 +1,77 @@
+#include "database/Statement.h"
+
+#include "database/SqlTokens.h"
+#include "platform/NumberText.h"
+
+void Statement::build(QStringView format, const Argument* arguments)
+{
+  m_sql.reserve(format.size() + 32);
+  QChar quote;
+  qsizetype opened = 0;
+  bool holdsValue = false;
+  for (qsizetype i = 0; i < format.size(); ++i) {
+    const QChar c = format[i];
+    if (c == u'{' && i + 1 < format.size() && format[i + 1] == u'}') {
+      ++i;
+      const Argument& argument = *arguments++;
+      if (argument.fragment) {
+        *this += *argument.fragment;
+        continue;
+      }
+      if (quote.isNull())
+        m_places.push_back({m_sql.size(), argument.text.size(), argument.kind});
+      holdsValue = true;
+      m_sql += argument.text;
+      continue;
+    }
+    if (quote.isNull() && (c == u'\'' || c == u'#')) {
+      quote = c;
+      opened = m_sql.size();
+      holdsValue = false;
+    } else if (c == quote) {
+      if (holdsValue)
+        m_places.push_back({opened, m_sql.size() + 1 - opened, c == u'#' ? Kind::Date : Kind::Text});
+      quote = QChar();
+    }
+    m_sql += c;
+  }
+}
+
+Statement Statement::joined(const QList<Statement>& parts, SqlLiteral separator)
+{
+  Statement whole;
+  for (const Statement& part : parts) {
+    if (!whole.isEmpty())
+      whole.m_sql += separator.view();
+    whole += part;
+  }
+  return whole;
+}
+
+Statement& Statement::operator+=(const Statement& part)
+{
+  const qsizetype shift = m_sql.size();
+  m_sql += part.m_sql;
+  for (const Place& place : part.m_places)
+    m_places.push_back({place.at + shift, place.size, place.kind});
+  return *this;
+}
+
+QString Statement::violation() const
+{
+  for (const Place& place : m_places)
+    if (const QStringView text = QStringView(m_sql).sliced(place.at, place.size); !isOneToken(text, place.kind))
+      return text.toString();
+  return {};
+}
+
+// The literals around a value read the same whatever the value is, as long as it is one whole token. So it is
+// enough to read each value in its own quotes.
+bool Statement::isOneToken(QStringView text, Kind kind)
+{
+  if (kind == Kind::Number)
+    return NumberText::isNumeric(text) && !text.front().isSpace() && !text.back().isSpace() && !text.contains(u'e', Qt::CaseInsensitive);
+  static constexpr SqlToken::Kind Expected[] = {SqlToken::Text, SqlToken::Date, SqlToken::Word};
+  const std::vector<SqlToken> tokens = SqlTokens::read(text);
+  return tokens.size() == 1 && tokens[0].kind == Expected[int(kind)] && !tokens[0].open && tokens[0].text.size() == text.size();
+}
