@@ -7,8 +7,8 @@
 // The embedded engine: SQLite through its C API, on one file.
 //
 // Opening never creates a file: it must exist, be a regular file and carry SQLite's header. Rollback
-// journal and full syncs; a recordset is read to its end at once, so no statement stays open and
-// blocks another operator.
+// journal, and what a statement wrote is on the disk for good when it returns; a recordset is read to its
+// end at once, so no statement stays open and blocks another operator.
 struct EmbeddedEngine {
   // How long a statement waits for another program's lock.
   static constexpr std::chrono::milliseconds LockWait{30000};

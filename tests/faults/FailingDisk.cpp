@@ -83,12 +83,17 @@ private:
 };
 
 // The places at which a save writes or syncs.
-int writesOfASave()
+int writesOfASave(Tally& tally)
 {
   Scene scene;
   FaultyFiles::follow({});
   if (scene.save() != QStringList(Saved))
     qFatal("the payment was not saved");
+  tally.add(QStringLiteral("a save that was acknowledged"), FaultyFiles::unsyncedCommits() == 0
+                                                                ? QString()
+                                                                : QStringLiteral("a power cut could undo %1 of its %2 statements")
+                                                                      .arg(FaultyFiles::unsyncedCommits())
+                                                                      .arg(FaultyFiles::commits()));
   return FaultyFiles::writes();
 }
 
@@ -96,7 +101,7 @@ int writesOfASave()
 
 void failingDisk(Tally& tally)
 {
-  const int writes = writesOfASave();
+  const int writes = writesOfASave(tally);
   for (int write = 1; write <= writes; ++write) {
     tally.add(QStringLiteral("I/O error at write %1").arg(write), Scene().saveUnder({.failAtWrite = write, .failure = SQLITE_IOERR_WRITE}));
     tally.add(QStringLiteral("disk full from write %1").arg(write),

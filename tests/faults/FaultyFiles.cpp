@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <csignal>
 #include <sqlite3.h>
 #include <sys/mman.h>
@@ -16,9 +17,11 @@ constexpr int MostWrites = 200'000;
 // Shared by the processes of a run.
 struct Counts {
   int commits = 0;
+  int unsyncedCommits = 0;
   int writes = 0;
   int failures = 0;
   int commitsAheadOf[MostWrites + 1] = {};
+  bool isAtRest[MostWrites + 1] = {}; // by the number of the last commit
 };
 
 Counts* counts = nullptr;
@@ -154,6 +157,7 @@ int xDelete(sqlite3_vfs*, const char* name, int syncsFolder)
   if (code != SQLITE_OK || !path.endsWith(u"-journal"))
     return code;
   const int number = ++counts->commits;
+  counts->unsyncedCommits += syncsFolder == 0;
   if (!plan.keepStates.isEmpty())
     QFile::copy(path.chopped(8), QDir(plan.keepStates).filePath(QString::number(number) + ".mdb"));
   if (number == plan.killAtCommit)
@@ -181,13 +185,29 @@ void install()
 void follow(const Plan& next)
 {
   plan = next;
-  counts->commits = counts->writes = counts->failures = 0;
+  counts->commits = counts->unsyncedCommits = counts->writes = counts->failures = 0;
+  std::fill(std::begin(counts->isAtRest), std::end(counts->isAtRest), false);
   failed = 0;
 }
 
 int commits()
 {
   return counts->commits;
+}
+
+int unsyncedCommits()
+{
+  return counts->unsyncedCommits;
+}
+
+void noteRest()
+{
+  counts->isAtRest[qMin(counts->commits, MostWrites)] = true;
+}
+
+bool isAtRest(int commit)
+{
+  return counts->isAtRest[qMin(commit, MostWrites)];
 }
 
 int writes()

@@ -22,6 +22,11 @@ struct Plan {
 void follow(const Plan& plan);
 
 int commits();
+// Those of them that a power cut could still undo, because the end of the journal was not synced.
+int unsyncedCommits();
+// Notes that what was begun is done; whether that was noted after the n-th commit and before the next.
+void noteRest();
+bool isAtRest(int commit);
 int writes();
 // How many commits were done ahead of the n-th write.
 int commitsAheadOf(int write);
