@@ -16,6 +16,11 @@ using Statement = std::unique_ptr<sqlite3_stmt, Close>;
 
 constexpr int LockWaitMs = 30'000;
 
+// A moment of a file is copied in steps of this many pages, between which writers have their turn. What a
+// writer changes begins the copy again: after so many times it is made in one go, for which they wait.
+constexpr int PagesAStep = 256;
+constexpr int BeginningsInSteps = 4;
+
 class FileStore : public Store {
 public:
   explicit FileStore(Database database) : m_database(std::move(database)) {}
@@ -82,15 +87,67 @@ private:
   std::unique_ptr<Odbc> m_connection;
 };
 
-Store::Opening openFile(const QString& path)
+struct FileOpening {
+  Database database; // null if it could not be opened
+  QString reason;
+};
+
+FileOpening openDatabase(const QByteArray& path, int flags)
 {
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  const int code = sqlite3_open_v2(path.constData(), &opened, flags, nullptr);
   Database database(opened);
   if (code != SQLITE_OK || SqliteCollations::registerAll(opened) != SQLITE_OK)
-    return {nullptr, QStringLiteral("不能打开账套文件：%1（%2）").arg(path, QString::fromUtf8(sqlite3_errmsg(opened)))};
+    return {nullptr, QStringLiteral("不能打开账套文件：%1（%2）").arg(QString::fromUtf8(path), QString::fromUtf8(sqlite3_errmsg(opened)))};
   sqlite3_busy_timeout(opened, LockWaitMs);
-  return {std::make_unique<FileStore>(std::move(database)), {}};
+  return {std::move(database), {}};
+}
+
+Store::Opening storeOf(FileOpening opening)
+{
+  if (!opening.database)
+    return {nullptr, opening.reason};
+  return {std::make_unique<FileStore>(std::move(opening.database)), {}};
+}
+
+// All pages of one file into another. A step that finds the file changed has begun again with its first page.
+int copyPages(sqlite3_backup* backup)
+{
+  int code = SQLITE_OK;
+  int copied = 0;
+  for (int beginnings = 1; code == SQLITE_OK;) {
+    code = sqlite3_backup_step(backup, beginnings > BeginningsInSteps ? -1 : PagesAStep);
+    const int done = sqlite3_backup_pagecount(backup) - sqlite3_backup_remaining(backup);
+    beginnings += done <= copied;
+    copied = done;
+    if (code == SQLITE_OK)
+      sqlite3_sleep(1);
+  }
+  return code;
+}
+
+// In a file without a name, which is gone when it is closed, in whatever way.
+FileOpening copyOfFile(const QString& path)
+{
+  const FileOpening source = openDatabase(path.toUtf8(), SQLITE_OPEN_READWRITE);
+  FileOpening copy = openDatabase("", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  if (!source.database || !copy.database)
+    return {nullptr, source.reason + copy.reason};
+  sqlite3_backup* const backup = sqlite3_backup_init(copy.database.get(), "main", source.database.get(), "main");
+  const int code = backup ? copyPages(backup) : SQLITE_ERROR;
+  if (sqlite3_backup_finish(backup) != SQLITE_OK || code != SQLITE_DONE)
+    return {nullptr, QStringLiteral("不能读取账套文件：%1（%2）").arg(path, QString::fromUtf8(sqlite3_errstr(code)))};
+  return copy;
+}
+
+Store::Opening openServer(const ServerPlace& place)
+{
+  Odbc::Opening opening = Odbc::open(place);
+  if (!opening.connection)
+    return {nullptr, opening.error.description};
+  if (opening.connection->kind() != Odbc::Kind::PostgreSql)
+    return {nullptr, QStringLiteral("只能在 PostgreSQL 服务器上建立和复制账套")};
+  return {std::make_unique<ServerStore>(std::move(opening.connection)), {}};
 }
 
 } // namespace
@@ -105,12 +162,19 @@ QString Store::runAll(const QStringList& statements)
 
 Store::Opening Store::open(const Place& place)
 {
+  return place.isServer() ? openServer(place.server) : storeOf(openDatabase(place.file.toUtf8(), SQLITE_OPEN_READWRITE));
+}
+
+Store::Opening Store::openMoment(const Place& place)
+{
   if (!place.isServer())
-    return openFile(place.file);
-  Odbc::Opening opening = Odbc::open(place.server);
-  if (!opening.connection)
-    return {nullptr, opening.error.description};
-  if (opening.connection->kind() != Odbc::Kind::PostgreSql)
-    return {nullptr, QStringLiteral("只能在 PostgreSQL 服务器上建立和复制账套")};
-  return {std::make_unique<ServerStore>(std::move(opening.connection)), {}};
+    return storeOf(copyOfFile(place.file));
+  Opening opening = openServer(place.server);
+  // The transaction sees what was committed when its first statement began, and ends with the connection.
+  if (opening.store)
+    opening.reason =
+        opening.store->runAll({QStringLiteral("begin isolation level repeatable read, read only"), QStringLiteral("select 1")});
+  if (!opening.reason.isEmpty())
+    opening.store.reset();
+  return opening;
 }

@@ -17,6 +17,9 @@ public:
   };
   // A file must exist.
   static Opening open(const Place& place);
+  // The account set as it is at one moment, to be read: what operators write later is not in it, and they
+  // need not wait for its reader.
+  static Opening openMoment(const Place& place);
 
   virtual ~Store() = default;
 

@@ -109,7 +109,7 @@ int copy(const Orders& orders)
     return complain(QStringLiteral("usage: accountset copy FROM TO [--login NAME]"), WrongUse);
   if (!source->isServer() && !QFile::exists(source->file))
     return complain(QStringLiteral("找不到账套文件：%1").arg(source->file), Failed);
-  const Store::Opening from = Store::open(*source);
+  const Store::Opening from = Store::openMoment(*source);
   if (!from.store)
     return complain(from.reason, Failed);
   if (const QString reason = create(*target, orders); !reason.isEmpty())

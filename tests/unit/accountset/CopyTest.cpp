@@ -9,6 +9,10 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -39,8 +43,80 @@ struct CopyTest : testing::Test {
     return reason.isEmpty() ? tables : QStringList(reason);
   }
 
+  // A copy of the account set that is written to all the while.
+  void copyUnderWay(const char* name, const Place& source, Store& target);
+
   QTemporaryDir folder;
 };
+
+// Writes bills, each with its two lines in one transaction, until it is stopped.
+class Writer {
+public:
+  explicit Writer(Place place) : m_place(std::move(place)), m_thread([this] { work(); }) {}
+  ~Writer() { stop(); }
+
+  void stop()
+  {
+    m_goesOn = false;
+    if (m_thread.joinable())
+      m_thread.join();
+  }
+
+  std::atomic<int> bills = 0;
+  QString error;                           // to be read when it has been stopped
+  std::chrono::milliseconds longestWait{}; // too
+
+private:
+  void work()
+  {
+    const auto store = Store::open(m_place).store;
+    for (; m_goesOn && error.isEmpty(); ++bills) {
+      const QString code = u"FKX%1"_s.arg(bills);
+      const auto start = std::chrono::steady_clock::now();
+      error = store->runAll({u"begin"_s, u"insert into TabPayfundBill(Code,SumMoney) values('%1',2)"_s.arg(code),
+                             u"insert into TabPayfundBillInf(LineNo,BillCode,Moneyy) values(1,'%1',1)"_s.arg(code),
+                             u"insert into TabPayfundBillInf(LineNo,BillCode,Moneyy) values(2,'%1',1)"_s.arg(code), u"commit"_s});
+      longestWait = std::max(longestWait, std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start));
+    }
+  }
+
+  Place m_place;
+  std::atomic<bool> m_goesOn = true;
+  std::thread m_thread;
+};
+
+void CopyTest::copyUnderWay(const char* name, const Place& source, Store& target)
+{
+  const auto filler = Store::open(source).store;
+  ASSERT_TRUE(filler);
+  ASSERT_EQ(filler->runAll({u"insert into TabPayfundBill(Code,SumMoney) with recursive n(i) as (select 1 union all select i+1 from n "
+                            "where i<10000) select 'FKO'||i, 2 from n"_s,
+                            u"insert into TabPayfundBillInf(LineNo,BillCode,Moneyy) select i, Code, 1 from TabPayfundBill, (select 1 as i "
+                            "union all select 2) n"_s}),
+            u""_s);
+  Writer writer(source);
+  while (writer.bills < 3)
+    std::this_thread::yield();
+  const auto from = Store::openMoment(source).store;
+  ASSERT_TRUE(from);
+  const int bills = writer.bills;
+  EXPECT_EQ(Copy::rows(*from, target), u""_s);
+  EXPECT_EQ(differing(*from, target), QStringList());
+  const int written = writer.bills - bills;
+  writer.stop();
+  EXPECT_EQ(writer.error, u""_s);
+  // The copying itself holds nobody off.
+  EXPECT_GT(written, 0);
+  EXPECT_EQ(target
+                .run(u"select (select count(*) from TabPayfundBill h where (select count(*) from TabPayfundBillInf l where "
+                     "l.BillCode=h.Code)<>2)+(select count(*) from TabPayfundBillInf l where not exists (select 1 from TabPayfundBill h "
+                     "where h.Code=l.BillCode))"_s)
+                .rows.value(0, 0)
+                .toInteger(),
+            0);
+  std::printf("copy of a %s under way: %d bills written meanwhile, the longest took %d ms\n", name, written,
+              int(writer.longestWait.count()));
+}
 
 } // namespace
 
@@ -90,4 +166,13 @@ TEST_F(CopyTest, ARowThatDoesNotFitLeavesNothingBehind)
   ASSERT_TRUE(target);
   EXPECT_TRUE(Copy::rows(*source, *target).startsWith(u"TabFee: "_s));
   EXPECT_EQ(target->run(u"select count(*) from TabClient"_s).rows.value(0, 0).toInteger(), 0);
+}
+
+TEST_F(CopyTest, ALiveAccountSetIsCopiedAsItIsAtOneMoment)
+{
+  const Place source{folder.filePath(u"a.mdb"_s), {}};
+  ASSERT_EQ(AccountSet::create(source.file, AccountSet::Content::Empty), u""_s);
+  copyUnderWay("file", source, *file(u"b.mdb"_s, AccountSet::Content::Empty));
+  const TestServer::Database server(u"copy_test"_s);
+  copyUnderWay("server", server.clerk, *file(u"c.mdb"_s, AccountSet::Content::Empty));
 }
