@@ -26,6 +26,8 @@ Player::Verdict Player::play()
 void Player::playWhile(const std::function<bool()>& goesOn)
 {
   while (!m_over && goesOn()) {
+    if (m_options.atRest)
+      m_options.atRest();
     if (m_next == m_script.directives.size())
       m_over = true;
     else

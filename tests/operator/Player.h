@@ -22,6 +22,7 @@ public:
     std::function<std::unique_ptr<Stage>(Encounters&)> makeStage;
     QString pictureFolder;                // where screenshots go; empty for nowhere
     std::function<void(int line)> onLine; // told of each directive as it begins
+    std::function<void()> atRest = {};    // called when the program waits for the operator and no box is open
   };
   struct Verdict {
     int failedLine = 0; // 0 if the script passed

@@ -78,7 +78,7 @@ Result playHere(const Task& task, const Report& report)
         return std::make_unique<DesktopStage>(encounters);
       return std::make_unique<ModelStage>(encounters);
     };
-    Player player(script, scene, {makeStage, task.pictureFolder, [&](int line) { report.begins(line); }});
+    Player player(script, scene, {makeStage, task.pictureFolder, [&](int line) { report.begins(line); }, task.atRest});
     const Player::Verdict verdict = player.play();
     return {verdict.failedLine == 0 ? Outcome::Passed : Outcome::Failed, verdict.failedLine, verdict.reason};
   } catch (const ScriptError& error) {

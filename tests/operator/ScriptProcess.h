@@ -3,6 +3,7 @@
 #include "database/ServerPlace.h"
 
 #include <QString>
+#include <functional>
 #include <optional>
 
 // One script in a process of its own, so that one that crashes or hangs is a failure like any other
@@ -16,6 +17,7 @@ struct Task {
   QString pictureFolder = {}; // empty for no pictures
   bool desktop = false;
   std::optional<ServerPlace> server = {}; // whose administrator makes the account sets; none for files
+  std::function<void()> atRest = {};      // called in that process when nothing is being done
 };
 
 enum class Outcome { Passed, Skipped, Failed };

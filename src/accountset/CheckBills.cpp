@@ -1,0 +1,91 @@
+#include "accountset/CheckQueries.h"
+
+namespace Check {
+namespace {
+
+// A money bill with lines: its tables, the line's column for the bill, and whether it has a partner.
+struct MoneyBill {
+  const char* header;
+  const char* lines;
+  const char* link;
+  bool hasPartner = false;
+};
+constexpr MoneyBill MoneyBills[] = {
+    {"TabPayfundBill", "TabPayfundBillInf", "BillCode", true},
+    {"TabGathefundBill", "TabGathefundBillInf", "BillCode", true},
+    {"TabFee", "TabFeeInf", "Code"},
+    {"TabElseIncome", "TabElseIncomeInf", "Code"},
+    {"TabSustain", "TabSustainInf", "Code", true},
+};
+
+struct Rule {
+  const char* words;
+  const char* sql;
+};
+
+constexpr Rule Rules[] = {
+    {"@header: 单据金额与明细合计不符（单号、单据金额、明细合计）",
+     R"(select h.Code, h.SumMoney, l.Total
+        from @header h, (select @link as Bill, sum(Moneyy) as Total from @lines group by @link) l
+        where l.Bill=h.Code and abs(coalesce(h.SumMoney,0)-coalesce(l.Total,0))@differ
+        order by h.Code)"},
+    {"@header: 单据状态与明细状态不符（单号、单据状态、明细状态）",
+     R"(select distinct h.Code, h.State, l.State as LineState
+        from @header h, @lines l
+        where l.@link=h.Code and coalesce(h.State,'')<>coalesce(l.State,'')
+        order by h.Code)"},
+    {"@header: 单据审核人与明细审核人不符（单号、单据审核人、明细审核人）",
+     R"(select distinct h.Code, h.Auditing, l.Auditing as LineAuditing
+        from @header h, @lines l
+        where l.@link=h.Code and coalesce(h.Auditing,'')<>coalesce(l.Auditing,'')
+        order by h.Code)"},
+    // Dates are compared by the day; after "coalesce" a file would compare them as texts.
+    {"@header: 单据日期与明细日期不符（单号、单据日期、明细日期）",
+     R"(select distinct h.Code, h.Datee, l.Datee as LineDatee
+        from @header h, @lines l
+        where l.@link=h.Code and (h.Datee<>l.Datee or (h.Datee is null)<>(l.Datee is null))
+        order by h.Code)"},
+    {"@header: 单据没有明细",
+     R"(select h.Code
+        from @header h
+        where not exists (select 1 from @lines l where l.@link=h.Code)
+        order by h.Code)"},
+    {"@header: 明细没有单据",
+     R"(select distinct l.@link as Bill
+        from @lines l
+        where not exists (select 1 from @header h where h.Code=l.@link)
+        order by 1)"},
+};
+
+constexpr Rule PartnerRule = {"@header: 单据单位与明细单位不符（单号、单据单位、明细单位）",
+                              R"(select distinct h.Code, h.UnitCode, l.UnitCode as LineUnitCode
+        from @header h, @lines l
+        where l.@link=h.Code and coalesce(h.UnitCode,'')<>coalesce(l.UnitCode,'')
+        order by h.Code)"};
+
+Query queryOf(const Rule& rule, const MoneyBill& bill)
+{
+  const auto fill = [&bill](const char* text) {
+    return filled(text, {{"@header", QLatin1String(bill.header)},
+                         {"@lines", QLatin1String(bill.lines)},
+                         {"@link", QLatin1String(bill.link)},
+                         {"@differ", QLatin1String(Differ)}});
+  };
+  return {fill(rule.words), fill(rule.sql)};
+}
+
+} // namespace
+
+QList<Query> billQueries()
+{
+  QList<Query> queries;
+  for (const MoneyBill& bill : MoneyBills) {
+    for (const Rule& rule : Rules)
+      queries.append(queryOf(rule, bill));
+    if (bill.hasPartner)
+      queries.append(queryOf(PartnerRule, bill));
+  }
+  return queries;
+}
+
+} // namespace Check

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "database/Engine.h"
+
+#include <QList>
+#include <QString>
+
+#include <initializer_list>
+#include <utility>
+
+// The queries of the check, by subject. Each gives the rows in which its rule does not hold.
+namespace Check {
+
+struct Query {
+  QString rule; // in words, with the columns that are shown
+  QString sql;
+};
+
+// The kinds of bill that can have a voucher: the name under which the settings know the kind, and what
+// selects it among the headers of its table.
+struct VoucherKind {
+  const char* name;
+  const char* header;
+  const char* only = "";
+};
+inline constexpr VoucherKind VoucherKinds[] = {
+    {"付款单", "TabPayfundBill"},
+    {"收款单", "TabGathefundBill"},
+    {"银行存取款单", "TabKeepTake"},
+    {"费用开支单", "TabFee"},
+    {"其他收入单", "TabElseIncome"},
+    {"费用抵冲(客户)", "TabSustain", "and h.SustainType='客户'"},
+    {"费用抵冲(供应商)", "TabSustain", "and h.SustainType='供应商'"},
+};
+
+// The tables of the bills that money bills settle, and of those that have links to them.
+inline constexpr const char* GoodsBills[] = {"TabInBill",        "TabInCancleBill", "TabOutBill",
+                                             "TabOutCancleBill", "TabElseInBill",   "TabElseOutBill"};
+inline constexpr const char* SettlingBills[] = {"TabPayfundBill", "TabGathefundBill", "TabSustain"};
+
+// Header and lines of the money bills.
+QList<Query> billQueries();
+// Vouchers, and the bills that they are of. `closed` is the last day of the last closed accounting period,
+// written yyyy-MM-dd: on it and before it a save leaves the voucher alone.
+QList<Query> voucherQueries(const QString& closed);
+// Write-off links, and the bills on both sides of them.
+QList<Query> settlementQueries();
+
+// Reads `closed` from the account set; a day before all bills if no period is closed. `reason` says why it
+// could not be read.
+QString lastClosedDay(Engine& engine, QString& reason);
+
+// `text` with each place such as "@header" replaced by what belongs there.
+QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> places);
+
+// "a header of one of these tables has this code".
+template <std::size_t N> QString isBillOf(const char* const (&tables)[N], const QString& code)
+{
+  QString text;
+  for (const char* table : tables)
+    text += (text.isEmpty() ? "(" : " or ") +
+            filled("exists (select 1 from @table b where b.Code=@code)", {{"@table", QLatin1String(table)}, {"@code", code}});
+  return text + u')';
+}
+
+// Amounts of a file are binary numbers, and their sums differ from the sum by less than this.
+inline constexpr char Differ[] = ">0.00001";
+
+} // namespace Check

@@ -1,0 +1,155 @@
+#include "accountset/CheckQueries.h"
+
+#include "platform/DateText.h"
+
+#include <algorithm>
+
+namespace Check {
+namespace {
+
+struct Rule {
+  const char* words;
+  const char* sql;
+};
+
+constexpr Rule Rules[] = {
+    {"凭证借贷不平（凭证号、借方、贷方）",
+     R"(select l.BillCode, l.D, l.L
+        from (select BillCode, sum(Debtor) as D, sum(Lender) as L from TabWarrantInf group by BillCode) l
+        where abs(coalesce(l.D,0)-coalesce(l.L,0))@differ
+        order by l.BillCode)"},
+    {"凭证合计与分录不符（凭证号、凭证借方、分录借方、凭证贷方、分录贷方）",
+     R"(select h.Code, h.SumDebtor, l.D, h.SumLender, l.L
+        from TabWarrant h, (select BillCode, sum(Debtor) as D, sum(Lender) as L from TabWarrantInf group by BillCode) l
+        where l.BillCode=h.Code
+          and (abs(coalesce(h.SumDebtor,0)-coalesce(l.D,0))@differ or abs(coalesce(h.SumLender,0)-coalesce(l.L,0))@differ)
+        order by h.Code)"},
+    {"凭证没有分录",
+     R"(select h.Code
+        from TabWarrant h
+        where not exists (select 1 from TabWarrantInf l where l.BillCode=h.Code)
+        order by h.Code)"},
+    {"分录没有凭证",
+     R"(select distinct l.BillCode
+        from TabWarrantInf l
+        where not exists (select 1 from TabWarrant h where h.Code=l.BillCode)
+        order by l.BillCode)"},
+    {"凭证的单据已不存在（凭证号、单号）",
+     R"(select h.Code, h.JXCBillCode
+        from TabWarrant h
+        where coalesce(h.JXCBillCode,'')<>'' and not @isMoneyBill and not @isGoodsBill
+        order by h.Code)"},
+};
+
+// A number is drawn for a book over the accounting period that has the number of the bill's calendar month.
+// Vouchers of the days after that period's end get theirs out of turn, and are left out.
+constexpr Rule NumberRule = {"账簿@n 的凭证号重复（会计年、会计月、凭证号、两张凭证）",
+                             R"(select DateeY, DateeM, WarrantNum@n as Num, min(Code) as FirstCode, max(Code) as LastCode
+        from TabWarrant
+        where AccountBook@n=1 and WarrantNum@n>0
+          and (Datee like DateeY||'-'||DateeM||'-%' or Datee like DateeY||'-0'||DateeM||'-%')
+        group by DateeY, DateeM, WarrantNum@n
+        having count(*)>1
+        order by 1, 2, 3)"};
+
+// A voided bill keeps its mark and loses its voucher; a total of 0 is marked without one.
+constexpr Rule KindRules[] = {
+    {"@kind: 单据标明已生成会计凭证，但没有凭证（单号、单据金额）",
+     R"(select h.Code, h.SumMoney
+        from @header h
+        where h.Report='已生成会计凭证' and coalesce(h.State,'')<>'作废' and coalesce(h.SumMoney,0)<>0 @only
+          and not exists (select 1 from TabWarrant w where w.JXCBillCode=h.Code)
+        order by h.Code)"},
+    // A session that keeps inventory and finance apart writes no vouchers, and neither does a kind whose
+    // vouchers are turned off. So a bill is expected to have one if an earlier bill of its kind has one.
+    {"@kind: 单据没有凭证，也没有标明已生成会计凭证（单号、单据金额）",
+     R"(select h.Code, h.SumMoney
+        from @header h
+        where coalesce(h.Report,'')<>'已生成会计凭证' and coalesce(h.State,'')<>'作废' and coalesce(h.SumMoney,0)<>0 @only
+          and h.Datee>#@closed#
+          and not exists (select 1 from TabWarrant w where w.JXCBillCode=h.Code)
+          and not exists (select 1 from TabJXCAccount s where s.JXCTabName='@kind' and s.IsWarrant=0)
+          and exists (select 1 from @header e, TabWarrant w where e.Code<h.Code and w.JXCBillCode=e.Code @sameKind)
+        order by h.Code)"},
+    {"@kind: 单据有凭证，但没有标明已生成会计凭证（单号、凭证号）",
+     R"(select h.Code, w.Code as Voucher
+        from @header h, TabWarrant w
+        where w.JXCBillCode=h.Code and coalesce(h.Report,'')<>'已生成会计凭证' and coalesce(h.State,'')<>'作废' @only
+          and h.Datee>#@closed#
+        order by h.Code)"},
+    {"@kind: 作废单据仍有凭证（单号、凭证号）",
+     R"(select h.Code, w.Code as Voucher
+        from @header h, TabWarrant w
+        where w.JXCBillCode=h.Code and h.State='作废' @only
+        order by h.Code)"},
+    {"@kind: 凭证金额与单据金额不符（单号、单据金额、凭证号、凭证金额）",
+     R"(select h.Code, h.SumMoney, w.Code as Voucher, w.SumDebtor
+        from @header h, TabWarrant w
+        where w.JXCBillCode=h.Code and abs(coalesce(h.SumMoney,0)-coalesce(w.SumDebtor,0))@differ @only
+        order by h.Code)"},
+    {"@kind: 凭证分录属于另一张单据（单号、凭证号、分录摘要）",
+     R"(select distinct h.Code, w.Code as Voucher, l.Summary
+        from @header h, TabWarrant w, TabWarrantInf l
+        where w.JXCBillCode=h.Code and l.BillCode=w.Code @only
+          and l.Summary like '第%号%单' and not l.Summary like '第'||h.Code||'号%单'
+        order by h.Code)"},
+};
+
+QString sameKind(const VoucherKind& kind)
+{
+  return QLatin1String(kind.header) == QLatin1String("TabSustain") ? QStringLiteral("and e.SustainType=h.SustainType") : QString();
+}
+
+Query queryOf(const Rule& rule, const VoucherKind& kind, const QString& closed)
+{
+  const auto fill = [&](const char* text) {
+    return filled(text, {{"@header", QLatin1String(kind.header)},
+                         {"@kind", QString::fromUtf8(kind.name)},
+                         {"@only", QString::fromUtf8(kind.only)},
+                         {"@sameKind", sameKind(kind)},
+                         {"@closed", closed},
+                         {"@differ", QLatin1String(Differ)}});
+  };
+  return {fill(rule.words), fill(rule.sql)};
+}
+
+constexpr const char* MoneyBills[] = {"TabPayfundBill", "TabGathefundBill", "TabKeepTake", "TabFee", "TabElseIncome", "TabSustain"};
+
+} // namespace
+
+QList<Query> voucherQueries(const QString& closed)
+{
+  QList<Query> queries;
+  for (const Rule& rule : Rules)
+    queries.append(
+        {QString::fromUtf8(rule.words), filled(rule.sql, {{"@differ", QLatin1String(Differ)},
+                                                          {"@isMoneyBill", isBillOf(MoneyBills, QStringLiteral("h.JXCBillCode"))},
+                                                          {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}})});
+  for (const QString& book : {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")})
+    queries.append({filled(NumberRule.words, {{"@n", book}}), filled(NumberRule.sql, {{"@n", book}})});
+  for (const VoucherKind& kind : VoucherKinds)
+    for (const Rule& rule : KindRules)
+      queries.append(queryOf(rule, kind, closed));
+  return queries;
+}
+
+QString lastClosedDay(Engine& engine, QString& reason)
+{
+  const StatementResult closed = engine.execute(QStringLiteral("select DateeY, DateeM from TabWriteAccountant where State='已结账'"));
+  const StatementResult ends = engine.execute(QStringLiteral("select DateeM, DateeD from TabAccountAreaSet"));
+  for (const StatementResult* const read : {&closed, &ends})
+    if (read->error)
+      reason = read->error->description;
+  QDate last(1900, 1, 1);
+  for (qint64 row = 0; reason.isEmpty() && row < closed.rows.rows(); ++row) {
+    const QDate month(closed.rows.value(row, 0).toText().toInt(), closed.rows.value(row, 1).toText().toInt(), 1);
+    QDate end = month.isValid() ? month.addMonths(1).addDays(-1) : last;
+    for (qint64 i = 0; i < ends.rows.rows(); ++i)
+      if (ends.rows.value(i, 0).toInteger() == month.month())
+        end.setDate(month.year(), month.month(), int(ends.rows.value(i, 1).toInteger()));
+    last = std::max(last, end);
+  }
+  return DateText::shortForm(last);
+}
+
+} // namespace Check
