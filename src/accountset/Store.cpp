@@ -126,6 +126,14 @@ int copyPages(sqlite3_backup* backup)
   return code;
 }
 
+// The usual wait looks at the lock ten times a second, and between the writes of busy operators may never find it free.
+int lookAgain(void*, int looks)
+{
+  constexpr int PauseMs = 2;
+  sqlite3_sleep(PauseMs);
+  return looks * PauseMs < LockWaitMs;
+}
+
 // In a file without a name, which is gone when it is closed, in whatever way.
 FileOpening copyOfFile(const QString& path)
 {
@@ -133,6 +141,7 @@ FileOpening copyOfFile(const QString& path)
   FileOpening copy = openDatabase("", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   if (!source.database || !copy.database)
     return {nullptr, source.reason + copy.reason};
+  sqlite3_busy_handler(source.database.get(), lookAgain, nullptr);
   sqlite3_backup* const backup = sqlite3_backup_init(copy.database.get(), "main", source.database.get(), "main");
   const int code = backup ? copyPages(backup) : SQLITE_ERROR;
   if (sqlite3_backup_finish(backup) != SQLITE_OK || code != SQLITE_DONE)
