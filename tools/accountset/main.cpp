@@ -25,6 +25,7 @@ constexpr char Description[] = "Makes, copies and checks account sets.\n\n"
                                "of a PostgreSQL server. --login is who the program will be: he may select, insert, update and delete.\n"
                                "His password is read from ACCOUNTSET_LOGIN_PASSWORD, so that it stands in no command line.\n"
                                "Nothing that exists is written over: what is created or copied to must not be there yet.\n"
+                               "Operators may work while an account set is copied: the copy is what it held at one moment.\n"
                                "Exit status: 0 done, or all adds up; 1 not done, or not all adds up; 2 wrong use.";
 
 struct Orders {
