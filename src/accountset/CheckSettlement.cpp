@@ -3,6 +3,9 @@
 namespace Check {
 namespace {
 
+// The tables whose bills have links to goods bills.
+constexpr const char* SettlingBills[] = {"TabPayfundBill", "TabGathefundBill", "TabSustain"};
+
 struct Rule {
   const char* words;
   const char* sql;

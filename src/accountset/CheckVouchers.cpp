@@ -7,6 +7,23 @@
 namespace Check {
 namespace {
 
+// The kinds of bill that can have a voucher: the name under which the settings know the kind, and what
+// selects it among the headers of its table.
+struct VoucherKind {
+  const char* name;
+  const char* header;
+  const char* only = "";
+};
+constexpr VoucherKind VoucherKinds[] = {
+    {"付款单", "TabPayfundBill"},
+    {"收款单", "TabGathefundBill"},
+    {"银行存取款单", "TabKeepTake"},
+    {"费用开支单", "TabFee"},
+    {"其他收入单", "TabElseIncome"},
+    {"费用抵冲(客户)", "TabSustain", "and h.SustainType='客户'"},
+    {"费用抵冲(供应商)", "TabSustain", "and h.SustainType='供应商'"},
+};
+
 struct Rule {
   const char* words;
   const char* sql;
