@@ -57,12 +57,12 @@ Statement& Statement::operator+=(const Statement& part)
   return *this;
 }
 
-QString Statement::violation() const
+std::optional<QString> Statement::violation() const
 {
   for (const Place& place : m_places)
     if (const QStringView text = QStringView(m_sql).sliced(place.at, place.size); !isOneToken(text, place.kind))
       return text.toString();
-  return {};
+  return std::nullopt;
 }
 
 // The literals around a value read the same whatever the value is, as long as it is one whole token. So it is

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <concepts>
+#include <optional>
 #include <type_traits>
 #include <vector>
 
@@ -97,9 +98,8 @@ public:
 
   const QString& sql() const { return m_sql; }
   bool isEmpty() const { return m_sql.isEmpty(); }
-  // The first value that is more, or other, than the token of its place, as it appears in the statement; empty if
-  // there is none.
-  QString violation() const;
+  // The first value that is more, or other, than the token of its place, as it appears in the statement.
+  std::optional<QString> violation() const;
 
 private:
   enum class Kind { Text, Date, Name, Number };

@@ -49,8 +49,8 @@ Connection::Outcome run(Session& session, const Statement& statement)
   Connection::Outcome outcome;
   outcome.error = tryToOpen(session);
   if (!outcome.error) {
-    if (const QString value = statement.violation(); !value.isEmpty())
-      outcome.error.reset(new DatabaseError{ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value.left(60)});
+    if (const auto value = statement.violation())
+      outcome.error.reset(new DatabaseError{ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60)});
     else
       outcome = session.connection.run(statement.sql());
   }
