@@ -1,6 +1,7 @@
 #include "printing/BillTemplate.h"
 
 #include "platform/RunTimeError.h"
+#include "platform/SafeFile.h"
 #include "platform/Trim.h"
 #include "screen/Grid.h"
 #include "session/ModuleADO.h"
@@ -120,9 +121,7 @@ std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const 
     session.desk.ask({tabName + "  不存在！.", Desk::Icon::Warning, Desk::Buttons::Ok, QStringLiteral("错误")});
     return 0;
   }
-  QFile file(filePath);
-  const QByteArray workbook = rs.bytes("TabInf");
-  if (!file.open(QIODevice::WriteOnly) || file.write(workbook) != workbook.size() || !file.flush())
+  if (!SafeFile::write(filePath, rs.bytes("TabInf")))
     throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
   return rs.recordCount();
 }
@@ -137,7 +136,10 @@ void PrintBill_Excel(Session& session, const Job& job)
   try {
     if (!isStored(session, job))
       return session.desk.inform(QStringLiteral("尚未保存数据，请先保存数据后重新执行打印！"));
+    // Names come from the database: one with a separator in it would lead out of the two folders.
     const QString workName = stampOf(session.machine.now()) + name;
+    if (!SafeFile::isName(workName))
+      throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
     const QString unpacked = session.machine.inProgramFolder("PrintTemp/" + workName);
     if (RestoreFileFromDb(session, unpacked, name) <= 0)
       return session.desk.inform(QStringLiteral("打开报表模版失败，请重新操作！"));

@@ -2,11 +2,10 @@
 
 #include "platform/AnsiText.h"
 #include "platform/RunTimeError.h"
+#include "platform/SafeFile.h"
 #include "platform/Trim.h"
 #include "screen/Grid.h"
 #include "session/Session.h"
-
-#include <QFile>
 
 #include <algorithm>
 
@@ -127,10 +126,9 @@ void WritePrintFile(Session& session, const PrintGrid& printed, const QString& p
   content.header("批量连续打印");
   content.value("accountantprintsign", Trim(accountantPrintSign));
 
-  QFile file(session.machine.inProgramFolder(QString::fromLatin1(FileName)));
-  const QByteArray bytes = AnsiText::encode(content.text());
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())
-    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误：") + file.fileName());
+  const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
+  if (!SafeFile::write(path, AnsiText::encode(content.text())))
+    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误：") + path);
 }
 
 } // namespace ModSavePrintData

@@ -3,11 +3,10 @@
 #include "platform/DateText.h"
 #include "platform/Machine.h"
 #include "platform/NumberText.h"
+#include "platform/SafeFile.h"
 #include "platform/Trim.h"
 #include "session/ModChangeStr.h"
 #include "session/Session.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <variant>
@@ -128,18 +127,6 @@ QString give(const Params& params, const Field& field)
   return NumberText::plain(params.*std::get<qint16 Params::*>(field.member));
 }
 
-bool write(const QString& path, const QByteArray& content)
-{
-  if (QFile::exists(path) && !QFile::remove(path))
-    return false;
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
-    return false;
-  const bool written = file.write(content) == content.size() && file.flush();
-  file.close();
-  return written;
-}
-
 } // namespace
 
 QStringList keys()
@@ -152,17 +139,12 @@ QStringList keys()
 
 bool ReadSystemParameters(const Machine& machine, SessionParams& params)
 {
-  QFile file(machine.inProgramFolder(QString::fromLatin1(FileName)));
-  if (!file.exists() || !file.open(QIODevice::ReadOnly))
-    return false;
-  const QByteArray content = file.read(LargestFile + 1);
-  file.close();
-  file.remove();
+  const auto content = SafeFile::take(machine.inProgramFolder(QString::fromLatin1(FileName)), LargestFile + 1);
   // Whoever writes one ends every line, so a file that ends inside a line was cut.
-  if (content.size() > LargestFile || !content.endsWith('\n'))
+  if (!content || content->size() > LargestFile || !content->endsWith('\n'))
     return false;
 
-  ParameterReader reader(content);
+  ParameterReader reader(*content);
   if (!reader.carriesAnyKey())
     return false;
   SessionParams read;
@@ -192,9 +174,13 @@ QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless)
   return content;
 }
 
+bool writeFile(const QString& folder, const QByteArray& content)
+{
+  return SafeFile::write(folder + u'/' + QString::fromLatin1(FileName), content, SafeFile::ForThisUser);
+}
+
 bool WriteSystemParameters(Session& session, const Directives& directives)
 {
-  const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
   SessionParams params = session.params;
   params.OperationsDirective = Trim(directives.first);
   params.OperationsDirective2 = Trim(directives.second);
@@ -206,9 +192,9 @@ bool WriteSystemParameters(Session& session, const Directives& directives)
     values.insert(QString::fromLatin1(field.key), give(params, field));
   bool lossless = false;
   const QByteArray content = fileContent(values, &lossless);
-  if (lossless && write(path, content))
+  if (lossless && writeFile(session.machine.programFolder(), content))
     return true;
-  QFile::remove(path);
+  QFile::remove(session.machine.inProgramFolder(QString::fromLatin1(FileName)));
   session.desk.stop(QStringLiteral("参数存取失败！"));
   return false;
 }

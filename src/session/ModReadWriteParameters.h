@@ -19,8 +19,8 @@ constexpr char FileName[] = "SysPar.dll";
 QStringList keys();
 
 // Reads the file into `params` and deletes it. False, with nothing read, if there is no such file,
-// it cannot be read, it is too large to be one, it ends inside a line, or not one of its lines carries
-// a key.
+// it cannot be read or deleted, it is no plain file or belongs to somebody else, it is too large to be
+// one, it ends inside a line, or not one of its lines carries a key.
 bool ReadSystemParameters(const Machine& machine, SessionParams& params);
 
 // Writes the session with these orders for the program about to be started. On any error shows
@@ -30,5 +30,9 @@ bool WriteSystemParameters(Session& session, const Directives& directives);
 // The bytes of a file with these values, by key; a key without one is empty. For whoever starts the
 // first program. `lossless` tells whether a reader will get every character back.
 QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless = nullptr);
+
+// Writes the file with these bytes into a program folder, for this user alone: a password may be among
+// them. False if it could not be written.
+bool writeFile(const QString& folder, const QByteArray& content);
 
 } // namespace ModReadWriteParameters

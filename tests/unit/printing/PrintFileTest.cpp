@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <unistd.h>
+
 namespace {
 
 struct PrintFileTest : testing::Test, SessionFixture {
@@ -77,6 +79,14 @@ TEST_F(PrintFileTest, AFileThatCannotBeWrittenIsARunTimeError)
 {
   QDir().mkdir(path());
   EXPECT_THROW(ModSavePrintData::WritePrintFile(session, {}, "付款单", "直接打印"), RunTimeError);
+}
+
+TEST_F(PrintFileTest, TheTargetOfALinkIsLeftAlone)
+{
+  const QByteArray other = QFile::encodeName(folder.filePath("other"));
+  ASSERT_EQ(symlink(other.constData(), QFile::encodeName(path()).constData()), 0);
+  EXPECT_TRUE(write().startsWith(AnsiText::encode("打印表表名:")));
+  EXPECT_FALSE(QFile::exists(folder.filePath("other")));
 }
 
 } // namespace

@@ -13,6 +13,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -185,8 +188,62 @@ TEST_F(ModReadWriteParametersTest, AFileThatIsNoneIsNotReadAndLeavesTheSessionAl
     EXPECT_FALSE(QFile::exists(path)) << what;
   }
   EXPECT_EQ(session.params.UserName, u"甲"_s);
-  QDir().mkdir(path);
+}
+
+// Others may have laid something at the file's name. None of it is waited for, believed or written to.
+TEST_F(ModReadWriteParametersTest, WhatIsNoPlainFileOfOursIsNotRead)
+{
+  const QByteArray whole = scrambled({u"SoftType=a"_s, u"OperatorsNum=1"_s, u"DatabaseType=Access"_s});
+  const QByteArray name = QFile::encodeName(path);
+  const QString other = folder.filePath(u"other"_s);
+  const auto clear = [&] { return QDir().rmdir(path) || QFile::remove(path); };
+
+  ASSERT_TRUE(QDir().mkdir(path));
   EXPECT_FALSE(read()) << "a folder";
+  ASSERT_TRUE(clear());
+  ASSERT_EQ(mkfifo(name.constData(), 0600), 0);
+  EXPECT_FALSE(read()) << "a pipe";
+  ASSERT_TRUE(clear());
+  ASSERT_EQ(symlink("/dev/zero", name.constData()), 0);
+  EXPECT_FALSE(read()) << "a device";
+  ASSERT_TRUE(clear());
+  writeBytes(whole);
+  ASSERT_TRUE(QFile::rename(path, other));
+  ASSERT_EQ(symlink(QFile::encodeName(other).constData(), name.constData()), 0);
+  EXPECT_FALSE(read()) << "a link to a good one";
+
+  // A new file takes the link's place and its target is left alone; nobody else can read the passwords in it.
+  EXPECT_TRUE(ModReadWriteParameters::WriteSystemParameters(session, {u"打印"_s}));
+  struct stat status = {};
+  ASSERT_EQ(lstat(name.constData(), &status), 0);
+  EXPECT_TRUE(S_ISREG(status.st_mode));
+  EXPECT_EQ(status.st_mode & 0777, 0600U);
+  EXPECT_EQ(QFile(other).size(), whole.size());
+  EXPECT_TRUE(read());
+}
+
+TEST_F(ModReadWriteParametersTest, AFileThatIsNotOursOrCannotBeDeletedIsNotRead)
+{
+  constexpr uid_t Somebody = 1;
+  constexpr uid_t Nobody = 65534;
+  const QByteArray whole = scrambled({u"SoftType=a"_s, u"OperatorsNum=1"_s, u"DatabaseType=Access"_s});
+  const bool isRoot = geteuid() == 0;
+  writeBytes(whole);
+  if (isRoot) {
+    ASSERT_EQ(chown(QFile::encodeName(path).constData(), Somebody, Somebody), 0);
+    EXPECT_FALSE(read()) << "of somebody else";
+    ASSERT_TRUE(QFile::remove(path));
+    writeBytes(whole);
+    ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0644), 0);
+  }
+  // The folder can't be written. Root could all the same, so it is somebody who isn't.
+  ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
+  ASSERT_EQ(seteuid(isRoot ? Nobody : geteuid()), 0);
+  EXPECT_FALSE(read()) << "can't be deleted";
+  ASSERT_EQ(seteuid(getuid()), 0);
+  ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0700), 0);
+  EXPECT_TRUE(QFile::exists(path));
+  EXPECT_TRUE(read());
 }
 
 TEST_F(ModReadWriteParametersTest, WhatTheFileCannotHoldIsRefusedAndLeavesNoFile)
