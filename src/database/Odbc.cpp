@@ -1,5 +1,7 @@
 #include "database/Odbc.h"
 
+#include "database/ServerWatch.h"
+
 #include <QStringList>
 
 #include <charconv>
@@ -192,6 +194,11 @@ QString inBraces(const QString& value)
   return plain ? value : u'{' + QString(value).replace(u'}', QStringLiteral("}}")) + u'}';
 }
 
+QString noAnswerWithin(std::chrono::milliseconds limit)
+{
+  return QStringLiteral("服务器在 %1 秒内没有应答，连接已断开").arg(seconds(limit));
+}
+
 // What the registry says about a driver: the file that it is.
 QString libraryOf(SQLHENV environment, const QString& driver)
 {
@@ -216,19 +223,37 @@ QString libraryOf(SQLHENV environment, const QString& driver)
 struct Odbc::Handles {
   Handle<SQL_HANDLE_ENV> environment{SQL_NULL_HANDLE};
   std::unique_ptr<Handle<SQL_HANDLE_DBC>> connection;
+  ServerWatch watch;
+  ServerWaits waits;
   bool connected = false;
   bool lost = false;
-  qint64 statementWait = 0; // in seconds
 
   Kind kind = Kind::Unknown;
 
   Kind askKind() const;
+  SQLRETURN connect(const QByteArray& text);
+  // A driver keeps its limit for each address of a server, and for none of the statements with which it begins.
+  std::chrono::milliseconds connectWait() const { return 2 * waits.connect; }
   ~Handles()
   {
+    const ServerWatch::Call call(watch, waits.connect);
     if (connected)
       SQLDisconnect(connection->get());
   }
 };
+
+SQLRETURN Odbc::Handles::connect(const QByteArray& text)
+{
+  watch.expectSockets();
+  const ServerWatch::Call call(watch, connectWait());
+  const SQLRETURN code =
+      SQLDriverConnect(connection->get(), nullptr, bytesOf(text), SQLSMALLINT(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  watch.keepSockets();
+  connected = SQL_SUCCEEDED(code);
+  if (connected)
+    kind = askKind();
+  return code;
+}
 
 Odbc::Odbc(std::unique_ptr<Handles> handles) : m_handles(std::move(handles)) {}
 
@@ -258,6 +283,7 @@ QString Odbc::driverText(const ServerPlace& place, const ServerWaits& waits, con
 Odbc::Opening Odbc::open(const ServerPlace& place, const ServerWaits& waits)
 {
   auto handles = std::make_unique<Handles>();
+  handles->waits = waits;
   SQLHENV environment = handles->environment.get();
   SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
   handles->connection = std::make_unique<Handle<SQL_HANDLE_DBC>>(environment);
@@ -266,13 +292,12 @@ Odbc::Opening Odbc::open(const ServerPlace& place, const ServerWaits& waits)
     return {nullptr, {Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用")}};
   SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(waits.connect)), 0);
   const QByteArray text = driverText(place, waits, libraryOf(environment, place.driver)).toUtf8();
-  const SQLRETURN code =
-      SQLDriverConnect(connection, nullptr, bytesOf(text), SQLSMALLINT(text.size()), nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-  if (!SQL_SUCCEEDED(code))
-    return {nullptr, diagnosisOf(SQL_HANDLE_DBC, connection).error};
-  handles->connected = true;
-  handles->kind = handles->askKind();
-  handles->statementWait = seconds(waits.statement);
+  if (!SQL_SUCCEEDED(handles->connect(text))) {
+    DatabaseError error = diagnosisOf(SQL_HANDLE_DBC, connection).error;
+    if (handles->watch.hasEndedACall())
+      error.description = noAnswerWithin(handles->connectWait());
+    return {nullptr, error};
+  }
   std::unique_ptr<Odbc> odbc(new Odbc(std::move(handles)));
   if (const QString reason = odbc->setUp(waits); !reason.isEmpty())
     return {nullptr, {Unnumbered, reason}};
@@ -290,7 +315,7 @@ QString Odbc::setUp(const ServerWaits& waits)
   else if (kind() == Kind::SqlServer)
     settings = {"set lock_timeout " + number(waits.lock)};
   for (const QByteArray& setting : settings)
-    if (const StatementResult result = run(setting); result.error)
+    if (const StatementResult result = runWithin(setting, waits.connect); result.error)
       return result.error->description;
   return {};
 }
@@ -313,9 +338,32 @@ Odbc::Kind Odbc::kind() const
 
 StatementResult Odbc::run(const QByteArray& utf8)
 {
+  // Beyond its limit a statement is ended by the server, which needs a while to say so.
+  return runWithin(utf8, m_handles->waits.statement + m_handles->waits.connect);
+}
+
+StatementResult Odbc::tryOut()
+{
+  return runWithin("select 1", m_handles->waits.connect);
+}
+
+StatementResult Odbc::runWithin(const QByteArray& utf8, std::chrono::milliseconds limit)
+{
+  const ServerWatch::Call call(m_handles->watch, limit);
+  StatementResult result = execute(utf8);
+  if (isGivenUp()) {
+    m_handles->lost = true;
+    if (result.error)
+      result.error->description = noAnswerWithin(limit);
+  }
+  return result;
+}
+
+StatementResult Odbc::execute(const QByteArray& utf8)
+{
   const Handle<SQL_HANDLE_STMT> statement(m_handles->connection->get());
   if (kind() != Kind::PostgreSql)
-    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(m_handles->statementWait), 0);
+    SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(m_handles->waits.statement)), 0);
   StatementResult result;
   SQLRETURN code = SQLExecDirect(statement.get(), bytesOf(utf8), SQLINTEGER(utf8.size()));
   SQLSMALLINT columns = 0;
@@ -335,4 +383,9 @@ StatementResult Odbc::run(const QByteArray& utf8)
 bool Odbc::isLost() const
 {
   return m_handles->lost;
+}
+
+bool Odbc::isGivenUp() const
+{
+  return m_handles->watch.hasEndedACall();
 }

@@ -10,7 +10,7 @@
 // account sets, say what may be run.
 //
 // Nothing waits without an end: connecting, a lock and a statement each have their limit, and a server
-// that has fallen silent is given up.
+// that has fallen silent is given up: where it no longer keeps the limits itself, the connection is cut.
 class Odbc {
 public:
   enum class Kind { PostgreSql, SqlServer, Unknown };
@@ -27,8 +27,12 @@ public:
   Kind kind() const;
   // Runs one statement, given as UTF-8, and reads its rows to their end.
   StatementResult run(const QByteArray& utf8);
-  // True once a failure has shown that the server is gone from the other end.
+  // Asks the server for a sign of life, for which it has as long as for connecting.
+  StatementResult tryOut();
+  // True once a failure has shown that the server is gone from the other end, or it had to be given up.
   bool isLost() const;
+  // The latter alone: it had all the time that a statement may take.
+  bool isGivenUp() const;
 
   // The text that a driver of some library takes: each writes host and port, and its limits, in its own
   // way. Values that need it stand in braces.
@@ -39,6 +43,8 @@ private:
 
   explicit Odbc(std::unique_ptr<Handles> handles);
   QString setUp(const ServerWaits& waits);
+  StatementResult runWithin(const QByteArray& utf8, std::chrono::milliseconds limit);
+  StatementResult execute(const QByteArray& utf8);
 
   std::unique_ptr<Handles> m_handles;
 };

@@ -34,12 +34,13 @@ public:
     if (!fitsCodePage(translation.sql))
       return StatementResult::failed(Refused, QStringLiteral("语句含有服务器代码页以外的文字"));
     if (!translation.isQuery && Clock::now() - m_lastUse > TrustedPause)
-      if (StatementResult trial = m_connection->run("select 1"); trial.error)
+      if (StatementResult trial = m_connection->tryOut(); trial.error)
         return repeatable(std::move(trial));
     StatementResult result = m_connection->run(translation.sql.toUtf8());
     m_lastUse = Clock::now();
     result.isQuery = result.isQuery && translation.isQuery;
-    return result.error && translation.isQuery ? repeatable(std::move(result)) : std::move(result);
+    const bool mayBeRepeated = translation.isQuery && !m_connection->isGivenUp();
+    return result.error && mayBeRepeated ? repeatable(std::move(result)) : std::move(result);
   }
 
 private:

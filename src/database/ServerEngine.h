@@ -8,7 +8,7 @@
 //
 // A statement that fails because the connection was dropped leaves the engine not open. It is marked
 // repeatable only if nothing of it can have been done: a select, or a write that was not yet sent. A
-// write that was sent is never repeated, here or by the caller.
+// write that was sent is never repeated, here or by the caller, nor is a select that has used up its time.
 struct ServerEngine {
   struct Opening {
     std::unique_ptr<Engine> engine; // null if there is no connection

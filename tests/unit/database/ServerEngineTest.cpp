@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 
 #include <arpa/inet.h>
+#include <csignal>
+#include <poll.h>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -37,26 +39,89 @@ QString told(const StatementResult& result)
   return rows.join(u' ');
 }
 
+// A server's process for one connection, stopped until the end of this.
+class StoppedServer {
+public:
+  explicit StoppedServer(const QString& process) : m_process(process.toInt())
+  {
+    if (m_process <= 0 || kill(m_process, SIGSTOP) != 0)
+      ADD_FAILURE() << "cannot stop the server";
+  }
+  ~StoppedServer() { kill(m_process, SIGCONT); }
+
+private:
+  const pid_t m_process;
+};
+
+sockaddr_in onLoopback(int port)
+{
+  sockaddr_in address = {};
+  address.sin_family = AF_INET;
+  address.sin_port = htons(in_port_t(port));
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  return address;
+}
+
 // A port on loopback that takes the call and says nothing.
 class SilentPort {
 public:
   SilentPort()
   {
-    m_address.sin_family = AF_INET;
-    m_address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof m_address;
-    if (bind(m_socket, general(), size) != 0 || listen(m_socket, 5) != 0 || getsockname(m_socket, general(), &size) != 0)
+    sockaddr_in address = onLoopback(0);
+    socklen_t size = sizeof address;
+    auto* const general = reinterpret_cast<sockaddr*>(&address);
+    if (bind(m_socket, general, size) != 0 || listen(m_socket, 5) != 0 || getsockname(m_socket, general, &size) != 0)
       ADD_FAILURE() << "cannot listen";
+    m_port = ntohs(address.sin_port);
   }
   ~SilentPort() { close(m_socket); }
 
-  int number() const { return ntohs(m_address.sin_port); }
+  int number() const { return m_port; }
+
+protected:
+  const int m_socket = socket(AF_INET, SOCK_STREAM, 0);
 
 private:
-  sockaddr* general() { return reinterpret_cast<sockaddr*>(&m_address); }
+  int m_port = 0;
+};
 
-  int m_socket = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in m_address = {};
+// Stands between a caller and the server, passes on so many pieces of what the server says, and then nothing.
+class FallingSilent {
+public:
+  FallingSilent(int server, int answers) : m_thread([this, server, answers] { passOn(server, answers); }) {}
+  ~FallingSilent() { m_thread.join(); }
+
+  int port() const { return m_port.number(); }
+
+private:
+  struct Port : SilentPort {
+    int take() const { return accept(m_socket, nullptr, nullptr); }
+  };
+
+  // Until the caller hangs up.
+  void passOn(int server, int answers) const
+  {
+    const int caller = m_port.take();
+    const int called = socket(AF_INET, SOCK_STREAM, 0);
+    const sockaddr_in address = onLoopback(server);
+    pollfd ends[] = {{caller, POLLIN, 0}, {called, POLLIN, 0}};
+    char piece[65536];
+    bool goesOn = connect(called, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    while (goesOn && poll(ends, 2, -1) > 0)
+      for (const auto& [from, to] : {std::pair(0, 1), std::pair(1, 0)}) {
+        if (!ends[from].revents)
+          continue;
+        const ssize_t size = read(ends[from].fd, piece, sizeof piece);
+        goesOn = goesOn && size > 0;
+        if (goesOn && (from == 0 || answers-- > 0))
+          goesOn = write(ends[to].fd, piece, std::size_t(size)) == size;
+      }
+    close(caller);
+    close(called);
+  }
+
+  const Port m_port;
+  std::thread m_thread;
 };
 
 struct ServerEngineTest : testing::Test {
@@ -98,6 +163,7 @@ struct ServerEngineTest : testing::Test {
 
   static inline std::unique_ptr<TestServer::Database> database;
   static constexpr ServerWaits waits{.connect = 2s, .lock = 300ms, .statement = 3s};
+  static constexpr ServerWaits shortWaits{.connect = 1s, .lock = 300ms, .statement = 1s};
   std::unique_ptr<Engine> engine;
 };
 
@@ -236,6 +302,53 @@ TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
   clock.restart();
   EXPECT_FALSE(ServerEngine::open(place, waits).engine);
   EXPECT_LT(clock.elapsed(), 6000);
+}
+
+// A stopped server keeps its connections and answers nothing, so that its own limits don't end anything.
+TEST_F(ServerEngineTest, AStoppedServerIsGivenUp)
+{
+  const QString given = u"服务器在 2 秒内没有应答，连接已断开"_s;
+  engine = ServerEngine::open(database->clerk.server, shortWaits).engine;
+  const StoppedServer queried(told(engine->execute(u"select pg_backend_pid()"_s)));
+  const StatementResult query = engine->execute(u"select 1"_s);
+  EXPECT_EQ(told(query), u"error: "_s + given);
+  EXPECT_FALSE(engine->isOpen());
+  EXPECT_FALSE(query.isRepeatable) << "it has had its time";
+
+  // A write that the server has got, and one that it has not even taken off the line.
+  for (const QByteArray& sql : {"insert into TabClient(Code) values('1')"_ba,
+                                "insert into TabClient(Code,Address) values('2','"_ba + QByteArray(20'000'000, 'x') + "')"}) {
+    auto odbc = Odbc::open(database->clerk.server, shortWaits).connection;
+    ASSERT_TRUE(odbc);
+    const StoppedServer stopped(told(odbc->run("select pg_backend_pid()")));
+    EXPECT_EQ(told(odbc->run(sql)), u"error: "_s + given);
+    EXPECT_TRUE(odbc->isLost());
+  }
+  // What it got it may do when it goes on, once.
+  EXPECT_LE(countOfClients().toInt(), 1);
+
+  // After a pause a write is not sent to it at all, and goes over a new connection.
+  Connection connection;
+  ASSERT_FALSE(open(connection));
+  const auto outcome = connection.run(u"select pg_backend_pid() as Id"_s);
+  const StoppedServer stopped(outcome.recordset.text(u"Id"_s));
+  std::this_thread::sleep_for(600ms);
+  EXPECT_FALSE(connection.run(u"insert into TabClient(Code) values('3')"_s).error);
+  EXPECT_EQ(connection.run(u"select * from TabClient where Code='3'"_s).recordset.recordCount(), 1);
+}
+
+// While it is connected to, after any of its answers.
+TEST_F(ServerEngineTest, AServerThatFallsSilentIsGivenUp)
+{
+  for (const int answers : {1, 3, 5, 6, 8}) {
+    const FallingSilent between(database->clerk.server.port.toInt(), answers);
+    ServerPlace place = database->clerk.server;
+    place.port = QString::number(between.port());
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_FALSE(ServerEngine::open(place, shortWaits).engine) << answers;
+    EXPECT_LT(clock.elapsed(), 9000) << answers;
+  }
 }
 
 TEST(Odbc, EachDriverGetsHostAndPortInItsForm)
