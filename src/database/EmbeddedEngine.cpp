@@ -1,10 +1,8 @@
 #include "database/EmbeddedEngine.h"
 
+#include "database/AccountSetFile.h"
 #include "database/DialectTranslator.h"
 #include "database/SqliteCollations.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 #include <sqlite3.h>
 
@@ -62,7 +60,10 @@ QStringList columnNames(sqlite3_stmt* statement)
 
 class SqliteEngine : public Engine {
 public:
-  explicit SqliteEngine(Database database) : m_database(std::move(database)) {}
+  SqliteEngine(Database database, std::chrono::milliseconds longestStatement)
+      : m_database(std::move(database)), m_longestStatement(longestStatement)
+  {
+  }
 
   bool isOpen() const override { return m_database != nullptr; }
 
@@ -80,10 +81,14 @@ public:
     result.isQuery = sqlite3_stmt_readonly(prepared) && sqlite3_column_count(prepared) > 0;
     result.rows = RowSet(columnNames(prepared));
     const int columns = sqlite3_column_count(prepared);
+    const AccountSetFile::Share share(m_database.get(), m_longestStatement);
     int step = SQLITE_ROW;
-    while ((step = sqlite3_step(prepared)) == SQLITE_ROW)
+    while ((step = sqlite3_step(prepared)) == SQLITE_ROW && share.hasRoomFor(result.rows))
       appendRow(result.rows, prepared, columns);
-    return step == SQLITE_DONE ? std::move(result) : failure();
+    if (step == SQLITE_DONE)
+      return result;
+    const auto excess = share.excess(result.rows);
+    return excess ? StatementResult::failed(excess->number, excess->description) : failure();
   }
 
 private:
@@ -94,23 +99,8 @@ private:
   }
 
   Database m_database;
+  std::chrono::milliseconds m_longestStatement;
 };
-
-// What stands against opening the file; empty if nothing does.
-QString refusalOfFile(const QString& path)
-{
-  const QFileInfo info(path);
-  if (!info.exists())
-    return QStringLiteral("找不到数据库文件：%1").arg(path);
-  if (!info.isFile())
-    return QStringLiteral("不是数据库文件：%1").arg(path);
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return QStringLiteral("不能读取数据库文件：%1").arg(path);
-  if (file.read(16) != QByteArray("SQLite format 3\0", 16))
-    return QStringLiteral("不可识别的数据库格式：%1").arg(path);
-  return {};
-}
 
 int setUp(sqlite3* database, std::chrono::milliseconds lockWait)
 {
@@ -142,15 +132,18 @@ StatementResult StatementResult::failed(int number, const QString& description)
   return result;
 }
 
-EmbeddedEngine::Opening EmbeddedEngine::open(const QString& path, std::chrono::milliseconds lockWait)
+EmbeddedEngine::Opening EmbeddedEngine::open(const QString& path, std::chrono::milliseconds lockWait,
+                                             std::chrono::milliseconds longestStatement)
 {
-  if (const QString refusal = refusalOfFile(path); !refusal.isEmpty())
+  if (const QString refusal = AccountSetFile::refusalOf(path); !refusal.isEmpty())
     return {nullptr, {SQLITE_CANTOPEN, refusal}};
   sqlite3* opened = nullptr;
   const int code =
       sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   Database database(opened);
-  if (code != SQLITE_OK || setUp(opened, lockWait) != SQLITE_OK)
+  if (code != SQLITE_OK || AccountSetFile::limit(opened) != SQLITE_OK || setUp(opened, lockWait) != SQLITE_OK)
     return {nullptr, opened ? errorOf(opened) : DatabaseError{code, QStringLiteral("内存不足")}};
-  return {std::make_unique<SqliteEngine>(std::move(database)), {}};
+  if (const auto refusal = AccountSetFile::refusalOfSchema(opened))
+    return {nullptr, *refusal};
+  return {std::make_unique<SqliteEngine>(std::move(database), longestStatement), {}};
 }

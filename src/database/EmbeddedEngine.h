@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/AccountSetFile.h"
 #include "database/Engine.h"
 
 #include <chrono>
@@ -8,7 +9,8 @@
 //
 // Opening never creates a file: it must exist, be a regular file and carry SQLite's header. Rollback
 // journal, and what a statement wrote is on the disk for good when it returns; a recordset is read to its
-// end at once, so no statement stays open and blocks another operator.
+// end at once, so no statement stays open and blocks another operator. What a file may hold and how long a
+// statement may take: AccountSetFile.
 struct EmbeddedEngine {
   // How long a statement waits for another program's lock.
   static constexpr std::chrono::milliseconds LockWait{30000};
@@ -18,5 +20,6 @@ struct EmbeddedEngine {
     DatabaseError error;
   };
 
-  static Opening open(const QString& path, std::chrono::milliseconds lockWait = LockWait);
+  static Opening open(const QString& path, std::chrono::milliseconds lockWait = LockWait,
+                      std::chrono::milliseconds longestStatement = AccountSetFile::LongestStatement);
 };

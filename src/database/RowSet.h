@@ -19,6 +19,8 @@ public:
   // Index of a column by name, without regard to case; -1 if there is none.
   int column(QStringView name) const;
   Value value(std::int64_t row, int column) const;
+  // Memory in bytes.
+  std::size_t size() const { return m_cells.size() * sizeof(Cell) + m_texts.size(); }
   // A text as the engine gave it, byte by byte; empty for any other value.
   QByteArray bytes(std::int64_t row, int column) const;
 

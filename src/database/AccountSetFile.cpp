@@ -1,0 +1,203 @@
+#include "database/AccountSetFile.h"
+
+#include "database/SqlTokens.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <ctime>
+#include <sqlite3.h>
+
+namespace AccountSetFile {
+namespace {
+
+// Steps of the engine between two looks at the clock, some thousandths of a second.
+constexpr int StepsBetween = 100'000;
+constexpr int LongestDefinition = 1 << 20;
+
+std::chrono::nanoseconds computed()
+{
+  timespec time = {};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+// Reads a definition as it stands in the file, for what it may be made of.
+class Definition {
+public:
+  explicit Definition(QStringView sql)
+  {
+    for (const SqlToken& token : SqlTokens::read(sql))
+      if (token.kind != SqlToken::Comment)
+        m_tokens.push_back(token);
+  }
+
+  bool isHarmless()
+  {
+    if (!takeWord("create"))
+      return false;
+    // Switched off.
+    if (takeWord("view") || takeWord("trigger"))
+      return true;
+    if (takeWord("table"))
+      return skipName() && takeColumns() && takeTableOptions();
+    takeWord("unique");
+    return takeWord("index") && skipName() && takeWord("on") && skipName() && takeNames() && isAtEnd();
+  }
+
+private:
+  bool isAtEnd() const { return m_at == m_tokens.size(); }
+  bool isWord(const char* lower) const { return !isAtEnd() && m_tokens[m_at].isWord(QLatin1String(lower)); }
+  bool isSymbol(char16_t c) const { return !isAtEnd() && m_tokens[m_at].isSymbol(c); }
+  bool is(SqlToken::Kind kind) const { return !isAtEnd() && m_tokens[m_at].kind == kind; }
+
+  bool take(bool isThere)
+  {
+    m_at += isThere;
+    return isThere;
+  }
+  bool takeWord(const char* lower) { return take(isWord(lower)); }
+  bool takeSymbol(char16_t c) { return take(isSymbol(c)); }
+  bool skipName() { return take(is(SqlToken::Word) || is(SqlToken::Text)); }
+
+  // The columns of a table: words, literals, and in brackets the measure of a type or the columns of a key.
+  bool takeColumns()
+  {
+    if (!takeSymbol(u'('))
+      return false;
+    while (!isAtEnd() && !takeSymbol(u')')) {
+      const bool isKey = isWord("unique") || isWord("key");
+      const bool isReference = takeWord("references");
+      const bool isPlain = isReference ? skipName()
+                                       : take(is(SqlToken::Word) || is(SqlToken::Number) || is(SqlToken::Text) || isSymbol(u',') ||
+                                              isSymbol(u'+') || isSymbol(u'-'));
+      if (!isPlain || (isSymbol(u'(') && !(isKey || isReference ? takeNames() : takeMeasure())))
+        return false;
+    }
+    return true;
+  }
+
+  bool takeTableOptions()
+  {
+    while (take(is(SqlToken::Word) || isSymbol(u',')))
+      ;
+    return isAtEnd();
+  }
+
+  // "(18,2)".
+  bool takeMeasure()
+  {
+    takeSymbol(u'(');
+    while (take(is(SqlToken::Number) || isSymbol(u',') || isSymbol(u'+') || isSymbol(u'-')))
+      ;
+    return takeSymbol(u')');
+  }
+
+  // "(Code collate nocase desc, Datee)".
+  bool takeNames()
+  {
+    if (!takeSymbol(u'('))
+      return false;
+    do {
+      if (!skipName() || (takeWord("collate") && !skipName()))
+        return false;
+      if (!takeWord("asc"))
+        takeWord("desc");
+    } while (takeSymbol(u','));
+    return takeSymbol(u')');
+  }
+
+  std::vector<SqlToken> m_tokens;
+  std::size_t m_at = 0;
+};
+
+struct Finalize {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+std::unique_ptr<DatabaseError> errorOf(int number, const QString& words)
+{
+  return std::make_unique<DatabaseError>(DatabaseError{number, words});
+}
+
+std::unique_ptr<DatabaseError> readSchema(sqlite3* database)
+{
+  sqlite3_stmt* prepared = nullptr;
+  int code = sqlite3_prepare_v2(database, "select name, sql from sqlite_schema where sql is not null", -1, &prepared, nullptr);
+  const Statement statement(prepared);
+  while (code == SQLITE_OK || code == SQLITE_ROW) {
+    code = sqlite3_step(prepared);
+    const auto text = [&](int column) { return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(prepared, column))); };
+    if (code == SQLITE_ROW && !Definition(text(1)).isHarmless())
+      return errorOf(SQLITE_NOTADB, QStringLiteral("账套文件含有不允许的定义：%1").arg(text(0).left(100)));
+  }
+  return code == SQLITE_DONE ? nullptr : errorOf(sqlite3_extended_errcode(database), QString::fromUtf8(sqlite3_errmsg(database)));
+}
+
+} // namespace
+
+QString refusalOf(const QString& path)
+{
+  const QFileInfo info(path);
+  if (!info.exists())
+    return QStringLiteral("找不到数据库文件：%1").arg(path);
+  if (!info.isFile())
+    return QStringLiteral("不是数据库文件：%1").arg(path);
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    return QStringLiteral("不能读取数据库文件：%1").arg(path);
+  if (file.read(16) != QByteArray("SQLite format 3\0", 16))
+    return QStringLiteral("不可识别的数据库格式：%1").arg(path);
+  // The engine opens what lies beside the file under these names, would wait for a pipe and write through a link.
+  for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+    const QFileInfo beside(info.canonicalFilePath() + QLatin1String(suffix));
+    if (beside.isSymLink() || (beside.exists() && !beside.isFile()))
+      return QStringLiteral("不是数据库文件：%1").arg(beside.filePath());
+  }
+  return {};
+}
+
+int limit(sqlite3* database)
+{
+  sqlite3_limit(database, SQLITE_LIMIT_LENGTH, LongestValue);
+  int code = sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  if (code == SQLITE_OK)
+    code = sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+  return code;
+}
+
+std::unique_ptr<DatabaseError> refusalOfSchema(sqlite3* database)
+{
+  sqlite3_limit(database, SQLITE_LIMIT_LENGTH, LongestDefinition);
+  auto refusal = readSchema(database);
+  sqlite3_limit(database, SQLITE_LIMIT_LENGTH, LongestValue);
+  return refusal;
+}
+
+Share::Share(sqlite3* database, std::chrono::nanoseconds time) : m_database(database), m_time(time), m_end(computed() + time)
+{
+  sqlite3_progress_handler(database, StepsBetween, isOver, this);
+}
+
+Share::~Share()
+{
+  sqlite3_progress_handler(m_database, 0, nullptr, nullptr);
+}
+
+int Share::isOver(void* share)
+{
+  return computed() > static_cast<const Share*>(share)->m_end;
+}
+
+std::unique_ptr<DatabaseError> Share::excess(const RowSet& rows) const
+{
+  if (!hasRoomFor(rows))
+    return errorOf(SQLITE_TOOBIG, QStringLiteral("查询结果超过 %1 MB").arg(LargestResult >> 20));
+  if (sqlite3_errcode(m_database) == SQLITE_INTERRUPT)
+    return errorOf(SQLITE_INTERRUPT,
+                   QStringLiteral("语句的运行时间超过 %1 秒").arg(std::chrono::ceil<std::chrono::seconds>(m_time).count()));
+  return nullptr;
+}
+
+} // namespace AccountSetFile

@@ -1,0 +1,121 @@
+#include "database/AccountSetFile.h"
+
+#include "accountset/AccountSet.h"
+#include "database/EmbeddedEngine.h"
+#include "support/Printing.h"
+#include "support/RawDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr char Endless[] = "with recursive r(n) as (select 1 union all select n+1 from r) select n as Code, n as Num from r";
+
+// Account sets that were made to do harm, over which the program's own statements are run.
+struct AccountSetFileTest : testing::Test {
+  QTemporaryDir folder;
+  QString path = folder.filePath(u"set.mdb"_s);
+
+  // A file with one payment and then these changes.
+  void makeFile(const QString& changes)
+  {
+    QFile::remove(path);
+    ASSERT_EQ(AccountSet::create(path, AccountSet::Content::Empty), u""_s);
+    RawDatabase(path).run(u"insert into TabPayfundBill(Code) values('FKD1');"_s + changes);
+  }
+
+  // The error of opening the file or of running a statement; empty if neither failed.
+  QString error(const QString& sql = u"select * from TabPayfundBill"_s)
+  {
+    const auto opening = EmbeddedEngine::open(path, 20ms, 300ms);
+    if (!opening.engine)
+      return opening.error.description;
+    const StatementResult result = opening.engine->execute(sql);
+    return result.error ? result.error->description : u""_s;
+  }
+};
+
+} // namespace
+
+TEST_F(AccountSetFileTest, AViewInATablesPlaceIsNotRead)
+{
+  makeFile(u"drop table TabDotSet; create view TabDotSet as "_s + QLatin1String(Endless));
+  EXPECT_NE(error(u"select * from TabDotSet where Name='单价型' "_s), u""_s);
+  EXPECT_EQ(error(), u""_s) << "the rest is as it was";
+}
+
+TEST_F(AccountSetFileTest, TriggersDoNotRun)
+{
+  makeFile(u"create trigger t after insert on TabPayfundBill begin delete from TabPayfundBill; end;"
+           "create trigger u before update on TabPayfundBill begin select raise(abort, 'no'); end"_s);
+  EXPECT_EQ(error(u"insert into TabPayfundBill(Code) values('FKD2')"_s), u""_s);
+  EXPECT_EQ(error(u"update TabPayfundBill set Remark='x'"_s), u""_s);
+  EXPECT_EQ(RawDatabase(path).rows(u"select Code from TabPayfundBill order by Code"_s), u"FKD1\nFKD2"_s);
+}
+
+TEST_F(AccountSetFileTest, DefinitionsHoldNoExpressions)
+{
+  for (const char* definition :
+       {"create table X(a text, b generated always as (a like '%a%a%a%a%a%a%b'))", "create table X(a text check (instr(a, a||'x')=0))",
+        "create table X(a default (hex(zeroblob(60000000))))", "create table X(a, constraint c check (a > 0))",
+        "create index X on TabPayfundBill(lower(Code))", "create index X on TabPayfundBill(Code || Code)",
+        "create unique index X on TabPayfundBill(Code) where Code like '%a%a%a%b'", "create virtual table X using fts5(a)",
+        "create table X(\"a`(\" text, b as (`a``(`) /* ( */)"}) {
+    makeFile(QString::fromLatin1(definition));
+    EXPECT_EQ(error(), u"账套文件含有不允许的定义：X"_s) << definition;
+  }
+}
+
+// What people and their tools make beside the family's own tables.
+TEST_F(AccountSetFileTest, WhatAnHonestFileHoldsIsLeftAlone)
+{
+  makeFile(u"create table \"My Table\" (Id integer primary key autoincrement, [Key] varchar(50) not null collate nocase default 'a(b', "
+           "Price decimal(18, 2) default -1.5, At text default current_timestamp, -- a comment (with brackets\n"
+           "Bill text references TabPayfundBill(Code) on delete cascade, constraint u unique (Price, At), foreign key (At) references "
+           "Other (A)); create table Keyed(a int, b int, primary key (a, b desc)) without rowid, strict;"
+           "create index if not exists i on \"My Table\" (Price collate binary desc, \"Key\" asc); "
+           "create view Report as select max(Code) from TabPayfundBill; analyze; alter table TabPayfundBill add column Extra text"_s);
+  EXPECT_EQ(error(), u""_s);
+}
+
+TEST_F(AccountSetFileTest, ValuesAndResultsHaveTheirMeasure)
+{
+  makeFile(u"insert into TabPayfundBill(Code,Remark) values('FKD2',zeroblob(300000000))"_s);
+  EXPECT_EQ(error(), u"string or blob too big"_s);
+  EXPECT_EQ(error(u"select Code from TabPayfundBill order by Code"_s), u""_s) << "what does not read it works";
+  makeFile(u"with recursive r(n) as (select 1 union all select n+1 from r where n<30) insert into TabPayfundBill(Code,Remark) "
+           "select n, zeroblob(10000000) from r"_s);
+  EXPECT_EQ(error(), u"查询结果超过 256 MB"_s);
+  EXPECT_EQ(error(u"select * from TabPayfundBill where Code='7'"_s), u""_s);
+}
+
+TEST_F(AccountSetFileTest, AStatementWithoutEndIsEnded)
+{
+  makeFile(u"with recursive r(n) as (select 1 union all select n+1 from r where n<2000) insert into TabClient(Code) select n from r"_s);
+  EXPECT_EQ(error(u"select count(*) from TabClient a, TabClient b, TabClient c, TabClient d where a.Code<>b.Code"_s),
+            u"语句的运行时间超过 1 秒"_s);
+  EXPECT_EQ(error(u"update TabClient set Name=(select count(*) from TabClient a, TabClient b, TabClient c)"_s),
+            u"语句的运行时间超过 1 秒"_s);
+  EXPECT_EQ(RawDatabase(path).rows(u"select count(*) from TabClient where Name is not null"_s), u"0"_s);
+}
+
+TEST_F(AccountSetFileTest, WhatLiesBesideTheFileIsAPlainFile)
+{
+  makeFile({});
+  const QByteArray journal = QFile::encodeName(path + u"-journal"_s);
+  ASSERT_EQ(mkfifo(journal.constData(), 0600), 0);
+  EXPECT_EQ(error(), u"不是数据库文件："_s + QFileInfo(path).canonicalFilePath() + u"-journal"_s);
+  ASSERT_TRUE(QFile::remove(path + u"-journal"_s));
+  ASSERT_EQ(symlink(QFile::encodeName(folder.filePath(u"other"_s)).constData(), journal.constData()), 0);
+  EXPECT_NE(error(u"insert into TabPayfundBill(Code) values('FKD2')"_s), u""_s);
+  EXPECT_FALSE(QFile::exists(folder.filePath(u"other"_s)));
+}
