@@ -1,6 +1,7 @@
 #include "desktop/Appearance.h"
 #include "desktop/DesktopDesk.h"
 #include "platform/Machine.h"
+#include "platform/MemoryImage.h"
 #include "program/ProgramScreens.h"
 #include "session/Mod_ZORVEKMain.h"
 #include "session/Session.h"
@@ -10,6 +11,7 @@
 // One run opens one screen, and ends when that screen has closed.
 int main(int argc, char** argv)
 {
+  forbidMemoryImages();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("ZORVEK"));
   // A box ahead of the screen is no window whose closing ends the run.

@@ -2,7 +2,11 @@
 # Makes, copies and checks account sets on the server that tools/with-server has started. Called with the tool.
 set -eu
 tool=$1
-server=server://$ZORVEK_SERVER
+user=${ZORVEK_SERVER%%:*}
+address=${ZORVEK_SERVER##*@}
+password=${ZORVEK_SERVER#*:}
+password=${password%@*}
+server=server://$user@$address
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 refuses() {
@@ -11,23 +15,30 @@ refuses() {
     exit 1
   fi
 }
-export ACCOUNTSET_LOGIN_PASSWORD='till 7;'
+as_till() {
+  ACCOUNTSET_PASSWORD='till 7;' "$@"
+}
+export ACCOUNTSET_PASSWORD="$password" ACCOUNTSET_LOGIN_PASSWORD='till 7;'
 
 "$tool" create "$folder/firm.mdb" --demo
 "$tool" copy "$folder/firm.mdb" "$server/try_tool" --login till | tail -n 1
 "$tool" copy "$server/try_tool" "$folder/back.mdb" | grep -c '^same'
-"$tool" check "server://till:till%207%3B@${ZORVEK_SERVER##*@}/try_tool"
+as_till "$tool" check "server://till@$address/try_tool"
 # A dump that was taken while it stood can be put back.
-PGPASSWORD=${ZORVEK_SERVER#*:}
-PGPASSWORD=${PGPASSWORD%@*} PGUSER=${ZORVEK_SERVER%%:*} PGHOST=127.0.0.1 PGPORT=${ZORVEK_SERVER##*:}
+PGPASSWORD=$password PGUSER=$user PGHOST=127.0.0.1 PGPORT=${ZORVEK_SERVER##*:}
 export PGPASSWORD PGUSER PGHOST PGPORT
 pg_dump -Fc -f "$folder/dump" try_tool
 dropdb try_tool
 pg_restore -C -d postgres "$folder/dump"
-"$tool" check "server://till:till%207%3B@${ZORVEK_SERVER##*@}/try_tool"
+as_till "$tool" check "server://till@$address/try_tool"
 # What stands is left as it is; who is not let in is told so; half an address is none.
 refuses "$tool" create --server "$server/try_tool" --login till
 refuses "$tool" copy "$folder/firm.mdb" "$server/try_tool" --login till
-refuses "$tool" check "server://till:wrong@${ZORVEK_SERVER##*@}/try_tool"
-refuses "$tool" check "server://$ZORVEK_SERVER"
+refuses "$tool" check "server://till@$address/try_tool"
+refuses "$tool" check "$server"
 refuses "$tool" create --server "$server/try_other"
+# A password comes from the environment or the terminal, and from nowhere else.
+refuses "$tool" check "server://till:till%207%3B@$address/try_tool"
+unset ACCOUNTSET_PASSWORD
+refuses setsid -w "$tool" check "server://till@$address/try_tool" </dev/null
+echo 'till 7;' | script -qec "'$tool' check 'server://till@$address/try_tool'" /dev/null | grep 'all adds up'

@@ -1,11 +1,14 @@
+#include "platform/MemoryImage.h"
 #include "session/ModReadWriteParameters.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTextStream>
 
+#include <algorithm>
+
 // Writes the parameter file with which the next program in a folder starts:
-// order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]].
+// order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]]. The two passwords come from environment
+// variables of their names, because everybody on the machine can read arguments.
 
 namespace {
 
@@ -13,6 +16,7 @@ constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int WrongUse = 2;
 constexpr int MostOrders = 5;
+constexpr const char* Passwords[] = {"ConDataBasePWD", "UserPSW"};
 
 int complain(const QString& text, int status)
 {
@@ -29,6 +33,7 @@ QString orderKey(qsizetype index)
 
 int main(int argc, char* argv[])
 {
+  forbidMemoryImages();
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments().mid(1);
   if (arguments.isEmpty() || arguments[0].startsWith(u'-'))
@@ -36,11 +41,15 @@ int main(int argc, char* argv[])
 
   QHash<QString, QString> values{{QStringLiteral("DatabaseType"), QStringLiteral("Access")},
                                  {QStringLiteral("UserName"), QStringLiteral("系统管理员")}};
+  for (const char* password : Passwords)
+    values.insert(QString::fromLatin1(password), qEnvironmentVariable(password));
   qsizetype orders = 0;
   for (const QString& argument : arguments.mid(1)) {
     const QString key = argument.section(u'=', 0, 0);
     if (argument.contains(u'=') && !ModReadWriteParameters::keys().contains(key))
       return complain(QStringLiteral("the parameter file has no key \"%1\"").arg(key), WrongUse);
+    if (std::find(std::begin(Passwords), std::end(Passwords), key) != std::end(Passwords))
+      return complain(QStringLiteral("%1 is read from the environment variable %1, not from an argument").arg(key), WrongUse);
     if (argument.contains(u'='))
       values.insert(key, argument.section(u'=', 1));
     else if (orders < MostOrders)
@@ -53,8 +62,7 @@ int main(int argc, char* argv[])
   const QByteArray content = ModReadWriteParameters::fileContent(values, &lossless);
   if (!lossless)
     return complain(QStringLiteral("a value holds what the file cannot"), Failed);
-  QFile file(arguments[0] + u'/' + QString::fromLatin1(ModReadWriteParameters::FileName));
-  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
-    return complain(file.fileName() + QStringLiteral(": ") + file.errorString(), Failed);
+  if (!ModReadWriteParameters::writeFile(arguments[0], content))
+    return complain(QStringLiteral("cannot write the parameter file into %1").arg(arguments[0]), Failed);
   return Done;
 }
