@@ -1,6 +1,7 @@
 #include "FilledAccountSet.h"
 
 #include "accountset/AccountSet.h"
+#include "database/SqliteArithmetic.h"
 #include "database/SqliteCollations.h"
 
 #include <QDir>
@@ -13,7 +14,8 @@ FilledAccountSet::FilledAccountSet()
   const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
   if (const QString reason = AccountSet::create(path, AccountSet::Content::Empty); !reason.isEmpty())
     qFatal("%s", qPrintable(reason));
-  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
+  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK ||
+      SqliteArithmetic::registerAll(m_database) != SQLITE_OK)
     qFatal("cannot open %s", qPrintable(path));
   run("pragma synchronous=off");
   m_session.params.DatabaseType = QStringLiteral("Access");

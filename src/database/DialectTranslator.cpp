@@ -1,5 +1,6 @@
 #include "database/DialectTranslator.h"
 
+#include "database/SqlArithmetic.h"
 #include "database/SqlTokens.h"
 #include "platform/DateText.h"
 
@@ -117,17 +118,12 @@ public:
       else if (m_tokens[at].kind == SqlToken::Word)
         rewriteWord(at);
     }
+    if (m_target == Target::Embedded)
+      SqlArithmetic::rewrite(m_sql, m_tokens, m_edits);
     return written();
   }
 
 private:
-  struct Edit {
-    qsizetype from;
-    qsizetype to;
-    QString text;
-    int rank = 0; // of insertions at the same place, the lower stands ahead
-  };
-
   qsizetype positionOf(std::size_t token) const
   {
     return token < m_tokens.size() ? m_tokens[token].text.data() - m_sql.data() : m_sql.size();
@@ -259,11 +255,11 @@ private:
   QString written()
   {
     std::stable_sort(m_edits.begin(), m_edits.end(),
-                     [](const Edit& a, const Edit& b) { return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank); });
+                     [](const SqlEdit& a, const SqlEdit& b) { return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank); });
     QString sql;
     sql.reserve(m_sql.size() + 16 * qsizetype(m_edits.size()));
     qsizetype done = 0;
-    for (const Edit& edit : m_edits) {
+    for (const SqlEdit& edit : m_edits) {
       sql.append(m_sql.sliced(done, edit.from - done)).append(edit.text);
       done = edit.to;
     }
@@ -273,7 +269,7 @@ private:
   QStringView m_sql;
   const Tokens& m_tokens;
   Target m_target;
-  std::vector<Edit> m_edits;
+  std::vector<SqlEdit> m_edits;
 };
 
 } // namespace

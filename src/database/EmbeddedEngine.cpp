@@ -2,6 +2,7 @@
 
 #include "database/AccountSetFile.h"
 #include "database/DialectTranslator.h"
+#include "database/SqliteArithmetic.h"
 #include "database/SqliteCollations.h"
 
 #include <sqlite3.h>
@@ -118,6 +119,8 @@ int setUp(sqlite3* database, std::chrono::milliseconds lockWait)
                      nullptr, nullptr, nullptr);
   if (code == SQLITE_OK)
     code = SqliteCollations::registerAll(database);
+  if (code == SQLITE_OK)
+    code = SqliteArithmetic::registerAll(database);
   if (code == SQLITE_OK)
     code = sqlite3_set_authorizer(database, authorize, nullptr);
   return code;

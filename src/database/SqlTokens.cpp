@@ -45,6 +45,17 @@ template <typename Predicate> qsizetype endOf(QStringView sql, qsizetype at, Pre
   return at;
 }
 
+// "1.5", ".5", "1e-5", and what letters a value put behind it.
+qsizetype numberEnd(QStringView sql, qsizetype at)
+{
+  const auto belongs = [](QChar c) { return isWordPart(c) || c == u'.'; };
+  const qsizetype end = endOf(sql, at, belongs);
+  const bool isExponent = sql[end - 1] == u'e' || sql[end - 1] == u'E';
+  if (isExponent && end + 1 < sql.size() && (sql[end] == u'-' || sql[end] == u'+') && isDigit(sql[end + 1]))
+    return endOf(sql, end + 1, belongs);
+  return end;
+}
+
 SqlToken enclosed(QStringView sql, qsizetype at, SqlToken::Kind kind, qsizetype end)
 {
   return end < 0 ? SqlToken{sql.sliced(at), kind, true} : SqlToken{sql.sliced(at, end - at), kind};
@@ -75,7 +86,7 @@ SqlToken next(QStringView sql, qsizetype at)
     return enclosed(sql, at, SqlToken::Date, end < 0 ? -1 : end + 1);
   }
   if (isDigit(c) || (c == u'.' && rest.size() > 1 && isDigit(rest[1])))
-    return {sql.sliced(at, endOf(sql, at, [](QChar x) { return isWordPart(x) || x == u'.'; }) - at), SqlToken::Number};
+    return {sql.sliced(at, numberEnd(sql, at) - at), SqlToken::Number};
   if (isWordStart(c))
     return {sql.sliced(at, endOf(sql, at, isWordPart) - at), SqlToken::Word};
   return {rest.first(1), SqlToken::Symbol};

@@ -21,6 +21,14 @@ struct SqlToken {
   bool isSymbol(char16_t c) const { return kind == Symbol && text[0] == c; }
 };
 
+// A change of a statement: what stands from `from` to `to` becomes `text`.
+struct SqlEdit {
+  qsizetype from;
+  qsizetype to;
+  QString text;
+  int rank = 0; // of insertions at the same place, the lower comes first
+};
+
 namespace SqlTokens {
 
 // The tokens in their order, without the blanks between them. Their texts are views of `sql`, which

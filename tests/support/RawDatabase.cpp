@@ -1,5 +1,6 @@
 #include "support/RawDatabase.h"
 
+#include "database/SqliteArithmetic.h"
 #include "database/SqliteCollations.h"
 
 #include <QStringList>
@@ -21,7 +22,8 @@ int appendRow(void* rows, int columns, char** values, char**)
 
 RawDatabase::RawDatabase(const QString& path)
 {
-  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK)
+  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK ||
+      SqliteArithmetic::registerAll(m_database) != SQLITE_OK)
     qFatal("cannot open %s", qPrintable(path));
 }
 

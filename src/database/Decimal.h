@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// A decimal number with an exponent. Sums, differences and products are exact as long as they have no
+// more than 38 digits: an amount of seventeen times a rate of as many leaves four for the sum. What
+// needs more is rounded to 38 digits, half away from zero; nothing overflows.
+class Decimal {
+public:
+  Decimal() = default;
+  static Decimal ofInteger(std::int64_t value) { return Decimal(value, 0); }
+  // The shortest decimal that reads as this number: what was entered, if it had up to fifteen digits.
+  // `value` is finite.
+  static Decimal ofDouble(double value);
+
+  struct Prefix;
+  // The number at the start of a text, as the engine finds it: 0 if there is none.
+  static Prefix ofText(std::string_view text);
+
+  Decimal operator-() const { return Decimal(-m_coefficient, m_exponent); }
+  Decimal operator+(const Decimal& other) const;
+  Decimal operator-(const Decimal& other) const { return *this + -other; }
+  Decimal operator*(const Decimal& other) const;
+
+  // The nearest double; nothing beyond the largest.
+  std::optional<double> toDouble() const;
+  // Nothing if it is not whole or does not fit.
+  std::optional<std::int64_t> toInteger() const;
+  // "-125e-1": one text for each number, which ofText reads back.
+  std::string toText() const;
+
+private:
+  // The sum of an aggregate lies where the engine puts it, at a multiple of eight.
+  __extension__ typedef __int128 Int128 __attribute__((aligned(8)));
+
+  Decimal(Int128 coefficient, int exponent) : m_coefficient(coefficient), m_exponent(exponent) {}
+
+  Decimal rounded(int digits) const;
+  Decimal withoutTrailingZeros() const;
+
+  Int128 m_coefficient = 0; // of 38 digits at most
+  int m_exponent = 0;
+};
+
+struct Decimal::Prefix {
+  Decimal value;
+  bool isInteger; // written without point and exponent
+};
