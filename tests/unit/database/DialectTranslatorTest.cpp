@@ -62,6 +62,44 @@ TEST(DialectTranslator, TopEndsItsOwnSelect)
     EXPECT_EQ(translated(sql), expected);
 }
 
+TEST(DialectTranslator, ArithmeticIsLeftToTheFunctionsForIt)
+{
+  struct Row {
+    QString sql;
+    QString expected;
+  };
+  for (
+      const auto& [sql, expected] : {
+          Row{u"select * from B where (B.a-B.b-B.c> B.d) "_s, u"select * from B where(exact_value('vv-v-',B.a,B.b,B.c)> B.d)"_s},
+          Row{u"select -(a-b)*c as x,-a,a.*,count(*) from B a"_s, u"select exact_value('vv-nv*',a,b,c)as x,-a,a.*,count(*)from B a"_s},
+          Row{u"select(a+b)*(c-[d e])from B"_s, u"select exact_value('vv+vv-*',a,b,c,[d e])from B"_s},
+          Row{u"select 1 where a in (b-1) or (not a-1>2)"_s,
+              u"select 1 where a in(exact_value('vv-',b,1))or(not exact_value('vv-',a,1)>2)"_s},
+          Row{u"update B set a=a+1,b=-1,c=b*-1 where cint(a)-1 between 1-2 and 3"_s,
+              u"update B set a= exact_value('vv+',a,1),b=-1,c= exact_value('vvn*',b,1)where exact_value('vv-',cast(a as integer),1)between "
+              "exact_value('vv-',1,2)and 3"_s},
+          Row{u"insert into B(a) values(1-2),((3)-isnull(a-b))"_s,
+              u"insert into B(a)values(exact_value('vv-',1,2)),(exact_value('vv-',(3),((exact_value('vv-',a,b))is null)))"_s},
+          Row{u"select top 2 -a,case when a-b>1 then(a-b)*2 else -1 end-c from B"_s,
+              u"select -a,exact_value('vv-',case when exact_value('vv-',a,b)>1 then exact_value('vv-v*',a,b,2)else -1 end,c)from B limit 2"_s},
+          Row{u"select sum((a-b)*c),sum(a),sum(distinct a-b) from B"_s,
+              u"select exact_sum('vv-v*',a,b,c),sum(a),sum(distinct exact_value('vv-',a,b))from B"_s},
+          Row{u"select sum(x) as x from (select sum(-a) as x from B union all select a*b as x from C) t"_s,
+              u"select sum(x)as x from(select exact_part_sum('vn',a)as x from B union all select exact_part('vv*',a,b)as x from C)t"_s},
+          Row{u"select sum(x),max(x) from (select a*b as x from C) t"_s,
+              u"select sum(x),max(x)from(select exact_value('vv*',a,b)as x from C)t"_s},
+          Row{u"select sum(x) from (select a*b as x from C order by x) t"_s,
+              u"select sum(x)from(select exact_value('vv*',a,b)as x from C order by x)t"_s},
+          Row{u"select sum(x) from (select a*b as x from C) t where x>1"_s,
+              u"select sum(x)from(select exact_value('vv*',a,b)as x from C)t where x>1"_s},
+      })
+    EXPECT_EQ(translated(sql), expected);
+  for (const QString& sql :
+       {u"select * from B where a=-1 and b<>+2 or c>=1e-5"_s, u"select a||b-1, 'a-b', a/b*c, ~a-b, a-b collate nocase from B"_s,
+        u"select a- from B where -b"_s, u"select distinct * , count ( * ) , -1.5 , x'00' from B"_s})
+    EXPECT_EQ(DialectTranslator::forEmbedded(sql).sql, sql);
+}
+
 TEST(DialectTranslator, QuotedTextsAndNamesStayAsTheyAre)
 {
   for (const QString& sql : {
