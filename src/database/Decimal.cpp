@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -41,6 +42,12 @@ int digitsOf(Int128 value)
   return int(std::upper_bound(Powers.begin(), Powers.end(), magnitude(value)) - Powers.begin());
 }
 
+// The same double, or one that differs in the last bit or two.
+bool isNeighbour(double one, double other)
+{
+  return std::abs(one - other) <= std::abs(other) * std::numeric_limits<double>::epsilon();
+}
+
 bool isDigit(char c)
 {
   return c >= '0' && c <= '9';
@@ -48,16 +55,23 @@ bool isDigit(char c)
 
 } // namespace
 
+static_assert(alignof(Decimal) == 8, "the engine's memory is aligned to eight");
+
 Decimal Decimal::ofDouble(double value)
 {
-  // Four decimals or less, as nearly all amounts have: the division is rounded as the reading of such a
-  // decimal is.
-  const double count = std::nearbyint(value * 10000);
-  if (std::abs(count) < 1e15 && count / 10000 == value)
-    return Decimal(std::int64_t(count), -4);
+  // Amounts, rates, and what is left.
+  for (const int decimals : {4, 8}) {
+    const auto unit = double(power(decimals));
+    const double count = std::nearbyint(value * unit);
+    if (std::abs(count) < 1e15 && isNeighbour(count / unit, value))
+      return Decimal(std::int64_t(count), -decimals);
+  }
   char text[32];
-  const auto end = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::scientific).ptr;
-  return ofText({text, std::size_t(end - text)}).value;
+  const auto read = [&text](const std::to_chars_result& written) { return ofText({text, std::size_t(written.ptr - text)}).value; };
+  const Decimal rounded = read(std::to_chars(std::begin(text), std::end(text), value, std::chars_format::scientific, 14));
+  if (isNeighbour(rounded.toDouble().value_or(0), value))
+    return rounded;
+  return read(std::to_chars(std::begin(text), std::end(text), value, std::chars_format::scientific));
 }
 
 Decimal::Prefix Decimal::ofText(std::string_view text)

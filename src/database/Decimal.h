@@ -12,8 +12,8 @@ class Decimal {
 public:
   Decimal() = default;
   static Decimal ofInteger(std::int64_t value) { return Decimal(value, 0); }
-  // The shortest decimal that reads as this number: what was entered, if it had up to fifteen digits.
-  // `value` is finite.
+  // What was entered, if it had up to fifteen digits: the engine reads "8.637683" as the double next to
+  // the nearest. Otherwise the shortest decimal that reads as this double. `value` is finite.
   static Decimal ofDouble(double value);
 
   struct Prefix;

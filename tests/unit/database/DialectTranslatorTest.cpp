@@ -82,6 +82,7 @@ TEST(DialectTranslator, ArithmeticIsLeftToTheFunctionsForIt)
               u"insert into B(a)values(exact_value('vv-',1,2)),(exact_value('vv-',(3),((exact_value('vv-',a,b))is null)))"_s},
           Row{u"select top 2 -a,case when a-b>1 then(a-b)*2 else -1 end-c from B"_s,
               u"select -a,exact_value('vv-',case when exact_value('vv-',a,b)>1 then exact_value('vv-v*',a,b,2)else -1 end,c)from B limit 2"_s},
+          Row{u"select a-x'00' 'b' from B"_s, u"select exact_value('vv-',a,x'00')'b' from B"_s},
           Row{u"select sum((a-b)*c),sum(a),sum(distinct a-b) from B"_s,
               u"select exact_sum('vv-v*',a,b,c),sum(a),sum(distinct exact_value('vv-',a,b))from B"_s},
           Row{u"select sum(x) as x from (select sum(-a) as x from B union all select a*b as x from C) t"_s,
