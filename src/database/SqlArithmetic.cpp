@@ -68,8 +68,10 @@ public:
         readAfterOperand();
       else
         readOperand();
-    while (m_frames.size() > 1)
+    while (m_frames.size() > 1) {
       close();
+      top().isForeign = true; // what never closes may hold the end of the statement
+    }
     finish(m_at);
   }
 
