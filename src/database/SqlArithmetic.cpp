@@ -20,13 +20,14 @@ using WordsOfALetter = std::array<QLatin1String, MostOfALetter>;
 constexpr auto Openers = [] {
   std::array<WordsOfALetter, 26> words = {};
   for (const QLatin1String word :
-       {QLatin1String("all"),      QLatin1String("and"),    QLatin1String("as"),     QLatin1String("between"),   QLatin1String("by"),
-        QLatin1String("distinct"), QLatin1String("else"),   QLatin1String("escape"), QLatin1String("except"),    QLatin1String("from"),
-        QLatin1String("glob"),     QLatin1String("having"), QLatin1String("in"),     QLatin1String("intersect"), QLatin1String("into"),
-        QLatin1String("is"),       QLatin1String("join"),   QLatin1String("like"),   QLatin1String("limit"),     QLatin1String("not"),
-        QLatin1String("offset"),   QLatin1String("on"),     QLatin1String("or"),     QLatin1String("order"),     QLatin1String("returning"),
-        QLatin1String("select"),   QLatin1String("set"),    QLatin1String("then"),   QLatin1String("union"),     QLatin1String("using"),
-        QLatin1String("values"),   QLatin1String("when"),   QLatin1String("where")}) {
+       {QLatin1String("all"),    QLatin1String("and"),       QLatin1String("as"),     QLatin1String("between"), QLatin1String("by"),
+        QLatin1String("delete"), QLatin1String("distinct"),  QLatin1String("else"),   QLatin1String("escape"),  QLatin1String("except"),
+        QLatin1String("from"),   QLatin1String("glob"),      QLatin1String("having"), QLatin1String("in"),      QLatin1String("intersect"),
+        QLatin1String("insert"), QLatin1String("into"),      QLatin1String("is"),     QLatin1String("join"),    QLatin1String("like"),
+        QLatin1String("limit"),  QLatin1String("not"),       QLatin1String("offset"), QLatin1String("on"),      QLatin1String("or"),
+        QLatin1String("order"),  QLatin1String("returning"), QLatin1String("select"), QLatin1String("set"),     QLatin1String("then"),
+        QLatin1String("union"),  QLatin1String("update"),    QLatin1String("using"),  QLatin1String("values"),  QLatin1String("when"),
+        QLatin1String("where")}) {
     WordsOfALetter& same = words[std::size_t(word.data()[0] - 'a')];
     std::size_t at = 0;
     while (same[at].size() > 0)
