@@ -1,5 +1,6 @@
 #include "PaymentScreen.h"
 
+#include "database/SqliteArithmetic.h"
 #include "database/SqliteCollations.h"
 
 #include <benchmark/benchmark.h>
@@ -92,6 +93,7 @@ void saveBare(benchmark::State& state)
     sqlite3* database = nullptr;
     require(sqlite3_open(PaymentScreen::freshAccountSet(folder).toUtf8().constData(), &database), database);
     require(SqliteCollations::registerAll(database), database);
+    require(SqliteArithmetic::registerAll(database), database);
     require(
         sqlite3_exec(database, "pragma journal_mode=delete; pragma synchronous=extra; select * from TabDotSet", nullptr, nullptr, nullptr),
         database);

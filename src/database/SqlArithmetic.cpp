@@ -81,20 +81,21 @@ private:
   struct Frame {
     enum Kind : quint8 { Statement, Bracket, Call, Case };
 
-    std::size_t opener;     // where it starts; of a call the name
-    std::size_t select;     // its last select
-    std::size_t start;      // of the expression
-    std::size_t groupStart; // of the bracket that was taken into the expression last
-    std::size_t groupEnd;
-    std::size_t program; // where those of the expression begin in what all share
+    Kind kind;
+    std::size_t opener; // where it starts; of a call the name
+    // Where those of the expression begin in what all expressions share.
+    std::size_t program;
     std::size_t operators;
     std::size_t removals;
-    Kind kind;
-    bool isPlain;      // holds one expression and nothing else, so far
-    bool isSummed;     // a derived table whose columns are only added up
-    bool isComplete;   // the expression ends with an operand
-    bool isArithmetic; // and has an operation
-    bool isForeign;    // with an operation that is none of ours
+    std::size_t select = None;     // its last select
+    std::size_t start = None;      // of the expression
+    std::size_t groupStart = None; // of the bracket that was taken into the expression last
+    std::size_t groupEnd = None;
+    bool isPlain = true;       // holds one expression and nothing else, so far
+    bool isSummed = false;     // a derived table whose columns are only added up
+    bool isComplete = false;   // the expression ends with an operand
+    bool isArithmetic = false; // and has an operation
+    bool isForeign = false;    // with an operation that is none of ours
   };
   // A token of an expression that is left out if the expression is rewritten, or becomes a comma.
   struct Removal {
@@ -111,20 +112,8 @@ private:
 
   void open(Frame::Kind kind, std::size_t opener)
   {
-    m_frames.push_back({.opener = opener,
-                        .select = None,
-                        .start = None,
-                        .groupStart = None,
-                        .groupEnd = None,
-                        .program = m_program.size(),
-                        .operators = m_operators.size(),
-                        .removals = m_removals.size(),
-                        .kind = kind,
-                        .isPlain = true,
-                        .isSummed = false,
-                        .isComplete = false,
-                        .isArithmetic = false,
-                        .isForeign = false});
+    m_frames.push_back(
+        {.kind = kind, .opener = opener, .program = m_program.size(), .operators = m_operators.size(), .removals = m_removals.size()});
   }
 
   // --- one token ---
@@ -261,12 +250,12 @@ private:
     if (!isWord(m_at, QLatin1String("select")))
       return;
     frame.select = m_at;
-    // Ahead of "-a", the count would be the first operand.
+    // Before "-a", the count would be read as the first operand.
     if (isWord(m_at + 1, QLatin1String("top")) && m_at + 2 < m_tokens.size() && m_tokens[m_at + 2].kind == SqlToken::Number)
       m_at += 2;
   }
 
-  // The expression ends ahead of token `end`, and a new one may start.
+  // The expression ends before token `end`, and a new one may start.
   void finish(std::size_t end)
   {
     Frame& frame = top();
@@ -353,7 +342,7 @@ private:
       top().isSummed = endsSummed();
   }
 
-  // Behind the derived table at m_at comes its name at most, and inside there is no order.
+  // After the derived table at m_at comes at most its name, and it has no order inside.
   bool endsSummed() const
   {
     std::size_t at = m_at;

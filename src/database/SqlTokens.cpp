@@ -45,7 +45,7 @@ template <typename Predicate> qsizetype endOf(QStringView sql, qsizetype at, Pre
   return at;
 }
 
-// "1.5", ".5", "1e-5", and what letters a value put behind it.
+// "1.5", ".5", "1e-5", and any letters that follow directly.
 qsizetype numberEnd(QStringView sql, qsizetype at)
 {
   const auto belongs = [](QChar c) { return isWordPart(c) || c == u'.'; };

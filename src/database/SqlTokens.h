@@ -21,7 +21,7 @@ struct SqlToken {
   bool isSymbol(char16_t c) const { return kind == Symbol && text[0] == c; }
 };
 
-// A change of a statement: what stands from `from` to `to` becomes `text`.
+// A change of a statement: the characters from `from` up to `to` are replaced by `text`.
 struct SqlEdit {
   qsizetype from;
   qsizetype to;

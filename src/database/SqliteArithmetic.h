@@ -6,7 +6,7 @@ struct sqlite3;
 // binary numbers, and its engine computes with them. Whoever runs a statement that DialectTranslator
 // translated must register them first.
 //
-// Value and Part take the operations in postfix notation ahead of their operands: "vv-v*" with a, b and c
+// Value and Part take the operations in postfix notation, then the operands: "vv-v*" with a, b and c
 // is (a-b)*c, "n" changes a sign. A number counts as the decimal that it was entered as, a text as the
 // number at its start; with a null among them the result is null. Sum and PartSum add such values up over the
 // rows, and the engine's own "sum" is replaced by one that is exact too.
