@@ -30,7 +30,7 @@ constexpr auto Openers = [] {
         QLatin1String("where")}) {
     WordsOfALetter& same = words[std::size_t(word.data()[0] - 'a')];
     std::size_t at = 0;
-    while (same[at].size() > 0)
+    while (!same[at].isEmpty())
       ++at;
     same[at] = word;
   }
@@ -43,7 +43,7 @@ bool opensExpression(const SqlToken& token)
   if (letter < 0 || letter >= 26)
     return false;
   const WordsOfALetter& words = Openers[std::size_t(letter)];
-  return std::any_of(words.begin(), words.end(), [&token](QLatin1String word) { return word.size() > 0 && token.isWord(word); });
+  return std::any_of(words.begin(), words.end(), [&token](QLatin1String word) { return !word.isEmpty() && token.isWord(word); });
 }
 
 int precedenceOf(char operation)

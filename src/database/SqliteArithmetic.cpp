@@ -12,7 +12,7 @@ namespace SqliteArithmetic {
 namespace {
 
 // How many results may wait for their operation: "a-(b-(c-..." that goes deeper is refused.
-constexpr std::size_t MostDepth = 32;
+constexpr std::size_t MostDepth = 16;
 
 using Operands = std::span<sqlite3_value*>;
 
