@@ -27,7 +27,7 @@ constexpr Rule Rules[] = {
     {"@header: 单据金额与明细合计不符（单号、单据金额、明细合计）",
      R"(select h.Code, h.SumMoney, l.Total
         from @header h, (select @link as Bill, sum(Moneyy) as Total from @lines group by @link) l
-        where l.Bill=h.Code and abs(coalesce(h.SumMoney,0)-coalesce(l.Total,0))@differ
+        where l.Bill=h.Code and coalesce(h.SumMoney,0)<>coalesce(l.Total,0)
         order by h.Code)"},
     {"@header: 单据状态与明细状态不符（单号、单据状态、明细状态）",
      R"(select distinct h.Code, h.State, l.State as LineState
@@ -66,10 +66,8 @@ constexpr Rule PartnerRule = {"@header: 单据单位与明细单位不符（单�
 Query queryOf(const Rule& rule, const MoneyBill& bill)
 {
   const auto fill = [&bill](const char* text) {
-    return filled(text, {{"@header", QLatin1String(bill.header)},
-                         {"@lines", QLatin1String(bill.lines)},
-                         {"@link", QLatin1String(bill.link)},
-                         {"@differ", QLatin1String(Differ)}});
+    return filled(text,
+                  {{"@header", QLatin1String(bill.header)}, {"@lines", QLatin1String(bill.lines)}, {"@link", QLatin1String(bill.link)}});
   };
   return {fill(rule.words), fill(rule.sql)};
 }

@@ -45,7 +45,4 @@ template <std::size_t N> QString isBillOf(const char* const (&tables)[N], const 
   return text + u')';
 }
 
-// Amounts of a file are binary numbers, and their sums differ from the sum by less than this.
-inline constexpr char Differ[] = ">0.00001";
-
 } // namespace Check
