@@ -1,4 +1,5 @@
 #include "bills/BillForm.h"
+#include "bills/LineGrid.h"
 
 #include "ledger/ModDaXie.h"
 #include "ledger/Money.h"
@@ -46,6 +47,7 @@ void BillForm::PrintBill_Excel(const QString& templateName, BillTemplate::Finish
                                           .headerTable = headerTable(),
                                           .placeholders = [this] { return placeholders(); },
                                           .lines = find<Grid>("MSH"),
+                                          .amountColumn = LineGrid::Amount,
                                           .finish = finish});
 }
 
@@ -71,7 +73,7 @@ QList<BillTemplate::Placeholder> BillForm::placeholders() const
     // A fee offset knows no balance, and no word for it.
     if (word.source == TemplateWord::Source::Balance && !find(QString::fromLatin1(word.name)))
       continue;
-    all.append({QString::fromUtf16(word.word), placeholderValue(word)});
+    all.append({QString::fromUtf16(word.word), placeholderValue(word), word.isAmount()});
   }
   return all;
 }
@@ -83,7 +85,8 @@ QString BillForm::placeholderValue(const TemplateWord& word) const
   const auto shown = [&] { return Trim(find(name)->shownText()); };
   const QString dateForm = QStringLiteral("yyyy年MM月dd日");
   switch (word.source) {
-  case Source::Text: return shown();
+  case Source::Text:
+  case Source::Amount: return shown();
   case Source::IfVisible: return find(name)->isVisible() ? shown() : QString();
   case Source::Partner:
     return queriedText({u"select {} from TabClient where Code='{}' ", SqlName(name), Trim(find(QStringLiteral("TxtCode"))->shownText())});

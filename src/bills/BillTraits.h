@@ -46,6 +46,7 @@ struct PrintLine {
 struct TemplateWord {
   enum class Source {
     Text,      // the text of the control
+    Amount,    // the same, an amount
     IfVisible, // the same, blank while it is hidden
     Partner,   // this column of the partner's row
     Company,   // this column of the firm's own row
@@ -58,6 +59,9 @@ struct TemplateWord {
   const char16_t* word;
   Source source;
   const char* name = nullptr; // of the control or the column
+
+  // A number on the page, where everything else is a text.
+  constexpr bool isAmount() const { return source == Source::Amount || source == Source::Balance || source == Source::PaidTogether; }
 };
 
 struct BillTraits {

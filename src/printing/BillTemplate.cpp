@@ -10,7 +10,9 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace BillTemplate {
 
@@ -29,6 +31,13 @@ QString stampOf(const QDateTime& now)
   return now.toString(QStringLiteral("yyyyMdHHmmss"));
 }
 
+// A cell that holds the word of an amount and nothing else: the template may sum it. Whatever else looks like a
+// number, such as a rate, a telephone or a remark, is a text.
+bool isAmount(const QString& cellText, const QList<Placeholder>& placeholders)
+{
+  return std::any_of(placeholders.begin(), placeholders.end(), [&](const Placeholder& one) { return one.isAmount && one.word == cellText; });
+}
+
 void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
 {
   const QList<QStringList> page = workbook.texts(Page, SearchedRows, SearchedColumns);
@@ -36,8 +45,12 @@ void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
     for (int column = 0; column < page[row].size(); ++column) {
       const QString& text = page[row][column];
       const QString filled = ReplacePlaceholders(text, placeholders);
-      if (filled != text)
-        workbook.enter(Page, row + 1, column + 1, {{filled}});
+      if (filled == text)
+        continue;
+      if (isAmount(text, placeholders))
+        workbook.enterAmounts(Page, row + 1, column + 1, {filled});
+      else
+        workbook.enterTexts(Page, row + 1, column + 1, {{filled}});
     }
 }
 
@@ -63,12 +76,17 @@ QList<QStringList> linesOf(const Grid& grid)
 }
 
 // The lines stand from row 17 on when the two rows of the template are gone.
-void fillLines(Workbook& workbook, const Grid& grid)
+void fillLines(Workbook& workbook, const Grid& grid, int amountColumn)
 {
-  const QList<QStringList> lines = isFixedLayout(workbook) ? QList<QStringList>() : linesOf(grid);
+  QList<QStringList> lines = isFixedLayout(workbook) ? QList<QStringList>() : linesOf(grid);
   if (!lines.isEmpty()) {
+    // A cell that was given a text takes no number any more.
+    QStringList amounts;
+    for (QStringList& line : lines)
+      amounts.append(std::exchange(line[amountColumn - 1], QString()));
     workbook.insertRows(Page, FirstLineRow + 1, int(lines.size()));
-    workbook.enter(Page, FirstLineRow + 1, 1, lines);
+    workbook.enterTexts(Page, FirstLineRow + 1, 1, lines);
+    workbook.enterAmounts(Page, FirstLineRow + 1, amountColumn, amounts);
   }
   workbook.deleteRow(Page, FirstLineRow);
   workbook.deleteRow(Page, FirstLineRow + int(lines.size()));
@@ -96,7 +114,7 @@ void printFile(Session& session, const Job& job, const QString& path)
 {
   const std::unique_ptr<Workbook> workbook = session.spreadsheet.open(path);
   fillPage(*workbook, job.placeholders());
-  fillLines(*workbook, *job.lines);
+  fillLines(*workbook, *job.lines, job.amountColumn);
   finish(*workbook, job.finish, session.desk);
 }
 
@@ -116,7 +134,7 @@ QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placehol
 
 std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const QString& tabName)
 {
-  Recordset rs = OpenRecordset(session, {u"SELECT * FROM TabExcelTable where TabName = '{}' ", tabName});
+  Recordset rs = OpenRecordsetForUpdate(session, {u"SELECT * FROM TabExcelTable where TabName = '{}' ", tabName});
   if (rs.recordCount() <= 0) {
     session.desk.ask({tabName + "  不存在！.", Desk::Icon::Warning, Desk::Buttons::Ok, QStringLiteral("错误")});
     return 0;

@@ -17,6 +17,7 @@ namespace BillTemplate {
 struct Placeholder {
   QString word;
   QString value;
+  bool isAmount = false;
 };
 
 enum class Finish { Print, Preview, HandOver };
@@ -29,6 +30,7 @@ struct Job {
   std::function<QList<Placeholder>()> placeholders;
   // The bill's lines: its grid, which is empty for a bill without any.
   const Grid* lines;
+  int amountColumn; // of the grid
   Finish finish = Finish::Print;
 };
 

@@ -11,12 +11,18 @@ namespace {
 // A block goes over in one call. Between two of them the bar moves and the operator can leave.
 constexpr int RowsInBlock = 512;
 
+// Workbooks know one kind of line break.
+QString withPlainBreaks(QString text)
+{
+  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+}
+
 QStringList shownTexts(const Grid& grid, int row)
 {
   QStringList texts;
   texts.reserve(grid.cols());
   for (int col = 0; col < grid.cols(); ++col)
-    texts.append(grid.rowHeight(row) != 0 && grid.colWidth(col) != 0 ? grid.text(row, col) : QString());
+    texts.append(grid.rowHeight(row) != 0 && grid.colWidth(col) != 0 ? withPlainBreaks(grid.text(row, col)) : QString());
   return texts;
 }
 
@@ -27,6 +33,16 @@ QList<QStringList> shownTexts(const Grid& grid, int from, int to)
   for (int row = from; row < to; ++row)
     block.append(shownTexts(grid, row));
   return block;
+}
+
+QList<Workbook::Cell> brokenCells(const QList<QStringList>& block, int firstRow)
+{
+  QList<Workbook::Cell> broken;
+  for (int row = 0; row < block.size(); ++row)
+    for (int column = 0; column < block[row].size(); ++column)
+      if (block[row][column].contains(u'\n'))
+        broken.append({firstRow + row, column + 1});
+  return broken;
 }
 
 // A quarter wider than on the screen: a workbook's letters are larger.
@@ -62,7 +78,9 @@ void frmExport::copy(const Grid& grid)
   workbook->setSizes(sheet, grid.rows(), Grid::DefaultRowHeight, widthsOf(grid));
   for (int row = 0; row < grid.rows(); row += RowsInBlock) {
     const int end = std::min(row + RowsInBlock, grid.rows());
-    workbook->enterTexts(sheet, row + 1, 1, shownTexts(grid, row, end));
+    const QList<QStringList> block = shownTexts(grid, row, end);
+    workbook->enterTexts(sheet, row + 1, 1, block);
+    workbook->showWhole(sheet, brokenCells(block, row + 1));
     prg.setValue(100 * end / grid.rows());
     desk().breathe();
     if (m_isCancelled)

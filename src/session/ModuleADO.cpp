@@ -1,6 +1,7 @@
 #include "session/ModuleADO.h"
 
 #include "platform/DateText.h"
+#include "platform/RunTimeError.h"
 #include "platform/Trim.h"
 #include "session/Session.h"
 
@@ -38,22 +39,23 @@ void showError(Session& session, const DatabaseError& error)
   session.desk.ask({"Error:" + QString::number(error.number) + "\r\n" + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
 }
 
-std::unique_ptr<DatabaseError> tryToOpen(Session& session)
-{
-  return session.connection.isOpen() ? nullptr : session.connection.open(GetConnectionString(session));
-}
-
-// The statement's outcome; its error has been shown.
+// The statement's outcome; its error has not been shown.
 Connection::Outcome run(Session& session, const Statement& statement)
 {
-  Connection::Outcome outcome;
-  outcome.error = tryToOpen(session);
-  if (!outcome.error) {
-    if (const auto value = statement.violation())
-      outcome.error.reset(new DatabaseError{ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60)});
-    else
-      outcome = session.connection.run(statement.sql());
+  if (!session.connection.isOpen())
+    if (auto error = session.connection.open(GetConnectionString(session)))
+      return {{}, std::move(error)};
+  if (const auto value = statement.violation()) {
+    const QString reason = QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60);
+    return {{}, std::make_unique<DatabaseError>(DatabaseError{ChangedShape, reason})};
   }
+  return session.connection.run(statement.sql());
+}
+
+// The same with the error shown.
+Connection::Outcome runAndShow(Session& session, const Statement& statement)
+{
+  Connection::Outcome outcome = run(session, statement);
   if (outcome.error)
     showError(session, *outcome.error);
   return outcome;
@@ -83,12 +85,20 @@ QString GetConnectionString(Session& session)
 
 Recordset OpenRecordset(Session& session, const Statement& statement)
 {
-  return std::move(run(session, statement).recordset);
+  return std::move(runAndShow(session, statement).recordset);
 }
 
 bool Execute(Session& session, const Statement& statement)
 {
-  return !run(session, statement).error;
+  return !runAndShow(session, statement).error;
+}
+
+Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement)
+{
+  Connection::Outcome outcome = run(session, statement);
+  if (outcome.error)
+    throw RunTimeError(RunTimeError::Automation, outcome.error->description);
+  return std::move(outcome.recordset);
 }
 
 void CloseConnection(Session& session)

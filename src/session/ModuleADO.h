@@ -23,6 +23,9 @@ Recordset OpenRecordset(Session& session, const Statement& statement);
 // The same for an insert, update or delete whose outcome counts: false if it failed.
 bool Execute(Session& session, const Statement& statement);
 
+// The same for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
+Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
+
 // Closes the connection, as a screen does when it goes; the next statement opens it again.
 void CloseConnection(Session& session);
 

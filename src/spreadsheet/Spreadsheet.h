@@ -12,22 +12,29 @@
 // unless it was handed over.
 class Workbook {
 public:
+  struct Cell {
+    int row;
+    int column;
+  };
+
   virtual ~Workbook() = default;
 
   virtual QStringList sheetNames() = 0;
   // The texts of the first rows and columns of a sheet, row by row; a number is empty.
   virtual QList<QStringList> texts(const QString& sheet, int rows, int columns) = 0;
 
-  // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. What
-  // reads as an amount becomes a number, so that the cell's format and sums work, unless the cell is
-  // formatted as text or the number would lose digits ("0012", 20 digits); an amount in a cell that nobody
-  // formatted shows its two decimals. Nothing becomes a formula.
-  virtual void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
-  // The same, but every text stays the text it is.
+  // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. Every
+  // text stays the text it is, and its cell is formatted as text from then on.
   virtual void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
+  // Puts amounts into the cells from `row` downwards. Each becomes a number, so that the cell's format and
+  // sums work, unless its cell is formatted as text, it is no amount ("见附件"), or the number would lose
+  // digits (20 of them). In a cell that nobody formatted it shows the decimals that it has.
+  virtual void enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts) = 0;
   // The heights of the first rows and the widths of the first columns, in twips; a column of 0 keeps its own.
   // Rows that have got a height are not measured when texts come in, which is what costs most.
   virtual void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) = 0;
+  // Breaks the lines of these cells, and makes their rows as high as they need.
+  virtual void showWhole(const QString& sheet, const QList<Cell>& cells) = 0;
   // New rows ahead of `row`, each looking like the one above.
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;

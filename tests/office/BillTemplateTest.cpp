@@ -45,8 +45,6 @@ struct BillTemplateTest : OfficeFixture, testing::WithParamInterface<const char*
     OfficeClient::Book book = client().create();
     book.rename(book.sheetNames().first(), "SHEET1");
     book.type("SHEET1", 2, 2, "共?金额元，?金额大写");
-    book.type("SHEET1", 3, 1, "?编号");
-    book.setTextFormat("SHEET1", 3, 1);
     book.type("SHEET1", 40, 40, "?金额");
     book.type("SHEET1", 41, 1, "?金额");
     book.type("SHEET1", 1, 41, "?金额");
@@ -56,18 +54,20 @@ struct BillTemplateTest : OfficeFixture, testing::WithParamInterface<const char*
       book.type("SHEET1", 18, column, "旧行");
       book.setProperty("SHEET1", 17, column, "CellBackColor", Any(Yellow));
     }
-    book.setTextFormat("SHEET1", 17, 1);
     book.type("SHEET1", 19, 1, "脚");
     book.type("SHEET1", 19, 3, "=SUM(C16:C18)");
+    book.addSheet("附页");
+    book.activate("附页");
     return book;
   }
 
-  // Stores it in the database, and closes it.
-  void putTemplate(OfficeClient::Book book)
+  // Stores it in the database, and closes it unless it is wanted again.
+  void putTemplate(OfficeClient::Book book, bool isLast = true)
   {
     const QString path = folder.filePath(name());
     book.store(path);
-    book.close();
+    if (isLast)
+      book.close();
     QFile stored(path);
     ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
     file.run("delete from TabExcelTable");
@@ -86,9 +86,11 @@ struct BillTemplateTest : OfficeFixture, testing::WithParamInterface<const char*
                                    .placeholders =
                                        [&] {
                                          midway();
-                                         return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"}, {"?金额", "1"}, {"?编号", "1001"}};
+                                         return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"}, {"?金额", "1,002.00", true}, {"?编号", "1001"},
+                                                                                {"?汇率", "6.8523"}, {"?电话", "13800138000"}};
                                        },
                                    .lines = &lines,
+                                   .amountColumn = 3,
                                    .finish = finish});
   }
 
@@ -106,15 +108,12 @@ TEST_P(BillTemplateTest, ThePageIsFilledAndHandedOver)
   OfficeClient::Book book = client().open().first();
   const QString page = "SHEET1";
 
-  EXPECT_EQ(book.shown(page, 2, 2), "共1元，壹");
-  EXPECT_EQ(book.formula(page, 3, 1), "'1001"); // a cell formatted as text keeps a text
-  EXPECT_EQ(book.shown(page, 40, 40), "1");
+  EXPECT_EQ(book.shown(page, 2, 2), "共1,002.00元，壹");
+  EXPECT_EQ(book.shown(page, 40, 40), "1,002.00");
   EXPECT_EQ(book.shown(page, 1, 41), "?金额"); // beyond the searched columns
   EXPECT_EQ(book.shown(page, 41, 1), "?金额"); // and rows; two came, two went
 
   EXPECT_EQ(book.row(page, 17, 4), "1001|库存现金|1,234.50|=1+1");
-  EXPECT_EQ(book.formula(page, 17, 1), "'1001");
-  EXPECT_EQ(book.formula(page, 17, 3), "1234.5"); // a number, for the template's sums
   EXPECT_EQ(book.row(page, 18, 4), "0012|银行|-5.00|");
   EXPECT_EQ(book.row(page, 19, 3), "脚||1229.5");
   for (const int row : {17, 18}) {
@@ -123,6 +122,7 @@ TEST_P(BillTemplateTest, ThePageIsFilledAndHandedOver)
   }
   EXPECT_NE(book.property(page, 19, 4, "CellBackColor"), Any(Yellow));
 
+  EXPECT_EQ(book.activeSheet(), page);
   EXPECT_EQ(book.title(), "输出....");
   EXPECT_TRUE(book.isVisible());
   EXPECT_TRUE(filesIn("TempFile").contains(workName()));
@@ -146,7 +146,7 @@ TEST_P(BillTemplateTest, AFixedLayoutCountsOnTheLastSheetOnly)
     book.addSheet("样式分类设置");
     book.type("样式分类设置", 1, 2, "特殊格式设定");
     if (!isLast)
-      book.addSheet("附页");
+      book.addSheet("末页");
     putTemplate(book);
     print(BillTemplate::Finish::HandOver);
     ASSERT_EQ(client().open().size(), 1);
@@ -156,22 +156,106 @@ TEST_P(BillTemplateTest, AFixedLayoutCountsOnTheLastSheetOnly)
   }
 }
 
-// The page alone goes to the printer, and nothing is left of the work.
+// A rate, a telephone and a remark keep their digits in a row that holds amounts, whatever other rows hold. Amounts are
+// numbers, which the template sums, unless their cell is formatted as text.
+TEST_P(BillTemplateTest, OnlyAmountsAreNumbers)
+{
+  const struct {
+    int row;
+    int column;
+    const char* word;
+    const char* shown;
+    const char* content;
+  } cells[] = {
+      {3, 1, "?汇率", "6.8523", "'6.8523"},
+      {3, 2, "?电话", "13800138000", "'13800138000"},
+      {3, 3, "?金额", "1,002.00", "1002"},
+      {4, 3, "=C3*2", "2004", "=C3*2"},
+      {17, 1, "旧行", "1001", "'1001"},
+      {17, 3, "旧行", "1,234.50", "1234.5"},
+      {17, 4, "旧行", "2022", "'2022"},
+      {18, 3, "旧行", "7", "7"},
+      {18, 4, "旧行", "12.5", "'12.5"},
+      {19, 3, "旧行", "0.125", "0.125"},
+      {20, 3, "旧行", "见附件", "见附件"},
+  };
+  lines.setRows(5);
+  const QStringList amounts{"1,234.50", "7", "0.125", "见附件"};
+  const QStringList remarks{"2022", "12.5", "", ""};
+  for (int row = 0; row < amounts.size(); ++row) {
+    lines.setText(row + 1, 1, "1001");
+    lines.setText(row + 1, 3, amounts[row]);
+    lines.setText(row + 1, 4, remarks[row]);
+  }
+  OfficeClient::Book book = client().create();
+  book.rename(book.sheetNames().first(), "SHEET1");
+  for (const auto& cell : cells)
+    book.type("SHEET1", cell.row, cell.column, cell.word);
+  book.type("SHEET1", 5, 1, "?金额");
+  book.setTextFormat("SHEET1", 5, 1);
+  putTemplate(book);
+  print(BillTemplate::Finish::HandOver);
+  ASSERT_EQ(client().open().size(), 1);
+  const OfficeClient::Book printed = client().open().first();
+  for (const auto& cell : cells) {
+    EXPECT_EQ(printed.shown("SHEET1", cell.row, cell.column), cell.shown);
+    EXPECT_EQ(printed.formula("SHEET1", cell.row, cell.column), cell.content);
+  }
+  EXPECT_EQ(printed.formula("SHEET1", 5, 1), "'1,002.00");
+}
+
+// The page alone goes to the printer, whichever sheet the template was saved on, with what lies beside and below its
+// cells; nothing is left of the work.
 TEST_P(BillTemplateTest, ThePageIsPrinted)
 {
   installPrinter();
   OfficeClient::Book book = client().create();
   book.rename(book.sheetNames().first(), "sheet1");
-  book.type("sheet1", 1, 1, "?金额");
-  book.addSheet("附页");
-  book.type("附页", 1, 1, "不印");
-  putTemplate(book);
-  print(BillTemplate::Finish::Print);
-  EXPECT_EQ(desk.takeTexts(), "");
-  EXPECT_EQ(printedPages(), 1);
+  book.type("sheet1", 1, 1, "?金额 beyond its own cell, and the next, to the end");
+  book.addSeal(15000);
+  for (const char* other : {"附页", "末页"}) {
+    book.addSheet(other);
+    book.type(other, 1, 1, "不印");
+  }
+  for (const char* active : {"附页", "sheet1"}) {
+    book.activate(active);
+    putTemplate(book, active == QStringLiteral("sheet1"));
+    print(BillTemplate::Finish::Print);
+    EXPECT_EQ(desk.takeTexts(), "");
+    EXPECT_EQ(printedPages(), 1);
+    EXPECT_TRUE(printedText().contains("1,002.00 beyond its own cell, and the next, to the end")) << shown(printedText());
+    EXPECT_FALSE(printedText().contains("不印"));
+    EXPECT_GT(printedRed(), 500);
+    QFile::remove(paper());
+  }
   EXPECT_EQ(filesIn("TempFile"), "");
   EXPECT_EQ(filesIn("PrintTemp"), workName());
   EXPECT_EQ(client().open().size(), 0);
+}
+
+// A template's own print area is kept.
+TEST_P(BillTemplateTest, OnlyTheTemplatesOwnAreaIsPrinted)
+{
+  installPrinter();
+  OfficeClient::Book book = client().create();
+  book.rename(book.sheetNames().first(), "sheet1");
+  book.type("sheet1", 1, 1, "within");
+  book.type("sheet1", 3, 1, "outside");
+  book.addSeal(15000);
+  book.setPrintArea("sheet1", 2, 2);
+  putTemplate(book);
+  print(BillTemplate::Finish::Print);
+  EXPECT_TRUE(printedText().contains("within"));
+  EXPECT_FALSE(printedText().contains("outside"));
+  EXPECT_EQ(printedRed(), 0);
+}
+
+// The one message of a print, and not one of the database ahead of it.
+TEST_P(BillTemplateTest, ATemplateThatCannotBeReadEndsInTheMessage)
+{
+  file.run("drop table TabExcelTable");
+  print(BillTemplate::Finish::Print);
+  EXPECT_EQ(desk.takeTexts(), "操作发生不可预测性错误！请退出软件重启电脑后再操作！");
 }
 
 TEST_P(BillTemplateTest, WithoutAPrinterThePrintEndsInTheMessage)

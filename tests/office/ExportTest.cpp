@@ -52,6 +52,22 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
   EXPECT_FALSE(desk.busy);
 }
 
+// Every kind of line break; rows without one keep the height of the grid's.
+TEST_F(ExportTest, ACellWithALineBreakShowsWhole)
+{
+  grid.setRows(3);
+  grid.setCols(3);
+  grid.setText(0, 1, "一");
+  grid.setText(1, 1, "一\r\n二\n三\r四");
+  progress.Export2Excel(grid);
+  const OfficeClient::Book book = client().open().first();
+  const QString sheet = book.sheetNames().first();
+  EXPECT_EQ(book.shown(sheet, 2, 2), "一\n二\n三\n四");
+  EXPECT_GT(book.rowHeight(sheet, 2), 3 * book.rowHeight(sheet, 1));
+  EXPECT_EQ(book.rowHeight(sheet, 3), book.rowHeight(sheet, 1));
+  EXPECT_EQ(book.property(sheet, 2, 2, "IsTextWrapped"), com::sun::star::uno::Any(true));
+}
+
 TEST_F(ExportTest, TheBarMovesToItsEnd)
 {
   fillGrid();

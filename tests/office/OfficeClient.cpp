@@ -13,10 +13,15 @@
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
+#include <com/sun/star/drawing/XShape.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/frame/XTitle.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XPrintAreas.hpp>
 #include <com/sun/star/table/XCell.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
@@ -63,7 +68,7 @@ OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 OfficeClient::Book OfficeClient::create()
 {
   const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
-  return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, properties({{"Hidden", true}})),
+  return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, {}),
                UNO_QUERY});
 }
 
@@ -110,6 +115,33 @@ void OfficeClient::Book::addSheet(const QString& name)
   m_document->getSheets()->insertNewByName(officeText(name), 100);
 }
 
+Reference<star::sheet::XSpreadsheetView> OfficeClient::Book::view() const
+{
+  return {Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(), UNO_QUERY_THROW};
+}
+
+void OfficeClient::Book::activate(const QString& name)
+{
+  view()->setActiveSheet(sheet(name));
+}
+
+QString OfficeClient::Book::activeSheet() const
+{
+  return programText(Reference<star::container::XNamed>(view()->getActiveSheet(), UNO_QUERY_THROW)->getName());
+}
+
+void OfficeClient::Book::addSeal(int top)
+{
+  const Reference<star::lang::XMultiServiceFactory> factory(m_document, UNO_QUERY_THROW);
+  const Reference<star::drawing::XShape> seal(factory->createInstance(officeText(u"com.sun.star.drawing.RectangleShape")), UNO_QUERY_THROW);
+  seal->setPosition({2000, top});
+  seal->setSize({3000, 3000});
+  const Reference<star::beans::XPropertySet> look(seal, UNO_QUERY_THROW);
+  look->setPropertyValue(officeText(u"FillColor"), Any(sal_Int32(0xFF0000)));
+  const auto pages = Reference<star::drawing::XDrawPagesSupplier>(m_document, UNO_QUERY_THROW)->getDrawPages();
+  Reference<star::drawing::XDrawPage>(pages->getByIndex(0), UNO_QUERY_THROW)->add(seal);
+}
+
 void OfficeClient::Book::rename(const QString& name, const QString& newName)
 {
   Reference<star::container::XNamed>(sheet(name), UNO_QUERY_THROW)->setName(officeText(newName));
@@ -136,6 +168,13 @@ void OfficeClient::Book::setTextFormat(const QString& name, int row, int column)
 {
   constexpr sal_Int32 TextFormat = 100;
   setProperty(name, row, column, "NumberFormat", Any(TextFormat));
+}
+
+void OfficeClient::Book::setPrintArea(const QString& name, int rows, int columns)
+{
+  const auto cells = sheet(name)->getCellRangeByPosition(0, 0, columns - 1, rows - 1);
+  const auto area = Reference<star::sheet::XCellRangeAddressable>(cells, UNO_QUERY_THROW)->getRangeAddress();
+  Reference<star::sheet::XPrintAreas>(sheet(name), UNO_QUERY_THROW)->setPrintAreas({&area, 1});
 }
 
 void OfficeClient::Book::setRowHeight(const QString& name, int row, int height)

@@ -7,6 +7,7 @@
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
 
 // Someone else on the line to the office that the program under test runs: he makes workbooks for it, and
 // looks at what stands open there, cell by cell. Rows and columns count from 1.
@@ -24,11 +25,18 @@ public:
     explicit operator bool() const { return m_document.is(); }
     QStringList sheetNames() const;
     void addSheet(const QString& name);
+    // The sheet that the workbook opens on once it is stored.
+    void activate(const QString& sheet);
+    QString activeSheet() const;
+    // A red square of 3 cm on the first sheet, this far from the upper edge in hundredths of a millimetre.
+    void addSeal(int top);
     void rename(const QString& sheet, const QString& name);
 
     // What the operator would have typed: "=A1" is a formula, "'1" a text.
     void type(const QString& sheet, int row, int column, const QString& text);
     void setProperty(const QString& sheet, int row, int column, const char* name, const com::sun::star::uno::Any& value);
+    // The first rows and columns.
+    void setPrintArea(const QString& sheet, int rows, int columns);
     void setRowHeight(const QString& sheet, int row, int hundredthsOfMillimetre);
     void setTextFormat(const QString& sheet, int row, int column);
 
@@ -50,12 +58,14 @@ public:
     void close();
 
   private:
+    com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetView> view() const;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet(const QString& name) const;
     com::sun::star::uno::Reference<com::sun::star::table::XCell> cell(const QString& sheet, int row, int column) const;
 
     Document m_document;
   };
 
+  // Not hidden: only then a workbook has an active sheet to be stored.
   Book create();
   // Those open now. A workbook being made by the program is among them.
   QList<Book> open() const;

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
 
 OfficeFixture::OfficeFixture()
@@ -37,6 +38,29 @@ int OfficeFixture::printedPages() const
   QFile printed(paper());
   const QString content = printed.open(QIODevice::ReadOnly) ? QString::fromLatin1(printed.readAll()) : QString();
   return int(content.count(QRegularExpression("/Type ?/Page[^s]")));
+}
+
+namespace {
+
+QByteArray outputOf(const QString& program, const QStringList& arguments)
+{
+  QProcess process;
+  process.start(program, arguments);
+  if (!process.waitForFinished() || process.exitCode() != 0)
+    qFatal("%s failed", qPrintable(program));
+  return process.readAllStandardOutput();
+}
+
+} // namespace
+
+QString OfficeFixture::printedText() const
+{
+  return QString::fromUtf8(outputOf("pdftotext", {paper(), "-"})).simplified();
+}
+
+int OfficeFixture::printedRed() const
+{
+  return int(outputOf("pdftoppm", {"-r", "25", "-l", "1", paper()}).count(QByteArray("\xff\0\0", 3)));
 }
 
 QString OfficeFixture::filesIn(const QString& name) const

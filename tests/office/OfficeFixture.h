@@ -19,6 +19,10 @@ protected:
   void installPrinter();
   // How many pages came out of it.
   int printedPages() const;
+  // The words on them, one space between two.
+  QString printedText() const;
+  // How much of the first page a seal covers, in dots of about a millimetre's square.
+  int printedRed() const;
   QString filesIn(const QString& name) const;
   // What came out, as PDF.
   QString paper() const { return folder.filePath("paper.pdf"); }

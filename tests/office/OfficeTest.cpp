@@ -35,7 +35,7 @@ TEST(Office, SharesNothingWithAnotherProgram)
 {
   Office first;
   const std::unique_ptr<Workbook> workbook = first.create();
-  workbook->enter(workbook->sheetNames().first(), 1, 1, {{"甲"}});
+  workbook->enterTexts(workbook->sheetNames().first(), 1, 1, {{"甲"}});
   {
     Office second;
     EXPECT_EQ(second.create()->texts("工作表1", 1, 1), QList<QStringList>{{""}});

@@ -9,12 +9,9 @@
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XTitle.hpp>
-#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
 #include <com/sun/star/sheet/XPrintAreas.hpp>
-#include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
-#include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
@@ -53,18 +50,24 @@ Any lengthOf(int twips)
   return Any(sal_Int32(qint64(twips) * 2540 / 1440));
 }
 
-void put(const Reference<star::table::XCellRange>& range, const QList<QStringList>& block,
-         const std::function<Any(qsizetype, const QString&)>& value)
+Sequence<Sequence<Any>> cellsOf(const QList<QStringList>& block)
 {
   Sequence<Sequence<Any>> rows{sal_Int32(block.size())};
-  Sequence<Any>* row = rows.getArray();
-  for (const QStringList& texts : block) {
-    row->realloc(sal_Int32(texts.size()));
-    Any* cell = (row++)->getArray();
-    for (qsizetype column = 0; column < texts.size(); ++column)
-      cell[column] = value(column, texts[column]);
-  }
-  Reference<star::sheet::XCellRangeData>(range, UNO_QUERY_THROW)->setDataArray(rows);
+  std::transform(block.begin(), block.end(), rows.getArray(), [](const QStringList& texts) {
+    Sequence<Any> row{sal_Int32(texts.size())};
+    std::transform(texts.begin(), texts.end(), row.getArray(), [](const QString& text) { return Any(officeText(text)); });
+    return row;
+  });
+  return rows;
+}
+
+// "#,##0.00" for "1,234.50"; nothing for an amount that every format shows as it is.
+QString patternOf(const QString& amount)
+{
+  const qsizetype point = amount.indexOf(u'.');
+  if (point < 0)
+    return amount.contains(u',') ? QStringLiteral("#,##0") : QString();
+  return QStringLiteral("#,##0.") + QString(amount.size() - point - 1, u'0');
 }
 
 } // namespace
@@ -127,13 +130,11 @@ QList<QStringList> OfficeWorkbook::texts(const QString& sheet, int rows, int col
   });
 }
 
-// How a column of a block takes numbers: not at all in cells formatted as text. Cells that differ in their
-// format count as formatted by someone.
-OfficeWorkbook::CellFormat OfficeWorkbook::formatOf(const Reference<star::table::XCellRange>& cells)
+// Whether a cell takes numbers, and whether anybody gave it a format.
+OfficeWorkbook::CellFormat OfficeWorkbook::formatOf(const Reference<star::table::XCellRange>& cell)
 {
   sal_Int32 key = 0;
-  if (!(propertiesOf(cells)->getPropertyValue(officeText(u"NumberFormat")) >>= key))
-    return CellFormat::Own;
+  propertiesOf(cell)->getPropertyValue(officeText(u"NumberFormat")) >>= key;
   if (!m_formats.contains(key)) {
     const auto format = numberFormats()->getByKey(key);
     sal_Int16 type = 0;
@@ -150,41 +151,42 @@ Reference<star::util::XNumberFormats> OfficeWorkbook::numberFormats() const
   return Reference<star::util::XNumberFormatsSupplier>(m_document, UNO_QUERY_THROW)->getNumberFormats();
 }
 
-// Where nobody chose a format, amounts look as they were entered, with two decimals and commas.
-void OfficeWorkbook::formatAsAmounts(const Reference<star::table::XCellRange>& cells)
+// Where nobody chose a format, an amount looks as the program shows it.
+void OfficeWorkbook::formatLike(const Reference<star::table::XCellRange>& cell, const QString& amount)
 {
+  const QString pattern = patternOf(amount);
+  if (pattern.isEmpty())
+    return;
   const star::lang::Locale english(officeText(u"en"), officeText(u"US"), {});
-  const sal_Int32 key = numberFormats()->queryKey(officeText(u"#,##0.00"), english, false);
-  if (key >= 0)
-    propertiesOf(cells)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
-}
-
-void OfficeWorkbook::enter(const QString& sheet, int row, int column, const QList<QStringList>& block)
-{
-  m_office.call([&] {
-    QHash<qsizetype, bool> takesNumbers; // asked only where there is a number
-    const auto takes = [&](qsizetype at, const QString& text) {
-      if (!takesNumbers.contains(at)) {
-        const auto cells = range(sheet, row, column + int(at), block.size(), 1);
-        const CellFormat format = formatOf(cells);
-        takesNumbers[at] = format != CellFormat::Text;
-        if (format == CellFormat::None && text.contains(u'.'))
-          formatAsAmounts(cells);
-      }
-      return takesNumbers[at];
-    };
-    put(range(sheet, row, column, block.size(), block.first().size()), block, [&](qsizetype at, const QString& text) {
-      const std::optional<double> number = enteredNumber(text);
-      return number && takes(at, text) ? Any(*number) : Any(officeText(text));
-    });
-  });
+  sal_Int32 key = numberFormats()->queryKey(officeText(pattern), english, false);
+  if (key < 0)
+    key = numberFormats()->addNew(officeText(pattern), english);
+  propertiesOf(cell)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
 }
 
 void OfficeWorkbook::enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block)
 {
   m_office.call([&] {
-    put(range(sheet, row, column, block.size(), block.first().size()), block,
-        [](qsizetype, const QString& text) { return Any(officeText(text)); });
+    Reference<star::sheet::XCellRangeData>(range(sheet, row, column, block.size(), block.first().size()), UNO_QUERY_THROW)
+        ->setDataArray(cellsOf(block));
+  });
+}
+
+void OfficeWorkbook::enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts)
+{
+  m_office.call([&] {
+    for (const QString& amount : amounts) {
+      const auto cell = range(sheet, row++, column, 1, 1);
+      const std::optional<double> number = enteredNumber(amount);
+      const CellFormat format = number ? formatOf(cell) : CellFormat::Text;
+      if (format == CellFormat::Text) {
+        Reference<star::sheet::XCellRangeData>(cell, UNO_QUERY_THROW)->setDataArray(cellsOf({{amount}}));
+        continue;
+      }
+      if (format == CellFormat::None)
+        formatLike(cell, amount);
+      cell->getCellByPosition(0, 0)->setValue(*number);
+    }
   });
 }
 
@@ -197,6 +199,17 @@ void OfficeWorkbook::setSizes(const QString& sheet, int rows, int rowHeight, con
     for (int column = 0; column < columnWidths.size(); ++column)
       if (columnWidths[column] > 0)
         propertiesOf(itemOf(columns, column))->setPropertyValue(officeText(u"Width"), lengthOf(columnWidths[column]));
+  });
+}
+
+void OfficeWorkbook::showWhole(const QString& sheet, const QList<Cell>& cells)
+{
+  m_office.call([&] {
+    const auto rows = Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows();
+    for (const Cell& cell : cells) {
+      propertiesOf(range(sheet, cell.row, cell.column, 1, 1))->setPropertyValue(officeText(u"IsTextWrapped"), Any(true));
+      propertiesOf(itemOf(rows, cell.row - 1))->setPropertyValue(officeText(u"OptimalHeight"), Any(true));
+    }
   });
 }
 
@@ -220,22 +233,19 @@ void OfficeWorkbook::deleteRow(const QString& sheet, int row)
       [&] { Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows()->removeByIndex(row - 1, 1); });
 }
 
-// The office prints every sheet that has something to print; a sheet with no print area has nothing as
-// soon as another one has one.
+// The office prints the selected sheets, and of these whatever lies on them unless they have a print area. As
+// long as a workbook is hidden it can't be given another selection than it was saved with, but a sheet that is
+// not to be seen loses it to the one that is left.
 void OfficeWorkbook::printOnly(const QString& name)
 {
-  const auto page = sheetCalled(name);
-  const auto sheets = m_document->getSheets();
-  for (const rtl::OUString& one : sheets->getElementNames())
-    if (const Reference<star::sheet::XPrintAreas> sheet(sheets->getByName(one), UNO_QUERY_THROW); sheet != page)
-      sheet->setPrintAreas({});
-  const Reference<star::sheet::XPrintAreas> areas(page, UNO_QUERY_THROW);
-  if (areas->getPrintAreas().hasElements())
-    return;
-  const auto used = page->createCursor();
-  Reference<star::sheet::XUsedAreaCursor>(used, UNO_QUERY_THROW)->gotoEndOfUsedArea(true);
-  const auto area = Reference<star::sheet::XCellRangeAddressable>(used, UNO_QUERY_THROW)->getRangeAddress();
-  areas->setPrintAreas(Sequence<star::table::CellRangeAddress>(&area, 1));
+  propertiesOf(sheetCalled(name))->setPropertyValue(officeText(u"IsVisible"), Any(true));
+  for (const rtl::OUString& other : m_document->getSheets()->getElementNames()) {
+    if (programText(other).compare(name, Qt::CaseInsensitive) == 0)
+      continue;
+    const auto sheet = sheetCalled(programText(other));
+    Reference<star::sheet::XPrintAreas>(sheet, UNO_QUERY_THROW)->setPrintAreas({});
+    propertiesOf(sheet)->setPropertyValue(officeText(u"IsVisible"), Any(false));
+  }
 }
 
 void OfficeWorkbook::print(const QString& sheet)
@@ -257,12 +267,13 @@ Reference<star::frame::XController> OfficeWorkbook::controller()
 void OfficeWorkbook::show(const QString& sheet, const QString& caption)
 {
   const auto view = controller();
-  Reference<star::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheetCalled(sheet));
   const auto frame = view->getFrame();
   if (!caption.isEmpty())
     Reference<star::frame::XTitle>(frame, UNO_QUERY_THROW)->setTitle(officeText(caption));
   const auto window = frame->getContainerWindow();
   window->setVisible(true);
+  // Only now: a window that comes up turns to the sheet that the workbook was saved on.
+  Reference<star::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheetCalled(sheet));
   Reference<star::awt::XTopWindow>(window, UNO_QUERY_THROW)->toFront();
   frame->activate();
 }

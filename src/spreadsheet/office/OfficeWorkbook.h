@@ -21,9 +21,10 @@ public:
 
   QStringList sheetNames() override;
   QList<QStringList> texts(const QString& sheet, int rows, int columns) override;
-  void enter(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
   void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
+  void enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts) override;
   void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) override;
+  void showWhole(const QString& sheet, const QList<Cell>& cells) override;
   void insertRows(const QString& sheet, int row, int count) override;
   void deleteRow(const QString& sheet, int row) override;
   void print(const QString& sheet) override;
@@ -39,7 +40,7 @@ private:
   // None is the one that cells have unless someone gives them another.
   enum class CellFormat { None, Text, Own };
   CellFormat formatOf(const Reference<com::sun::star::table::XCellRange>& cells);
-  void formatAsAmounts(const Reference<com::sun::star::table::XCellRange>& cells);
+  void formatLike(const Reference<com::sun::star::table::XCellRange>& cell, const QString& amount);
   Reference<com::sun::star::util::XNumberFormats> numberFormats() const;
   void printOnly(const QString& sheet);
   Reference<com::sun::star::frame::XController> controller();
