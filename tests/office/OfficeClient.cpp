@@ -8,10 +8,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryFile>
 #include <QUrl>
 
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/beans/NamedValue.hpp>
+#include <com/sun/star/container/XHierarchicalNameAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
 #include <com/sun/star/drawing/XShape.hpp>
@@ -19,12 +22,15 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/frame/XTitle.hpp>
+#include <com/sun/star/io/XActiveDataSink.hpp>
+#include <com/sun/star/lang/XInitialization.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XPrintAreas.hpp>
 #include <com/sun/star/table/XCell.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
+#include <com/sun/star/util/XChangesBatch.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 
 #include <csignal>
@@ -82,14 +88,44 @@ QList<OfficeClient::Book> OfficeClient::open() const
   return books;
 }
 
-void OfficeClient::kill(int signal)
+QList<pid_t> OfficeClient::processes(int place)
 {
-  const QByteArray pipe = OfficePlace::numbered(1).pipe.toUtf8();
+  QList<pid_t> all;
+  const QByteArray pipe = OfficePlace::numbered(place).pipe.toUtf8();
   for (const QString& process : QDir("/proc").entryList(QDir::Dirs)) {
     QFile command("/proc/" + process + "/cmdline");
     if (command.open(QIODevice::ReadOnly) && command.readAll().contains(pipe))
-      ::kill(process.toInt(), signal);
+      all.append(process.toInt());
   }
+  return all;
+}
+
+void OfficeClient::kill(int signal)
+{
+  for (const pid_t process : processes())
+    ::kill(process, signal);
+}
+
+void OfficeClient::edit(const QString& path, const QString& part, const QList<std::pair<QByteArray, QByteArray>>& replacements)
+{
+  const auto service = [this](const char* name, std::initializer_list<Any> arguments) {
+    const auto object = m_connection.service(name);
+    Reference<star::lang::XInitialization>(object, UNO_QUERY_THROW)->initialize({arguments.begin(), sal_Int32(arguments.size())});
+    return object;
+  };
+  const Any url(officeText(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())));
+  const Any format(star::beans::NamedValue(officeText(u"StorageFormat"), Any(officeText(u"ZipFormat"))));
+  const auto package = service("com.sun.star.packages.Package", {url, format});
+  const Reference<star::io::XActiveDataSink> stream(
+      Reference<star::container::XHierarchicalNameAccess>(package, UNO_QUERY_THROW)->getByHierarchicalName(officeText(part)), UNO_QUERY_THROW);
+  star::uno::Sequence<sal_Int8> bytes;
+  stream->getInputStream()->readBytes(bytes, 1 << 20);
+  QByteArray content(reinterpret_cast<const char*>(bytes.getConstArray()), bytes.getLength());
+  for (const auto& [from, to] : replacements)
+    content.replace(from, to);
+  bytes = {reinterpret_cast<const sal_Int8*>(content.constData()), sal_Int32(content.size())};
+  stream->setInputStream(Reference<star::io::XInputStream>(service("com.sun.star.io.SequenceInputStream", {Any(bytes)}), UNO_QUERY_THROW));
+  Reference<star::util::XChangesBatch>(package, UNO_QUERY_THROW)->commitChanges();
 }
 
 Reference<star::sheet::XSpreadsheet> OfficeClient::Book::sheet(const QString& name) const
@@ -133,11 +169,15 @@ QString OfficeClient::Book::activeSheet() const
 void OfficeClient::Book::addSeal(int top)
 {
   const Reference<star::lang::XMultiServiceFactory> factory(m_document, UNO_QUERY_THROW);
-  const Reference<star::drawing::XShape> seal(factory->createInstance(officeText(u"com.sun.star.drawing.RectangleShape")), UNO_QUERY_THROW);
+  const Reference<star::drawing::XShape> seal(factory->createInstance(officeText(u"com.sun.star.drawing.GraphicObjectShape")),
+                                              UNO_QUERY_THROW);
   seal->setPosition({2000, top});
   seal->setSize({3000, 3000});
-  const Reference<star::beans::XPropertySet> look(seal, UNO_QUERY_THROW);
-  look->setPropertyValue(officeText(u"FillColor"), Any(sal_Int32(0xFF0000)));
+  QTemporaryFile red;
+  if (!red.open() || red.write(QByteArray("P6 1 1 255 \xff\0\0", 14)) < 0 || !red.flush())
+    qFatal("no picture can be made");
+  Reference<star::beans::XPropertySet>(seal, UNO_QUERY_THROW)
+      ->setPropertyValue(officeText(u"GraphicURL"), Any(officeText(QUrl::fromLocalFile(red.fileName()).toString())));
   const auto pages = Reference<star::drawing::XDrawPagesSupplier>(m_document, UNO_QUERY_THROW)->getDrawPages();
   Reference<star::drawing::XDrawPage>(pages->getByIndex(0), UNO_QUERY_THROW)->add(seal);
 }
@@ -220,6 +260,13 @@ QString OfficeClient::Book::title() const
 bool OfficeClient::Book::isVisible() const
 {
   return Reference<star::awt::XWindow2>(frameOf(m_document)->getContainerWindow(), UNO_QUERY_THROW)->isVisible();
+}
+
+// A preview has no sheet that could be worked on.
+bool OfficeClient::Book::isInPreview() const
+{
+  return !Reference<star::sheet::XSpreadsheetView>(Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(), UNO_QUERY)
+              .is();
 }
 
 void OfficeClient::Book::store(const QString& path) const

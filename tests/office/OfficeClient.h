@@ -28,7 +28,7 @@ public:
     // The sheet that the workbook opens on once it is stored.
     void activate(const QString& sheet);
     QString activeSheet() const;
-    // A red square of 3 cm on the first sheet, this far from the upper edge in hundredths of a millimetre.
+    // A red picture of 3 cm on the first sheet, this far from the upper edge in hundredths of a millimetre.
     void addSeal(int top);
     void rename(const QString& sheet, const QString& name);
 
@@ -52,6 +52,7 @@ public:
     int columnWidth(const QString& sheet, int column) const;
     QString title() const;
     bool isVisible() const;
+    bool isInPreview() const;
 
     // In the format that the file's name tells: xls, xlsx or pdf.
     void store(const QString& path) const;
@@ -67,10 +68,14 @@ public:
 
   // Not hidden: only then a workbook has an active sheet to be stored.
   Book create();
+  // Replaces texts in a part of a stored workbook, which the office itself would not write so.
+  void edit(const QString& path, const QString& part, const QList<std::pair<QByteArray, QByteArray>>& replacements);
   // Those open now. A workbook being made by the program is among them.
   QList<Book> open() const;
   // Ends the office, or stops it from answering, from outside.
   static void kill(int signal);
+  // The processes of the office and of its watch; none when it has ended.
+  static QList<pid_t> processes(int place = 1);
 
 private:
   OfficeConnection m_connection;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "OfficeDeath.h"
+
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
@@ -10,6 +12,8 @@
 int main(int argc, char** argv)
 {
   QCoreApplication application(argc, argv);
+  if (argc == 3 && argv[1] == holdOffice)
+    return hold(argv[2]);
   const QTemporaryDir cache;
   qputenv("XDG_CACHE_HOME", cache.path().toUtf8());
   qunsetenv("DISPLAY");

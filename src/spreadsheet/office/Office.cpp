@@ -1,15 +1,18 @@
 #include "spreadsheet/office/Office.h"
 
+#include "spreadsheet/office/Archive.h"
 #include "spreadsheet/office/OfficeWorkbook.h"
 #include "spreadsheet/office/Properties.h"
 
 #include <QDir>
 #include <QLockFile>
+#include <QRegularExpression>
 #include <QUrl>
 
 #include <com/sun/star/awt/XPrinterServer.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/document/UpdateDocMode.hpp>
+#include <com/sun/star/document/XTypeDetection.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
@@ -23,11 +26,17 @@ using star::uno::UNO_QUERY_THROW;
 namespace {
 
 constexpr int MostPlaces = 100;
+constexpr qint64 MostUnpacked = qint64(1) << 27; // a thousand times what a template takes
 constexpr auto PollEvery = 5ms;
 
 RunTimeError notThere()
 {
   return {RunTimeError::NoSpreadsheet, QStringLiteral("ActiveX 部件不能创建对象")};
+}
+
+RunTimeError noWorkbook()
+{
+  return {RunTimeError::Automation, QStringLiteral("不是工作簿")};
 }
 
 QString installedFolder()
@@ -38,55 +47,98 @@ QString installedFolder()
 
 } // namespace
 
-Office::Office(std::chrono::milliseconds limit) : m_connection(installedFolder()), m_patience(limit, [this] { m_process.kill(); }) {}
+Office::Office(std::chrono::milliseconds limit) : m_connection(installedFolder()), m_patience(limit, [this] { giveUp(); }) {}
+
+// The operator's office is left alone, and hears no more of us.
+void Office::giveUp()
+{
+  m_process.kill();
+  if (m_isOperators)
+    m_connection.abandon();
+}
 
 Office::~Office()
 {
   end();
 }
 
-// A place whose office still listens has a workbook of the operator in it.
+// The first place that is free; a profile is made as rarely as can be.
 void Office::takePlace()
 {
-  for (int number = 1; number <= MostPlaces; ++number) {
-    m_place = OfficePlace::numbered(number);
-    QDir().mkpath(m_place.profileFolder);
-    m_placeLock = std::make_unique<QLockFile>(m_place.profileFolder + "/taken");
-    m_placeLock->setStaleLockTime(0);
-    if (m_placeLock->tryLock(0) && !m_connection.isListening(m_place.pipe))
+  clearPlaces();
+  for (int number = 1; number <= MostPlaces; ++number)
+    if (takePlace(OfficePlace::numbered(number)))
       return;
-  }
   throw notThere();
 }
 
+// A place whose office still listens has a workbook of the operator in it. A lock that lies there without its program
+// was left by one that was killed, and so was everything else.
+bool Office::takePlace(const OfficePlace& place)
+{
+  QDir().mkpath(place.profileFolder);
+  const bool isLeft = QFile::exists(place.lockFile());
+  m_place = place;
+  m_placeLock = std::make_unique<QLockFile>(place.lockFile());
+  m_placeLock->setStaleLockTime(0);
+  const bool isFree = m_placeLock->tryLock(0) && !m_connection.isListening(place.pipe);
+  if (isFree && isLeft)
+    place.clear();
+  return isFree;
+}
+
+void Office::clearPlaces()
+{
+  for (int number = 1; number <= MostPlaces; ++number)
+    if (const OfficePlace place = OfficePlace::numbered(number); QFile::exists(place.lockFile()))
+      takePlace(place);
+  m_placeLock.reset();
+}
+
+// An office that could not open a file may still hold what the file has made of it.
 std::unique_ptr<Workbook> Office::open(const QString& path)
 {
-  return load(QString::fromLatin1(QUrl::fromLocalFile(QDir(path).absolutePath()).toEncoded()));
+  const QString url = QString::fromLatin1(QUrl::fromLocalFile(QDir(path).absolutePath()).toEncoded());
+  if (unpackedSize(path) > MostUnpacked)
+    throw noWorkbook();
+  require();
+  try {
+    return call([&] { return isExcel(url) ? load(url) : throw noWorkbook(); });
+  } catch (const RunTimeError&) {
+    kill();
+    throw;
+  }
 }
 
 std::unique_ptr<Workbook> Office::create()
 {
-  return load(QStringLiteral("private:factory/scalc"));
+  require();
+  return call([this] { return load(QStringLiteral("private:factory/scalc")); });
 }
 
-// A workbook comes from a database that others write: its macros and links stay asleep.
+// By its content. Templates come from a database that others write, and pages of the web or texts can do things that
+// workbooks can't.
+bool Office::isExcel(const QString& url) const
+{
+  static const QRegularExpression excel(QStringLiteral("^(calc_MS_Excel_(40|5095|97)|MS Excel 2007)"));
+  const Reference<star::document::XTypeDetection> detection(m_connection.service("com.sun.star.document.TypeDetection"), UNO_QUERY_THROW);
+  auto file = properties({{"URL", officeText(url)}});
+  return excel.match(programText(detection->queryTypeByDescriptor(file, true))).hasMatch();
+}
+
+// Macros and links stay asleep.
 std::unique_ptr<Workbook> Office::load(const QString& url)
 {
-  require();
-  return call([&] {
-    const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
-    const auto document = loader->loadComponentFromURL(officeText(url), officeText(u"_blank"), 0,
-                                                       properties({{"Hidden", true},
-                                                                   {"MacroExecutionMode", star::document::MacroExecMode::NEVER_EXECUTE},
-                                                                   {"UpdateDocMode", star::document::UpdateDocMode::NO_UPDATE}}));
-    const Reference<star::sheet::XSpreadsheetDocument> workbook(document, UNO_QUERY);
-    if (!workbook.is()) {
-      if (const Reference<star::util::XCloseable> other(document, UNO_QUERY); other.is())
-        other->close(true);
-      throw RunTimeError(RunTimeError::Automation, QStringLiteral("不是工作簿"));
-    }
-    return std::make_unique<OfficeWorkbook>(*this, workbook);
-  });
+  const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
+  const auto document = loader->loadComponentFromURL(officeText(url), officeText(u"_blank"), 0,
+                                                     properties({{"Hidden", true},
+                                                                 {"MacroExecutionMode", star::document::MacroExecMode::NEVER_EXECUTE},
+                                                                 {"UpdateDocMode", star::document::UpdateDocMode::NO_UPDATE}}));
+  const Reference<star::sheet::XSpreadsheetDocument> workbook(document, UNO_QUERY);
+  if (!workbook.is())
+    throw noWorkbook();
+  m_workbooks.append(Reference<star::frame::XModel>(workbook, UNO_QUERY_THROW));
+  return std::make_unique<OfficeWorkbook>(*this, workbook);
 }
 
 bool Office::answers()
@@ -98,13 +150,19 @@ bool Office::answers()
   }
 }
 
+void Office::kill()
+{
+  m_connection.disconnect();
+  m_process.kill();
+  m_process.wait();
+  m_workbooks.clear();
+}
+
 void Office::require()
 {
   if (answers())
     return;
-  m_connection.disconnect();
-  m_process.kill();
-  m_process.wait();
+  kill();
   if (!m_placeLock)
     takePlace();
   startAndConnect();
@@ -143,16 +201,53 @@ void Office::handOver()
 {
   if (!OfficeProcess::hasDisplay())
     return;
-  m_connection.disconnect();
-  m_process.letGo();
+  // In this order: a lock that a killed program leaves says that nobody needs the place.
   m_placeLock.reset();
+  m_process.letGo();
+  m_connection.disconnect();
+  m_workbooks.clear();
+  m_isOperators = false;
+}
+
+void Office::leaveToOperator()
+{
+  if (m_isOperators || !OfficeProcess::hasDisplay() || !call([this] { return hasOperatorsDocuments(); }))
+    return;
+  m_isOperators = true;
+  m_placeLock.reset();
+  m_process.letGo();
+}
+
+bool Office::hasOperatorsDocuments() const
+{
+  const auto all = m_connection.documents();
+  return std::any_of(all.begin(), all.end(), [this](const auto& one) { return !m_workbooks.contains(one); });
+}
+
+void Office::close(const Reference<star::frame::XModel>& workbook)
+{
+  try {
+    leaveToOperator();
+    call([&] { Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true); });
+  } catch (const RunTimeError&) {
+    // An office that is gone has closed it.
+  }
+  m_workbooks.removeAll(workbook);
+  if (m_isOperators)
+    handOver();
 }
 
 void Office::end()
 {
   try {
-    const bool isEnding = answers() && call([this] {
-                            m_connection.closeAll();
+    const bool isAlive = answers();
+    if (isAlive)
+      leaveToOperator();
+    if (m_isOperators)
+      return handOver();
+    const bool isEnding = isAlive && call([this] {
+                            for (const auto& workbook : m_workbooks)
+                              Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true);
                             return m_connection.desktop()->terminate();
                           });
     if (isEnding)
@@ -160,6 +255,5 @@ void Office::end()
   } catch (const RunTimeError&) {
     // An office that does not answer is ended without being asked.
   }
-  m_process.kill();
-  m_process.wait();
+  kill();
 }

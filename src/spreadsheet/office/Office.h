@@ -12,7 +12,7 @@
 class QLockFile;
 
 // The installed office suite as the spreadsheet program. It is started when the first workbook is asked
-// for, started anew when it has died, and ended with this object. An office in which the operator was left
+// for, started again when it has died, and ended with this object. An office in which the operator was left
 // a workbook is his from then on, and the next workbook gets another one.
 class Office : public SpreadsheetDriver {
 public:
@@ -37,16 +37,27 @@ public:
   // A workbook, and the office with it, stays with the operator. Where he has no display it goes with this
   // object: nobody could close it.
   void handOver();
+  // Leaves the office to an operator who has opened documents of his own in it: neither our death nor our end
+  // closes them. The work with our own goes on.
+  void leaveToOperator();
+  // Closes a workbook of ours, unsaved.
+  void close(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& workbook);
   // Whether the machine has a printer: a default one is offered even where there is none.
   bool hasPrinter() const;
   OfficeConnection& connection() { return m_connection; }
 
 private:
   std::unique_ptr<Workbook> load(const QString& url);
+  bool isExcel(const QString& url) const;
   void require();
+  void kill();
   bool answers();
   void takePlace();
+  bool takePlace(const OfficePlace& place);
+  void clearPlaces();
+  bool hasOperatorsDocuments() const;
   void startAndConnect();
+  void giveUp();
   bool connectWhileStarting();
   void end();
 
@@ -54,5 +65,7 @@ private:
   OfficeProcess m_process;
   OfficePlace m_place;
   std::unique_ptr<QLockFile> m_placeLock;
+  QList<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> m_workbooks; // ours, open in it
+  std::atomic<bool> m_isOperators = false; // though a workbook of ours is still open
   Patience m_patience;
 };

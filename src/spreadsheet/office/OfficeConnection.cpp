@@ -9,7 +9,6 @@
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
-#include <com/sun/star/util/XCloseable.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <rtl/bootstrap.hxx>
 
@@ -89,12 +88,19 @@ void OfficeConnection::disconnect()
   m_bridge.clear();
 }
 
-void OfficeConnection::closeAll()
+void OfficeConnection::abandon()
 {
-  const auto documents = m_desktop->getComponents()->createEnumeration();
-  while (documents->hasMoreElements())
-    if (const Reference<star::util::XCloseable> document(documents->nextElement(), UNO_QUERY); document.is())
-      document->close(true);
+  dispose(m_bridge);
+}
+
+QList<Reference<star::frame::XModel>> OfficeConnection::documents() const
+{
+  QList<Reference<star::frame::XModel>> all;
+  const auto components = m_desktop->getComponents()->createEnumeration();
+  while (components->hasMoreElements())
+    if (const Reference<star::frame::XModel> document(components->nextElement(), UNO_QUERY); document.is())
+      all.append(document);
+  return all;
 }
 
 Reference<star::uno::XInterface> OfficeConnection::service(const char* name) const

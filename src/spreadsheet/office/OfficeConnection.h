@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <com/sun/star/bridge/XBridge.hpp>
 #include <com/sun/star/connection/XConnection.hpp>
 #include <com/sun/star/frame/XDesktop.hpp>
+#include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 
 // A line to an office program that listens on a pipe. Calls over it throw exceptions of the office.
@@ -23,8 +25,10 @@ public:
   bool isConnected() const { return m_remote.is(); }
 
   com::sun::star::uno::Reference<com::sun::star::frame::XDesktop> desktop() const { return m_desktop; }
-  // Closes every document, unsaved.
-  void closeAll();
+  // Loses the line from another thread, so that a call that waits for its answer fails.
+  void abandon();
+  // The documents open in the office.
+  QList<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> documents() const;
   // A service of the office by its name.
   com::sun::star::uno::Reference<com::sun::star::uno::XInterface> service(const char* name) const;
 

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QUrl>
+
+#include <unistd.h>
 
 namespace {
 
@@ -28,6 +31,17 @@ constexpr Setting Settings[] = {
     {"/org.openoffice.Office.UI.Infobar/Enabled", "Donate", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "GetInvolved", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "WhatsNew", "false"},
+    // A workbook calls out to nobody: what it links to is not fetched, and by whatever way something asks for it all the
+    // same, it ends at a port of this machine on which nobody listens.
+    {"/org.openoffice.Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
+    {"/org.openoffice.Inet/Settings", "ooInetProxyType", "2"},
+    {"/org.openoffice.Inet/Settings", "ooInetNoProxy", ""},
+    {"/org.openoffice.Inet/Settings", "ooInetHTTPProxyName", "127.0.0.1"},
+    {"/org.openoffice.Inet/Settings", "ooInetHTTPProxyPort", "9"},
+    {"/org.openoffice.Inet/Settings", "ooInetHTTPSProxyName", "127.0.0.1"},
+    {"/org.openoffice.Inet/Settings", "ooInetHTTPSProxyPort", "9"},
+    {"/org.openoffice.Inet/Settings", "ooInetFTPProxyName", "127.0.0.1"},
+    {"/org.openoffice.Inet/Settings", "ooInetFTPProxyPort", "9"},
 };
 
 QByteArray registry()
@@ -37,6 +51,33 @@ QByteArray registry()
     items += QByteArray("<item oor:path=\"") + setting.path + "\"><prop oor:name=\"" + setting.name + "\" oor:op=\"fuse\"><value>" +
              setting.value + "</value></prop></item>\n";
   return items + "</oor:items>\n";
+}
+
+const QString SettingsFile = QStringLiteral("/registrymodifications.xcu");
+
+QByteArray contentOf(const QString& path)
+{
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+  QFile file(path);
+  if (file.open(QIODevice::WriteOnly))
+    file.write(content);
+}
+
+// On this one the office hears that another one was started with its profile; named by the bytes of a hash, the
+// small ones of them in one digit.
+QString profilePipe(const QString& profile)
+{
+  const QString url = QString::fromLatin1(QUrl::fromLocalFile(profile).toEncoded());
+  const QByteArray bytes(reinterpret_cast<const char*>(url.utf16()), url.size() * qsizetype(sizeof(char16_t)));
+  QString name = QStringLiteral("SingleOfficeIPC_");
+  for (const char byte : QCryptographicHash::hash(bytes, QCryptographicHash::Md5))
+    name += QString::number(uchar(byte), 16);
+  return name;
 }
 
 } // namespace
@@ -56,8 +97,24 @@ void OfficePlace::prepare() const
 {
   QDir(temporaryFolder()).removeRecursively();
   QDir().mkpath(temporaryFolder());
-  const QString user = profileFolder + "/profile/user";
-  QFile settings(user + "/registrymodifications.xcu");
-  if (!settings.exists() && QDir().mkpath(user) && settings.open(QIODevice::WriteOnly))
-    settings.write(registry());
+  // The office writes the settings as they are when it ends; these are those that it began with.
+  const QString begin = profileFolder + "/settings";
+  if (contentOf(begin) == registry())
+    return;
+  const QString user = profile() + "/user";
+  QFile::remove(user + SettingsFile);
+  QDir().mkpath(user);
+  write(user + SettingsFile, registry());
+  write(begin, registry());
+}
+
+void OfficePlace::clear() const
+{
+  for (const QFileInfo& one : QDir(profileFolder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+    if (one.isDir() && !one.isSymLink())
+      QDir(one.filePath()).removeRecursively();
+    else if (one.filePath() != lockFile())
+      QFile::remove(one.filePath());
+  for (const QString& one : {pipe, profilePipe(profile())})
+    QFile::remove(QStringLiteral("/tmp/OSL_PIPE_%1_%2").arg(getuid()).arg(one));
 }

@@ -12,8 +12,13 @@ struct OfficePlace {
   // 1 is the first. Below the operator's cache folder, or the one for temporary files without one.
   static OfficePlace numbered(int number);
 
+  QString profile() const { return profileFolder + "/profile"; }
   QString temporaryFolder() const { return profileFolder + "/temporary"; }
-  // Makes its folders, empties the temporary one, and gives a new profile the settings that our work needs.
-  // Only for who has taken the place.
+  // Names the program that has taken the place. It goes with that program, unless that was killed.
+  QString lockFile() const { return profileFolder + "/taken"; }
+  // Makes its folders, empties the temporary one, and makes the profile with the settings that our work needs
+  // unless there is one made with the same. Only for who has taken the place.
   void prepare() const;
+  // Leaves nothing of it but the lock, after the death of whoever had taken it.
+  void clear() const;
 };

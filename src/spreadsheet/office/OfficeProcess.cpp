@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include <csignal>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -35,12 +36,20 @@ QList<QByteArray> environmentIn(const OfficePlace& place)
   return words;
 }
 
-// Its output tells operators nothing, and its standard input is none of its business.
-int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environment, pid_t& id)
+// Lies beside the library, or the program, that this code is part of.
+QByteArray watchProgram()
+{
+  Dl_info here{};
+  dladdr(reinterpret_cast<const void*>(&watchProgram), &here);
+  return QFileInfo(QFile::decodeName(here.dli_fname)).absolutePath().toLocal8Bit() + "/officewatch";
+}
+
+// Its output tells operators nothing; its standard input is the pipe of its watch.
+int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environment, int watched, pid_t& id)
 {
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
-  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&files, watched, STDIN_FILENO);
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
   // A workbook that was handed over outlives the terminal from which the program was started. The signals that
@@ -73,12 +82,18 @@ bool OfficeProcess::hasDisplay()
 bool OfficeProcess::start(const OfficePlace& place)
 {
   const QByteArray display = hasDisplay() ? "--invisible" : "--headless";
-  const QByteArray profile = QUrl::fromLocalFile(place.profileFolder + "/profile").toEncoded();
+  const QByteArray profile = QUrl::fromLocalFile(place.profile()).toEncoded();
+  int ends[2] = {-1, -1};
+  if (pipe2(ends, O_CLOEXEC) != 0)
+    return false;
+  closeWatch();
+  m_watch = ends[1];
   pid_t id = 0;
   const bool isStarted =
-      spawn({QFile::encodeName(programFolder() + "/soffice.bin"), display, "--norestore", "--nologo", "--nodefault", "--nofirststartwizard",
-             "-env:UserInstallation=" + profile, "--accept=pipe,name=" + place.pipe.toUtf8() + ";urp;"},
-            environmentIn(place), id) == 0;
+      spawn({watchProgram(), QFile::encodeName(programFolder() + "/soffice.bin"), display, "--norestore", "--nologo", "--nodefault",
+             "--nofirststartwizard", "-env:UserInstallation=" + profile, "--accept=pipe,name=" + place.pipe.toUtf8() + ";urp;"},
+            environmentIn(place), ends[0], id) == 0;
+  close(ends[0]);
   m_id = isStarted ? id : 0;
   return isStarted;
 }
@@ -101,4 +116,20 @@ void OfficeProcess::wait()
   if (m_id > 0)
     waitpid(m_id, nullptr, 0);
   m_id = 0;
+  closeWatch();
+}
+
+void OfficeProcess::letGo()
+{
+  if (m_watch >= 0 && write(m_watch, "", 1) != 1)
+    qWarning("the watch of the office is gone");
+  m_id = 0;
+  closeWatch();
+}
+
+void OfficeProcess::closeWatch()
+{
+  if (m_watch >= 0)
+    close(m_watch);
+  m_watch = -1;
 }

@@ -6,7 +6,8 @@
 
 #include <atomic>
 
-// The office program, running as a child of this one. It outlives this object.
+// The office program, running as a child of this one. It outlives this object, but not this program, however
+// that ends, until it is let go.
 class OfficeProcess {
 public:
   // Folder of the office's program files; empty if it is not installed.
@@ -19,11 +20,14 @@ public:
   bool isRunning();
   // Ends it at once. Any thread may call it.
   void kill();
-  // Forgets it: it is somebody else's affair.
-  void letGo() { m_id = 0; }
+  // Leaves it to the operator: from now on it lives without this program and without limits.
+  void letGo();
   // Waits for its end.
   void wait();
 
 private:
+  void closeWatch();
+
   std::atomic<pid_t> m_id = 0;
+  int m_watch = -1; // the pipe to its watch
 };

@@ -14,7 +14,6 @@
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
-#include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <com/sun/star/view/XPrintable.hpp>
@@ -79,13 +78,8 @@ OfficeWorkbook::OfficeWorkbook(Office& office, const Reference<star::sheet::XSpr
 
 OfficeWorkbook::~OfficeWorkbook()
 {
-  if (m_isHandedOver)
-    return;
-  try {
-    m_office.call([this] { Reference<star::util::XCloseable>(m_document, UNO_QUERY_THROW)->close(true); });
-  } catch (const RunTimeError&) {
-    // An office that is gone has closed it.
-  }
+  if (!m_isHandedOver)
+    m_office.close(Reference<star::frame::XModel>(m_document, UNO_QUERY));
 }
 
 Reference<star::sheet::XSpreadsheet> OfficeWorkbook::sheetCalled(const QString& name)
@@ -278,6 +272,17 @@ void OfficeWorkbook::show(const QString& sheet, const QString& caption)
   frame->activate();
 }
 
+// The window changes from the sheet to the preview a moment after it was asked to.
+Reference<star::frame::XController> OfficeWorkbook::previewController()
+{
+  constexpr auto Moment = std::chrono::seconds(5);
+  constexpr auto LookEvery = std::chrono::milliseconds(20);
+  for (const auto end = std::chrono::steady_clock::now() + Moment; std::chrono::steady_clock::now() < end; std::this_thread::sleep_for(LookEvery))
+    if (const auto now = controller(); now.is() && !Reference<star::sheet::XSpreadsheetView>(now, UNO_QUERY).is())
+      return now;
+  return {};
+}
+
 void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
 {
   m_office.call([&] {
@@ -287,7 +292,7 @@ void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
                                                          UNO_QUERY_THROW);
     const Reference<star::frame::XDispatchProvider> frame(controller()->getFrame(), UNO_QUERY_THROW);
     helper->executeDispatch(frame, officeText(u".uno:PrintPreview"), {}, 0, {});
-    m_preview = controller();
+    m_preview = previewController();
     // Nobody wants to be asked whether to save the work copy.
     Reference<star::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
   });
@@ -297,7 +302,10 @@ void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
 bool OfficeWorkbook::isInPreview()
 {
   try {
-    return OfficeProcess::hasDisplay() && m_office.call([&] { return controller() == m_preview; });
+    if (!OfficeProcess::hasDisplay())
+      return false;
+    m_office.leaveToOperator();
+    return m_office.call([&] { return controller() == m_preview; });
   } catch (const RunTimeError&) {
     return false;
   }

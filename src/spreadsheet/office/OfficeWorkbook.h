@@ -44,6 +44,7 @@ private:
   Reference<com::sun::star::util::XNumberFormats> numberFormats() const;
   void printOnly(const QString& sheet);
   Reference<com::sun::star::frame::XController> controller();
+  Reference<com::sun::star::frame::XController> previewController();
   // The sheet in front, in a window with this caption; its own title without one.
   void show(const QString& sheet, const QString& caption);
 
