@@ -82,13 +82,16 @@ TEST_F(HostileTemplateTest, APictureFromOutsideIsNotFetched)
 TEST_F(HostileTemplateTest, OnlyWorkbooksAreOpened)
 {
   const QByteArray page = "<html><body><table background='" + address() + "'><tr><td><img src='" + address() + "'>1</td></tr></table></body></html>";
-  const QByteArray flat =
-      "<?xml version='1.0'?><office:document xmlns:office='urn:oasis:names:tc:opendocument:xmlns:office:1.0' "
-      "xmlns:table='urn:oasis:names:tc:opendocument:xmlns:table:1.0' xmlns:draw='urn:oasis:names:tc:opendocument:xmlns:drawing:1.0' "
-      "xmlns:xlink='http://www.w3.org/1999/xlink' office:mimetype='application/vnd.oasis.opendocument.spreadsheet' office:version='1.2'>"
-      "<office:body><office:spreadsheet><table:table table:name='sheet1'><table:shapes><draw:frame><draw:object xlink:type='simple' xlink:href='" +
-      address() + "'/></draw:frame></table:shapes><table:table-row><table:table-cell/></table:table-row></table:table>"
-                  "</office:spreadsheet></office:body></office:document>";
+  const QByteArray flat = R"(<?xml version="1.0"?>
+<office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:table="urn:oasis:names:tc:opendocument:xmlns:table:1.0"
+    xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"
+    xmlns:xlink="http://www.w3.org/1999/xlink" office:mimetype="application/vnd.oasis.opendocument.spreadsheet" office:version="1.2">
+  <office:body><office:spreadsheet><table:table table:name="sheet1">
+    <table:shapes><draw:frame svg:width="3cm" svg:height="3cm"><draw:object xlink:type="simple" xlink:href=")" +
+                          address() + R"(a.odt"/></draw:frame></table:shapes>
+    <table:table-row><table:table-cell/></table:table-row>
+  </table:table></office:spreadsheet></office:body>
+</office:document>)";
   for (const QByteArray& content : {page, flat, QByteArray("1;2;3\n")}) {
     const QString path = folder.filePath("书.xls");
     QFile book(path);
