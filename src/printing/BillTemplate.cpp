@@ -35,7 +35,8 @@ QString stampOf(const QDateTime& now)
 // number, such as a rate, a telephone or a remark, is a text.
 bool isAmount(const QString& cellText, const QList<Placeholder>& placeholders)
 {
-  return std::any_of(placeholders.begin(), placeholders.end(), [&](const Placeholder& one) { return one.isAmount && one.word == cellText; });
+  return std::any_of(placeholders.begin(), placeholders.end(),
+                     [&](const Placeholder& one) { return one.isAmount && one.word == cellText; });
 }
 
 void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)

@@ -79,19 +79,21 @@ struct BillTemplateTest : OfficeFixture, testing::WithParamInterface<const char*
   void print(
       BillTemplate::Finish finish, const std::function<void()>& midway = [] {})
   {
-    BillTemplate::PrintBill_Excel(session,
-                                  {.templateName = name(),
-                                   .billCode = "FKD1",
-                                   .headerTable = "TabPayfundBill",
-                                   .placeholders =
-                                       [&] {
-                                         midway();
-                                         return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"}, {"?金额", "1,002.00", true}, {"?编号", "1001"},
-                                                                                {"?汇率", "6.8523"}, {"?电话", "13800138000"}};
-                                       },
-                                   .lines = &lines,
-                                   .amountColumn = 3,
-                                   .finish = finish});
+    BillTemplate::PrintBill_Excel(session, {.templateName = name(),
+                                            .billCode = "FKD1",
+                                            .headerTable = "TabPayfundBill",
+                                            .placeholders =
+                                                [&] {
+                                                  midway();
+                                                  return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"},
+                                                                                          {"?金额", "1,002.00", true},
+                                                                                          {"?编号", "1001"},
+                                                                                          {"?汇率", "6.8523"},
+                                                                                          {"?电话", "13800138000"}};
+                                                },
+                                            .lines = &lines,
+                                            .amountColumn = 3,
+                                            .finish = finish});
   }
 
   QString workName() const { return "202268090000" + name(); }
@@ -167,16 +169,11 @@ TEST_P(BillTemplateTest, OnlyAmountsAreNumbers)
     const char* shown;
     const char* content;
   } cells[] = {
-      {3, 1, "?汇率", "6.8523", "'6.8523"},
-      {3, 2, "?电话", "13800138000", "'13800138000"},
-      {3, 3, "?金额", "1,002.00", "1002"},
-      {4, 3, "=C3*2", "2004", "=C3*2"},
-      {17, 1, "旧行", "1001", "'1001"},
-      {17, 3, "旧行", "1,234.50", "1234.5"},
-      {17, 4, "旧行", "2022", "'2022"},
-      {18, 3, "旧行", "7", "7"},
-      {18, 4, "旧行", "12.5", "'12.5"},
-      {19, 3, "旧行", "0.125", "0.125"},
+      {3, 1, "?汇率", "6.8523", "'6.8523"}, {3, 2, "?电话", "13800138000", "'13800138000"},
+      {3, 3, "?金额", "1,002.00", "1002"},  {4, 3, "=C3*2", "2004", "=C3*2"},
+      {17, 1, "旧行", "1001", "'1001"},     {17, 3, "旧行", "1,234.50", "1234.5"},
+      {17, 4, "旧行", "2022", "'2022"},     {18, 3, "旧行", "7", "7"},
+      {18, 4, "旧行", "12.5", "'12.5"},     {19, 3, "旧行", "0.125", "0.125"},
       {20, 3, "旧行", "见附件", "见附件"},
   };
   lines.setRows(5);

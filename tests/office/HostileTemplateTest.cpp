@@ -49,14 +49,16 @@ struct HostileTemplateTest : OfficeFixture {
     EXPECT_TRUE(stored.open(QIODevice::ReadOnly));
     file.run("delete from TabExcelTable");
     file.run("insert into TabExcelTable(TabName,TabType,TabInf) values('甲.xls','付款单',x'" + stored.readAll().toHex() + "')");
-    BillTemplate::PrintBill_Excel(session,
-                                  {.templateName = "甲.xls",
-                                   .billCode = "FKD1",
-                                   .headerTable = "TabPayfundBill",
-                                   .placeholders = [] { return QList<BillTemplate::Placeholder>{{"?金额", "1", true}}; },
-                                   .lines = &lines,
-                                   .amountColumn = 3,
-                                   .finish = finish});
+    BillTemplate::PrintBill_Excel(session, {.templateName = "甲.xls",
+                                            .billCode = "FKD1",
+                                            .headerTable = "TabPayfundBill",
+                                            .placeholders =
+                                                [] {
+                                                  return QList<BillTemplate::Placeholder>{{"?金额", "1", true}};
+                                                },
+                                            .lines = &lines,
+                                            .amountColumn = 3,
+                                            .finish = finish});
     return desk.takeTexts();
   }
 
@@ -81,7 +83,8 @@ TEST_F(HostileTemplateTest, APictureFromOutsideIsNotFetched)
 // As a page of the web, or as a workbook of another kind, it could do what no workbook of the known formats can.
 TEST_F(HostileTemplateTest, OnlyWorkbooksAreOpened)
 {
-  const QByteArray page = "<html><body><table background='" + address() + "'><tr><td><img src='" + address() + "'>1</td></tr></table></body></html>";
+  const QByteArray page =
+      "<html><body><table background='" + address() + "'><tr><td><img src='" + address() + "'>1</td></tr></table></body></html>";
   const QByteArray flat = R"(<?xml version="1.0"?>
 <office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:table="urn:oasis:names:tc:opendocument:xmlns:table:1.0"
     xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:svg="urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0"

@@ -12,8 +12,8 @@
 #include <QUrl>
 
 #include <com/sun/star/awt/XWindow2.hpp>
-#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/beans/NamedValue.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/container/XHierarchicalNameAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/XDrawPagesSupplier.hpp>
@@ -74,8 +74,7 @@ OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 OfficeClient::Book OfficeClient::create()
 {
   const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
-  return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, {}),
-               UNO_QUERY});
+  return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, {}), UNO_QUERY});
 }
 
 QList<OfficeClient::Book> OfficeClient::open() const
@@ -117,7 +116,8 @@ void OfficeClient::edit(const QString& path, const QString& part, const QList<st
   const Any format(star::beans::NamedValue(officeText(u"StorageFormat"), Any(officeText(u"ZipFormat"))));
   const auto package = service("com.sun.star.packages.Package", {url, format});
   const Reference<star::io::XActiveDataSink> stream(
-      Reference<star::container::XHierarchicalNameAccess>(package, UNO_QUERY_THROW)->getByHierarchicalName(officeText(part)), UNO_QUERY_THROW);
+      Reference<star::container::XHierarchicalNameAccess>(package, UNO_QUERY_THROW)->getByHierarchicalName(officeText(part)),
+      UNO_QUERY_THROW);
   star::uno::Sequence<sal_Int8> bytes;
   stream->getInputStream()->readBytes(bytes, 1 << 20);
   QByteArray content(reinterpret_cast<const char*>(bytes.getConstArray()), bytes.getLength());
@@ -265,7 +265,8 @@ bool OfficeClient::Book::isVisible() const
 // A preview has no sheet that could be worked on.
 bool OfficeClient::Book::isInPreview() const
 {
-  return !Reference<star::sheet::XSpreadsheetView>(Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(), UNO_QUERY)
+  return !Reference<star::sheet::XSpreadsheetView>(Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(),
+                                                   UNO_QUERY)
               .is();
 }
 

@@ -1,5 +1,5 @@
-#include "OfficeClient.h"
 #include "OfficeDeath.h"
+#include "OfficeClient.h"
 
 #include "spreadsheet/office/Office.h"
 #include "support/Printing.h"

@@ -122,7 +122,8 @@ TEST_P(SampleTemplates, TheScreenStandsOnThePage)
 TEST_P(SampleTemplates, OnlyItsAmountsAreNumbers)
 {
   const QStringList amounts{"?合计金额", "?现金额", "?银行额", "?现金银行合计", "?金额"};
-  const QStringList words = amounts + QStringList{"?截止当日尚欠", "?汇率", "?单位编号", "?联系电话", "?税号", "?开户行账号", "?单据编号", "?备注", "?合计金额大写"};
+  const QStringList words = amounts + QStringList{"?截止当日尚欠", "?汇率",     "?单位编号", "?联系电话",    "?税号",
+                                                  "?开户行账号",   "?单据编号", "?备注",     "?合计金额大写"};
   OfficeClient::Book book = client().create();
   book.rename(book.sheetNames().first(), "sheet1");
   for (int row = 1; row <= words.size(); ++row)
@@ -132,7 +133,8 @@ TEST_P(SampleTemplates, OnlyItsAmountsAreNumbers)
   book.close();
   QFile stored(path);
   ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
-  RawDatabase(accountSetPath()).run("update TabExcelTable set TabInf=x'" + stored.readAll().toHex() + "' where TabName='" + GetParam().templateName + "'");
+  RawDatabase(accountSetPath())
+      .run("update TabExcelTable set TabInf=x'" + stored.readAll().toHex() + "' where TabName='" + GetParam().templateName + "'");
   printBy("FIntoExcel_Inf");
   ASSERT_EQ(client().open().size(), 1);
   const OfficeClient::Book printed = client().open().first();
@@ -140,7 +142,8 @@ TEST_P(SampleTemplates, OnlyItsAmountsAreNumbers)
     const QString content = printed.formula("sheet1", row, 1);
     bool isNumber = false;
     content.toDouble(&isNumber);
-    EXPECT_EQ(isNumber, amounts.contains(words[row - 1]) && !content.isEmpty() && content != words[row - 1]) << shown(words[row - 1] + content);
+    EXPECT_EQ(isNumber, amounts.contains(words[row - 1]) && !content.isEmpty() && content != words[row - 1])
+        << shown(words[row - 1] + content);
   }
 }
 

@@ -66,6 +66,6 @@ private:
   OfficePlace m_place;
   std::unique_ptr<QLockFile> m_placeLock;
   QList<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> m_workbooks; // ours, open in it
-  std::atomic<bool> m_isOperators = false; // though a workbook of ours is still open
+  std::atomic<bool> m_isOperators = false;                                          // though a workbook of ours is still open
   Patience m_patience;
 };

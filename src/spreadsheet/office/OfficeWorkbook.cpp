@@ -277,7 +277,8 @@ Reference<star::frame::XController> OfficeWorkbook::previewController()
 {
   constexpr auto Moment = std::chrono::seconds(5);
   constexpr auto LookEvery = std::chrono::milliseconds(20);
-  for (const auto end = std::chrono::steady_clock::now() + Moment; std::chrono::steady_clock::now() < end; std::this_thread::sleep_for(LookEvery))
+  for (const auto end = std::chrono::steady_clock::now() + Moment; std::chrono::steady_clock::now() < end;
+       std::this_thread::sleep_for(LookEvery))
     if (const auto now = controller(); now.is() && !Reference<star::sheet::XSpreadsheetView>(now, UNO_QUERY).is())
       return now;
   return {};
