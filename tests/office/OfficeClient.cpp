@@ -93,7 +93,10 @@ QList<pid_t> OfficeClient::processes(int place)
   const QByteArray pipe = OfficePlace::numbered(place).pipe.toUtf8();
   for (const QString& process : QDir("/proc").entryList(QDir::Dirs)) {
     QFile command("/proc/" + process + "/cmdline");
-    if (command.open(QIODevice::ReadOnly) && command.readAll().contains(pipe))
+    if (!command.open(QIODevice::ReadOnly))
+      continue;
+    // Its watch has the same words after its own name.
+    if (const QByteArray words = command.readAll(); words.contains(pipe) && words.first(words.indexOf('\0')).endsWith("soffice.bin"))
       all.append(process.toInt());
   }
   return all;

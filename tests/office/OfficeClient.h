@@ -74,7 +74,7 @@ public:
   QList<Book> open() const;
   // Ends the office, or stops it from answering, from outside.
   static void kill(int signal);
-  // The processes of the office and of its watch; none when it has ended.
+  // The office of a place, without its watch; none when it has ended.
   static QList<pid_t> processes(int place = 1);
 
 private:
