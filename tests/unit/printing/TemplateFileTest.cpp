@@ -39,6 +39,7 @@ struct TemplateFileTest : testing::Test, AccountSetFixture {
                                                   .headerTable = "TabPayfundBill",
                                                   .placeholders = [] { return QList<BillTemplate::Placeholder>(); },
                                                   .lines = &lines,
+                                                  .amountColumn = 3,
                                                   .finish = BillTemplate::Finish::HandOver});
     return desk.takeTexts();
   }
