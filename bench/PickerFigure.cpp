@@ -49,7 +49,7 @@ public:
   void pick(const std::function<void(Form&)>& operate)
   {
     m_desk.inDialog = operate;
-    CodePicker::pick(m_session, m_caller, {Statement(ListSql), QStringLiteral("TabClient"), QStringLiteral("选择往来单位")});
+    CodePicker::pick(m_session, {Statement(ListSql), QStringLiteral("TabClient"), QStringLiteral("选择往来单位")});
   }
 
 private:
@@ -65,8 +65,6 @@ private:
               .arg(101 + i % Categories));
     run(QStringLiteral("commit"));
   }
-
-  Form m_caller{m_desk, QStringLiteral("frmPayfund")};
 };
 
 ManyPartners& manyPartners()

@@ -278,7 +278,8 @@ bool BillForm::TxtSaleMan_KeyPress(const Key& key)
 
 void BillForm::ImgSaleMan_Click()
 {
-  CodePicker::pick(session, *this,
-                   {Statement(u"select Code,Name from TabStuff order by code"), "TabStuff", QString::fromUtf16(traits().saleManPickerTitle),
-                    traits().pickersOfferAdd});
+  const CodePickerCall call{Statement(u"select Code,Name from TabStuff order by code"), "TabStuff",
+                            QString::fromUtf16(traits().saleManPickerTitle), traits().pickersOfferAdd};
+  if (const auto picked = CodePicker::pick(session, call))
+    TxtSaleMan->setText(picked->name);
 }

@@ -50,10 +50,16 @@ Currency LineBillForm::totalMoney() const
 void LineBillForm::pickLineAccount()
 {
   const LineTraits& lines = *traits().lines;
-  TreePicker::pick(session, *this,
-                   {.TreeWhere = lines.accountFilter,
-                    .TreeKind = QString::fromUtf16(lines.accountPickerTitle),
-                    .TreeTarget = QString::fromUtf16(lines.accountPickerTarget)});
+  const TreePickerCall call{.TreeWhere = lines.accountFilter,
+                            .TreeKind = QString::fromUtf16(lines.accountPickerTitle),
+                            .TreeTarget = QString::fromUtf16(lines.accountPickerTarget)};
+  if (const auto picked = TreePicker::pick(session, call))
+    takeAccount(*picked);
+}
+
+void LineBillForm::takeAccount(const PickedNode& account)
+{
+  m_lines->Txt2ToMSH({u"select * from TabAccountantType where Code='{}'", account.code});
 }
 
 void LineBillForm::fillLines(const QString& table, const QString& code)

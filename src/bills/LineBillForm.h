@@ -2,20 +2,18 @@
 
 #include "bills/BillForm.h"
 #include "bills/LineGrid.h"
-#include "pickers/AccountReceiver.h"
 
 #include <memory>
 
+struct PickedNode;
+
 // A bill with lines: an account, an amount and a remark each, typed in the grid MSH. What a line's
 // account may be and where its rows are stored stands in the bill's LineTraits.
-class LineBillForm : public BillForm, public AccountReceiver, private LineGridHost {
+class LineBillForm : public BillForm, private LineGridHost {
   Q_OBJECT
 
 public:
   using BillForm::BillForm;
-
-  // The account that `account` selects goes to the current line.
-  void Txt2ToMSH(const Statement& account) override { m_lines->Txt2ToMSH(account); }
 
 protected:
   void buildLines();
@@ -33,6 +31,8 @@ protected:
 
   // The partner's columns, the same in the header's row and in each line's.
   virtual QList<Statement> partnerValues() const { return {}; }
+  // An account was picked for the current line.
+  virtual void takeAccount(const PickedNode& account);
   // Called for each stored line that is shown.
   virtual void fillFromLine(const Recordset& line) { Q_UNUSED(line) }
 

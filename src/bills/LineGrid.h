@@ -21,7 +21,7 @@ public:
   virtual QStringList accountHeadings() const = 0;
   // Name under which a layout of this grid is stored.
   virtual QString layoutKey() const = 0;
-  // Lets the operator pick an account for the current row; the picker answers through Txt2ToMSH.
+  // Lets the user pick an account for the current row, which goes to Txt2ToMSH.
   virtual void pickLineAccount() = 0;
 };
 

@@ -91,7 +91,19 @@ bool PartnerBillForm::TxtName_KeyPress(const Key& key)
 void PartnerBillForm::ImgName_Click()
 {
   const PartnerTraits& partner = *traits().partner;
-  CodePicker::pick(session, *this, {partner.pickerSql, "TabClient", QString::fromUtf16(partner.pickerTitle), traits().pickersOfferAdd});
+  const CodePickerCall call{partner.pickerSql, "TabClient", QString::fromUtf16(partner.pickerTitle), traits().pickersOfferAdd};
+  if (const auto picked = CodePicker::pick(session, call))
+    takePartner(*picked);
+}
+
+// The code first: the change of the name sets off the work on the partner, also when the name was typed in full before
+// or is that of another partner.
+void PartnerBillForm::takePartner(const PickedRecord& picked)
+{
+  TxtCode->setText(picked.code);
+  TxtName->assign(picked.name);
+  const Recordset rs = OpenRecordset(session, {u"select SaleMan from TabClient  where Code = '{}' ", Trim(picked.code)});
+  TxtSaleMan->setText(rs.eof() ? QString() : rs.text("SaleMan"));
 }
 
 void PartnerBillForm::ShowPartnerInfo()

@@ -2,6 +2,8 @@
 
 #include "bills/LineBillForm.h"
 
+struct PickedRecord;
+
 // A bill with a trading partner, found by typing a part of his code or name or in the code picker.
 class PartnerBillForm : public LineBillForm {
   Q_OBJECT
@@ -36,4 +38,5 @@ protected:
 private:
   bool TxtName_KeyPress(const Key& key);
   void ImgName_Click();
+  void takePartner(const PickedRecord& picked);
 };

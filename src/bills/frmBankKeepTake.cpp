@@ -32,10 +32,13 @@ void frmBankKeepTake::buildAccount(AccountBoxes& boxes, const char* caption, con
 
 void frmBankKeepTake::pickAccount(const AccountBoxes& boxes)
 {
-  TreePicker::pick(session, *this,
-                   {.TreeWhere = Statement(u"  where (Code = '1' or    Code  ='1001' or Code= '1002' "
-                                           u" or ParentCode like '1001%' or ParentCode like '1002%')"),
-                    .TreeKind = QString::fromUtf16(boxes.kind)});
+  const TreePickerCall call{.TreeWhere = Statement(u"  where (Code = '1' or    Code  ='1001' or Code= '1002' "
+                                                   u" or ParentCode like '1001%' or ParentCode like '1002%')"),
+                            .TreeKind = QString::fromUtf16(boxes.kind)};
+  if (const auto picked = TreePicker::pick(session, call)) {
+    boxes.code->setText(picked->code);
+    boxes.name->setText(picked->name);
+  }
 }
 
 QList<BillForm::SaveCheck> frmBankKeepTake::saveChecks() const

@@ -155,7 +155,20 @@ bool frmFeeElseIncome::nameKey(Payment& payment, const Key& key)
 
 void frmFeeElseIncome::pickAccount(const Payment& payment)
 {
-  TreePicker::pick(
-      session, *this,
-      {.TreeWhere = {u" where (Code like '{}%' or Code='1') ", payment.accounts}, .TreeTarget = QString::fromUtf16(payment.target)});
+  const TreePickerCall call{.TreeWhere = {u" where (Code like '{}%' or Code='1') ", payment.accounts},
+                            .TreeTarget = QString::fromUtf16(payment.target)};
+  if (const auto picked = TreePicker::pick(session, call))
+    takeAccount(*picked);
+}
+
+// The target decides, not the button: the picker changes it for a list of cash or bank accounts alone.
+void frmFeeElseIncome::takeAccount(const PickedNode& account)
+{
+  for (const Payment* const payment : {&m_cash, &m_bank})
+    if (account.TreeTarget == QStringView(payment->target)) {
+      payment->code->setText(account.code);
+      payment->name->setText(account.name);
+    }
+  if (account.TreeTarget == QStringView(traits().lines->accountPickerTarget))
+    LineBillForm::takeAccount(account);
 }

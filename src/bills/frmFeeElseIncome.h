@@ -20,6 +20,7 @@ protected:
   QList<Statement> headerValues() const override;
   void fillOwnFields(const Recordset& header) override;
   void clearOwnFields() override;
+  void takeAccount(const PickedNode& account) override;
   // The lines of these bills are not printed.
   ModSavePrintData::PrintGrid printedGrid() const override { return {}; }
   Control& firstField() override { return *TxtSaleMan; }

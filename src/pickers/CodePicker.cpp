@@ -5,11 +5,12 @@
 
 namespace CodePicker {
 
-void pick(Session& session, Form& caller, const CodePickerCall& call)
+std::optional<PickedRecord> pick(Session& session, const CodePickerCall& call)
 {
-  frmCode dialog(session, caller, call);
+  frmCode dialog(session, call);
   dialog.FillMSH(call.sql, {});
   session.desk.showModal(dialog);
+  return dialog.choice();
 }
 
 } // namespace CodePicker

@@ -4,27 +4,31 @@
 
 #include <QString>
 
-class Form;
+#include <optional>
+
 struct Session;
 
-// How a form asks for one record of a master table.
+// How a screen asks for one record of a master table.
 struct CodePickerCall {
   // The first list. A refresh or a search drops it and lists `CodeTable` instead.
   Statement sql;
-  // TabClient, TabProvide, TabStuff or TabWare; with it, the caller's name decides where the choice goes.
+  // TabClient, TabProvide, TabStuff or TabWare; it decides the categories and what can be added.
   QString CodeTable;
   // Caption of the dialog and of the label above the list.
   QString title;
   bool offersAdd = false;
-  // "Code" or "Name": which of its two boxes the invoice matching wants filled.
-  QString ReturnField = {};
+};
+
+// What was chosen: a row of the list, or what was typed into its boxes, which nobody checks.
+struct PickedRecord {
+  QString code;
+  QString name;
 };
 
 namespace CodePicker {
 
-// Shows frmCode over the caller and returns when it is closed. The choice has then been written into
-// the caller's controls, which are found by name; a caller that the picker does not know, and one whose
-// operator left the dialog, is as it was. RunTimeError if the list cannot be read.
-void pick(Session& session, Form& caller, const CodePickerCall& call);
+// Shows frmCode over the screen and returns when it is closed; nothing if the user left it without a choice.
+// RunTimeError if the list cannot be read.
+std::optional<PickedRecord> pick(Session& session, const CodePickerCall& call);
 
 } // namespace CodePicker

@@ -5,11 +5,12 @@
 
 namespace TreePicker {
 
-void pick(Session& session, Form& caller, const TreePickerCall& call)
+std::optional<PickedNode> pick(Session& session, const TreePickerCall& call)
 {
-  frmWarehouseSelect dialog(session, caller, call);
+  frmWarehouseSelect dialog(session, call);
   dialog.cmdLoad_Click();
   session.desk.showModal(dialog);
+  return dialog.choice();
 }
 
 } // namespace TreePicker

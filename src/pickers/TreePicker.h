@@ -4,10 +4,11 @@
 
 #include <QString>
 
-class Form;
+#include <optional>
+
 struct Session;
 
-// How a form asks for one node of a coded tree.
+// How a screen asks for one node of a coded tree.
 struct TreePickerCall {
   // TabAccountantType; any other table counts as one of warehouses.
   QString TreeTable = QStringLiteral("TabAccountantType");
@@ -19,11 +20,17 @@ struct TreePickerCall {
   QString TreeTarget = {};
 };
 
+struct PickedNode {
+  QString code;
+  QString name;
+  // That of the call, or "现金" or "银行存款" if only a branch of cash or bank accounts was listed.
+  QString TreeTarget;
+};
+
 namespace TreePicker {
 
-// Shows frmWarehouseSelect over the caller and returns when it is closed. The choice has then been
-// written into the caller's controls, which are found by name, or handed to its line grid (see
-// AccountReceiver.h). RunTimeError if the tree cannot be read.
-void pick(Session& session, Form& caller, const TreePickerCall& call);
+// Shows frmWarehouseSelect over the screen and returns when it is closed; nothing if the user left it without a
+// choice. RunTimeError if the tree cannot be read.
+std::optional<PickedNode> pick(Session& session, const TreePickerCall& call);
 
 } // namespace TreePicker

@@ -1,8 +1,6 @@
 #include "pickers/frmCode.h"
 
 #include "database/Recordset.h"
-#include "pickers/CodePicker.h"
-#include "pickers/CodeWriteBack.h"
 #include "platform/Trim.h"
 #include "screen/WheelPaging.h"
 #include "session/Mod_ZORVEKMain.h"
@@ -54,8 +52,8 @@ constexpr Column PlainColumns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名�
 
 } // namespace
 
-frmCode::frmCode(Session& ofSession, Form& ofCaller, const CodePickerCall& call)
-    : Form(ofSession.desk, "frmCode"), session(ofSession), caller(ofCaller), CodeTable(call.CodeTable), ReturnField(call.ReturnField)
+frmCode::frmCode(Session& ofSession, const CodePickerCall& call)
+    : Form(ofSession.desk, "frmCode"), session(ofSession), CodeTable(call.CodeTable)
 {
   setCaption(call.title);
   LabName.setCaption(call.title);
@@ -253,7 +251,7 @@ void frmCode::CmdOK_Click()
     desk().inform(QStringLiteral("请选择名称！"));
     return;
   }
-  CodeWriteBack::write(session, caller, {CodeTable, ReturnField, TxtCode.text(), TxtName.text()});
+  m_choice = {TxtCode.text(), TxtName.text()};
   close();
 }
 

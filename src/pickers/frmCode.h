@@ -1,26 +1,28 @@
 #pragma once
 
-#include "database/Statement.h"
+#include "pickers/CodePicker.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
 #include "screen/Grid.h"
 #include "screen/Tree.h"
 
-struct CodePickerCall;
 class Recordset;
 struct Session;
 
 // The dialog that picks one record of a master table: a tree of categories at the left narrows the
-// list at the right, three boxes search it. The boxes also hold the choice, and OK writes back what
-// stands in them, picked or typed. The list has the focus when the dialog comes up: arrows move in
+// list at the right, three boxes search it. The boxes also hold the choice, and OK takes what
+// they hold, picked or typed. The list has the focus when the dialog comes up: arrows move in
 // it, Enter takes the row, a character goes on into the search by name, Esc leaves.
 class frmCode : public Form {
   Q_OBJECT
 
 public:
-  frmCode(Session& ofSession, Form& ofCaller, const CodePickerCall& call);
+  frmCode(Session& ofSession, const CodePickerCall& call);
 
-  // Lists what the two parts of one statement find, and loads the categories anew. RunTimeError if
+  // What OK has taken; nothing before that.
+  const std::optional<PickedRecord>& choice() const { return m_choice; }
+
+  // Lists what the two parts of one statement find, and loads the categories again. RunTimeError if
   // the statement fails; the list is empty then.
   void FillMSH(const Statement& left, const Statement& right);
 
@@ -44,9 +46,8 @@ private:
   void CmdAdd_Click();
 
   Session& session;
-  Form& caller;
   const QString CodeTable;
-  const QString ReturnField;
+  std::optional<PickedRecord> m_choice;
   Statement BaseSql; // what the last list was built from
   QString TreeCode;  // code of the category clicked last
 

@@ -1,7 +1,5 @@
 #include "pickers/frmWarehouseSelect.h"
 
-#include "pickers/TreePicker.h"
-#include "pickers/TreeWriteBack.h"
 #include "platform/Trim.h"
 #include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
@@ -13,9 +11,9 @@ constexpr char16_t ChartOfAccounts[] = u"TabAccountantType";
 
 } // namespace
 
-frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, Form& ofCaller, const TreePickerCall& call)
-    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), caller(ofCaller), TreeTable(call.TreeTable),
-      TreeWhere(call.TreeWhere), TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
+frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, const TreePickerCall& call)
+    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), TreeTable(call.TreeTable), TreeWhere(call.TreeWhere),
+      TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
 {
   setCaption(QStringLiteral("选择会计科目"));
   File.setCaption(QStringLiteral("文件(&S)"));
@@ -90,8 +88,8 @@ void frmWarehouseSelect::loadNodes()
   }
 }
 
-// The root of a list that holds a branch only. Its label is also where the choice goes, so that a
-// list of cash or bank accounts goes to the boxes of its kind.
+// Synthetic root for a partial tree. Its label doubles as the target, so that a choice from cash or bank accounts
+// goes to the boxes of its kind.
 void frmWarehouseSelect::addRoot(const QString& code)
 {
   if (code == u"1001")
@@ -113,8 +111,7 @@ void frmWarehouseSelect::Select()
     return;
   }
   const Recordset rs = OpenRecordset(session, {u"select Name from {} where Code='{}'", SqlName(TreeTable), code});
-  const QString name = rs.eof() ? QString() : rs.text("Name");
-  TreeWriteBack::write(caller, {TreeTable, TreeKind, TreeTarget, code, name});
+  m_choice = {code, rs.eof() ? QString() : rs.text("Name"), TreeTarget};
   close();
 }
 

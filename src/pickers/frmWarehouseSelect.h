@@ -1,14 +1,13 @@
 #pragma once
 
-#include "database/Statement.h"
+#include "pickers/TreePicker.h"
 #include "screen/Controls.h"
 #include "screen/Form.h"
 #include "screen/Tree.h"
 
 struct Session;
-struct TreePickerCall;
 
-// The dialog that picks one node of a coded tree: an account of the chart, and by design also a
+// The account picker: the dialog that picks one node of a coded tree, an account of the chart and by design also a
 // warehouse. Any node below the top level can be taken, a group as well as a leaf; the bill refuses
 // groups when it is saved. Arrows move in the tree, Enter takes the node, Esc leaves.
 //
@@ -18,9 +17,12 @@ class frmWarehouseSelect : public Form {
   Q_OBJECT
 
 public:
-  frmWarehouseSelect(Session& ofSession, Form& ofCaller, const TreePickerCall& call);
+  frmWarehouseSelect(Session& ofSession, const TreePickerCall& call);
 
-  // Builds the tree anew from the table and the WHERE text. RunTimeError if it cannot be read.
+  // What was selected; nothing before that.
+  const std::optional<PickedNode>& choice() const { return m_choice; }
+
+  // Builds the tree from the table and the WHERE text. RunTimeError if it cannot be read.
   void cmdLoad_Click();
 
 private:
@@ -32,11 +34,11 @@ private:
   void ToolAdd_Click();
 
   Session& session;
-  Form& caller;
   const QString TreeTable;
   const Statement TreeWhere;
   const QString TreeKind;
-  QString TreeTarget; // where the choice goes, and the label of a root that the list does not hold
+  QString TreeTarget; // where the choice goes; also the label of a root that the list does not hold
+  std::optional<PickedNode> m_choice;
 
   Menu File{this, "File"};
   MenuItem FEixt{&File, "FEixt"};

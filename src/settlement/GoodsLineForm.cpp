@@ -1,6 +1,7 @@
 #include "settlement/GoodsLineForm.h"
 
 #include "ledger/BillCatalogue.h"
+#include "pickers/CodePicker.h"
 #include "platform/Trim.h"
 #include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
@@ -131,6 +132,14 @@ QStringList GoodsLineForm::printHead() const
       invoices += box->caption() + "  ";
   return {invoices, "票据类型：" + CombBillType->text(), "单据日期从：" + TxtDateeFrom->text() + "至" + TxtDateeTo->text(),
           "显示数据类型：" + CombShowType->text()};
+}
+
+void GoodsLineForm::takePartner(const PickedRecord& picked, PartnerBox box)
+{
+  if (box == PartnerBox::Code)
+    TxtUnitCode->setText(picked.code);
+  else
+    TxtUnitName->setText(picked.name);
 }
 
 void GoodsLineForm::ToolOldBill_Click()

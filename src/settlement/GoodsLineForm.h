@@ -41,6 +41,7 @@ protected:
   QStringList printHead() const override;
   QString headerTable() const;
   QString lineTable() const;
+  void takePartner(const PickedRecord& picked, PartnerBox box) override;
   void ToolOldBill_Click();
   // Turns the last, blank row into the totals row; its amounts are the caller's.
   void headTotals();

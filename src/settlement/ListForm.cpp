@@ -27,9 +27,9 @@ void ListForm::buildConditions()
   TxtDateeTo = addDate("TxtDateeTo");
   TxtBillCode = addEntry("TxtBillCode");
   TxtUnitCode = addEntry("TxtUnitCode");
-  ImgUnitCode = addPartnerButton("ImgUnitCode", "Code");
+  ImgUnitCode = addPartnerButton("ImgUnitCode", PartnerBox::Code);
   TxtUnitName = addEntry("TxtUnitName");
-  ImgUnitName = addPartnerButton("ImgUnitName", "Name");
+  ImgUnitName = addPartnerButton("ImgUnitName", PartnerBox::Name);
   add<Button>(FrameCondition, "CmdQuery", m_traits.queryCaption)->onClick = [this] { CmdQuery_Click(); };
   add<Label>(FrameCondition, "Label16", m_traits.hint);
 }
@@ -89,13 +89,15 @@ TextBox* ListForm::addDate(const char* name)
   return box;
 }
 
-ImageButton* ListForm::addPartnerButton(const char* name, const QString& returnField)
+ImageButton* ListForm::addPartnerButton(const char* name, PartnerBox box)
 {
   ImageButton* const button = add<ImageButton>(FrameCondition, name, {}, "点击选择");
-  button->onClick = [this, returnField] {
-    if (offersPartners())
-      CodePicker::pick(session, *this,
-                       {Statement(u"select Code,Name from TabClient order by code"), "TabClient", "选择往来单位", true, returnField});
+  button->onClick = [this, box] {
+    if (!offersPartners())
+      return;
+    const Statement partners(u"select Code,Name from TabClient order by code");
+    if (const auto picked = CodePicker::pick(session, {partners, "TabClient", "选择往来单位", true}))
+      takePartner(*picked, box);
   };
   return button;
 }

@@ -7,6 +7,8 @@
 
 #include <span>
 
+struct PickedRecord;
+
 // One column of a list as it is laid out without a stored layout; the width is in twips.
 struct ListColumn {
   const char* caption;
@@ -65,6 +67,9 @@ protected:
   virtual QStringList printHead() const { return {}; }
   // False if the buttons beside the partner's boxes open nothing.
   virtual bool offersPartners() const { return true; }
+  // A partner was picked by the button beside one of his boxes.
+  enum class PartnerBox { Code, Name };
+  virtual void takePartner(const PickedRecord& picked, PartnerBox box) = 0;
 
   void onUnload() override;
 
@@ -101,7 +106,7 @@ protected:
 private:
   TextBox* addEntry(const char* name);
   TextBox* addDate(const char* name);
-  ImageButton* addPartnerButton(const char* name, const QString& returnField);
+  ImageButton* addPartnerButton(const char* name, PartnerBox box);
   void buildMenus();
   void addPrintItem(Menu* menu, const char* name, const QString& operation);
   bool moveOn(const Key& key);

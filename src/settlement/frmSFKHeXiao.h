@@ -28,6 +28,8 @@ public:
 
 protected:
   void Form_Load() override;
+  // The choice is dropped: the boxes stay as they were.
+  void takePartner(const PickedRecord&, PartnerBox) override {}
   Statement BuildQuerySql() override;
   void FillMSH(const Statement& list) override;
   std::span<const ListColumn> columns() const override;

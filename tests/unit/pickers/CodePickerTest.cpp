@@ -1,6 +1,5 @@
 #include "pickers/CodePicker.h"
 
-#include "StandInCaller.h"
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "screen/Tree.h"
@@ -13,7 +12,6 @@ namespace {
 
 // What the bills of this system do not reach: wares, a list without a table, a wheel of fine steps.
 struct CodePickerTest : testing::Test, SessionFixture {
-  StandInCaller caller{desk, "frmGouDui"};
   CodePickerCall wares{Statement(u"select Code,Name,Spec,Unite,ZJF from TabWare where Spec='L' order by code"), "TabWare", "选择商品"};
   CodePickerCall anyList{Statement(u"select Code,Name from TabWare "), "", "选择名"};
 
@@ -33,7 +31,7 @@ struct CodePickerTest : testing::Test, SessionFixture {
       ran = true;
       operate(dialog);
     };
-    CodePicker::pick(session, caller, call);
+    CodePicker::pick(session, call);
     EXPECT_TRUE(ran);
   }
 

@@ -1,4 +1,3 @@
-#include "StandInCaller.h"
 #include "desktop/DesktopDesk.h"
 #include "desktop/FormWindow.h"
 #include "desktop/Windows.h"
@@ -22,7 +21,6 @@ struct PickerWindowTest : testing::Test, SessionFixture, DeskObserver {
   std::function<void(QWidget&)> atDialog;
   DesktopDesk windows{this};
   Session shown{windows, machine, session.params};
-  StandInCaller caller{windows, u"frmPayfund"_s};
 
   PickerWindowTest()
   {
@@ -37,8 +35,8 @@ struct PickerWindowTest : testing::Test, SessionFixture, DeskObserver {
 
 TEST_F(PickerWindowTest, EveryControlHasItsFace)
 {
-  frmCode codes(shown, caller, {});
-  frmWarehouseSelect accounts(shown, caller, {});
+  frmCode codes(shown, {});
+  frmWarehouseSelect accounts(shown, {});
   for (Form* form : {static_cast<Form*>(&codes), static_cast<Form*>(&accounts)}) {
     const FormWindow window(*form, Windows::make(form->name(), nullptr));
     EXPECT_EQ((window.unmatched().controls + window.unmatched().widgets).join(u' '), u""_s) << form->name().toStdString();
@@ -53,12 +51,12 @@ TEST_F(PickerWindowTest, ADialogComesUpAgainAsLargeAsItWasLeft)
     window.resize(wanted);
     window.close();
   };
-  TreePicker::pick(shown, caller, {});
+  TreePicker::pick(shown, {});
   atDialog = [&](QWidget& window) {
     EXPECT_EQ(window.size(), wanted);
     window.close();
   };
-  TreePicker::pick(shown, caller, {});
+  TreePicker::pick(shown, {});
 }
 
 TEST_F(PickerWindowTest, TheMouseOpensABranchWithoutTakingItsNode)
@@ -77,8 +75,9 @@ TEST_F(PickerWindowTest, TheMouseOpensABranchWithoutTakingItsNode)
     QTest::keyClick(&view, Qt::Key_Right);
     QTest::keyClick(&view, Qt::Key_Return);
   };
-  TreePicker::pick(shown, caller, {});
-  EXPECT_EQ(caller.written, u"select * from TabAccountantType where Code='100201'"_s);
+  const auto picked = TreePicker::pick(shown, {});
+  ASSERT_TRUE(picked);
+  EXPECT_EQ(picked->code + picked->name, u"100201工行"_s);
 }
 
 } // namespace

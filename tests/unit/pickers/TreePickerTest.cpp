@@ -1,6 +1,5 @@
 #include "pickers/TreePicker.h"
 
-#include "StandInCaller.h"
 #include "screen/Controls.h"
 #include "screen/Tree.h"
 #include "support/Printing.h"
@@ -11,8 +10,6 @@
 namespace {
 
 struct TreePickerTest : testing::Test, SessionFixture {
-  StandInCaller caller{desk, "frmFeeElseIncome"};
-
   TreePickerTest()
   {
     file.run("create table TabAccountantType(Code text, Name text, ParentCode text, FC int)");
@@ -29,7 +26,7 @@ struct TreePickerTest : testing::Test, SessionFixture {
       ran = true;
       operate(dialog);
     };
-    TreePicker::pick(session, caller, call);
+    TreePicker::pick(session, call);
     EXPECT_TRUE(ran);
   }
 
