@@ -106,7 +106,12 @@ public:
     return {loader->loadComponentFromURL(officeText(url), officeText(u"_blank"), 0, properties({{"Hidden", true}})), UNO_QUERY_THROW};
   }
 
-  void closeAll() { m_connection.closeAll(); }
+  // Unsaved.
+  void closeAll()
+  {
+    for (const auto& document : m_connection.documents())
+      Reference<star::util::XCloseable>(document, UNO_QUERY_THROW)->close(true);
+  }
 
 private:
   OfficeConnection m_connection{OfficeProcess::programFolder()};

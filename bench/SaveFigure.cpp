@@ -1,7 +1,9 @@
 #include "PaymentScreen.h"
 
+#include "database/SqlTokens.h"
 #include "database/SqliteArithmetic.h"
 #include "database/SqliteCollations.h"
+#include "database/Statement.h"
 
 #include <benchmark/benchmark.h>
 
@@ -105,7 +107,34 @@ void saveBare(benchmark::State& state)
   }
 }
 
+// Every value of the statements of a save, in its place again.
+std::vector<Statement> valuesOfASave()
+{
+  std::vector<Statement> values;
+  for (const std::string& text : statementsOfASave()) {
+    const QString sql = QString::fromStdString(text);
+    for (const SqlToken& token : SqlTokens::read(sql))
+      if (token.kind == SqlToken::Text)
+        values.push_back(sqlText(token.text.sliced(1, token.text.size() - 2).toString()));
+      else if (token.kind == SqlToken::Number)
+        values.push_back(sqlNumber(SqlNumber(token.text.toString())));
+  }
+  return values;
+}
+
+// What it costs to ask whether a value has changed the shape of its statement, for a whole save.
+void checkShapes(benchmark::State& state)
+{
+  const std::vector<Statement> values = valuesOfASave();
+  for (auto iteration : state) {
+    Q_UNUSED(iteration)
+    for (const Statement& value : values)
+      benchmark::DoNotOptimize(value.violation());
+  }
+}
+
 } // namespace
 
+BENCHMARK(checkShapes)->Name("SaveShape/program")->Unit(benchmark::kMillisecond);
 BENCHMARK(saveThroughTheScreen)->Name("Save/program")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveBare)->Name("Save/floor")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -19,6 +19,7 @@ END {
   row("Start, painted and ready", "ms", time["Start/program"], time["Start/floor"], "1.4")
   row("Start, peak memory", "MB", memory["Start/program"], memory["Start/floor"], "1.4")
   row("Save of 20 lines, voucher", "ms", time["Save/program"], time["Save/floor"], "1.3")
+  row("Its values checked", "ms", time["SaveShape/program"], time["Save/program"], "0.05")
   row("One keystroke of 200 lines", "ms", time["Typing/program"], 0, "2")
   row("Balance over 10,000 rows", "ms", time["Balance10k/program"], time["Balance10k/floor"], "1.2")
   row("Balance over 100,000 rows", "ms", time["Balance100k/program"], time["Balance100k/floor"], "1.2")
