@@ -7,11 +7,14 @@ void Statement::build(QStringView format, const Argument* arguments)
 {
   m_sql.reserve(format.size() + 32);
   QChar quote;
-  qsizetype opened = 0;
+  qsizetype opened = 0; // where the token in quotes begins in the statement
+  qsizetype done = 0;   // how much of the format has been appended
   bool holdsValue = false;
   for (qsizetype i = 0; i < format.size(); ++i) {
     const QChar c = format[i];
     if (c == u'{' && i + 1 < format.size() && format[i + 1] == u'}') {
+      m_sql += format.sliced(done, i - done);
+      done = i + 2;
       ++i;
       const Argument& argument = *arguments++;
       if (argument.fragment) {
@@ -22,19 +25,17 @@ void Statement::build(QStringView format, const Argument* arguments)
         m_places.push_back({m_sql.size(), argument.text.size(), argument.kind});
       holdsValue = true;
       m_sql += argument.text;
-      continue;
-    }
-    if (quote.isNull() && (c == u'\'' || c == u'#')) {
+    } else if (quote.isNull() && (c == u'\'' || c == u'#')) {
       quote = c;
-      opened = m_sql.size();
+      opened = m_sql.size() + i - done;
       holdsValue = false;
     } else if (c == quote) {
       if (holdsValue)
-        m_places.push_back({opened, m_sql.size() + 1 - opened, c == u'#' ? Kind::Date : Kind::Text});
+        m_places.push_back({opened, m_sql.size() + i - done + 1 - opened, c == u'#' ? Kind::Date : Kind::Text});
       quote = QChar();
     }
-    m_sql += c;
   }
+  m_sql += format.sliced(done);
 }
 
 Statement Statement::joined(const QList<Statement>& parts, SqlLiteral separator)
