@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 #include <QUrl>
+#include <unistd.h>
 
 #include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/beans/NamedValue.hpp>
@@ -65,9 +66,12 @@ int sizeOf(const Any& rowOrColumn, QStringView name)
 
 OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 {
-  for (int tries = 0; tries < 10; ++tries)
+  // An office that has just lost its program drops the next lines for a moment, longer on a busy machine.
+  for (int tries = 0; tries < 60; ++tries) {
     if (m_connection.connect(OfficePlace::numbered(1).pipe))
       return;
+    usleep(500000);
+  }
   qFatal("no office listens");
 }
 
