@@ -22,7 +22,7 @@ std::chrono::nanoseconds computed()
   return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-// Reads a definition as it stands in the file, for what it may be made of.
+// Reads a stored definition for what it may be made of.
 class Definition {
 public:
   explicit Definition(QStringView sql)

@@ -164,7 +164,7 @@ void kill(const QString& scripts, bool isLong, Tally& tally)
     for (int write = step; write <= killing.writes(); write += step, ++deaths)
       tally.add(QStringLiteral("%1 killed within write %2").arg(QLatin1String(name)).arg(write), killing.killWithin(write));
   }
-  // The rest are harmless or cannot be told from sound: the first bill of its kind that waits for its voucher.
+  // The rest are harmless or look like sound ones: the first bill of its kind that waits for its voucher.
   tally.add(QStringLiteral("the check of half states"),
             half.named * 10 >= half.all * 9 ? QString() : QStringLiteral("names %1 of %2").arg(half.named).arg(half.all));
   std::printf("kill: %d deaths; of %d states half done the check names %d, of %d states at rest %d\n", deaths, half.all, half.named,

@@ -247,7 +247,7 @@ TEST_P(BillTemplateTest, OnlyTheTemplatesOwnAreaIsPrinted)
   EXPECT_EQ(printedRed(), 0);
 }
 
-// The one message of a print, and not one of the database ahead of it.
+// The one message of a print, and no "Error:" box before it.
 TEST_P(BillTemplateTest, ATemplateThatCannotBeReadEndsInTheMessage)
 {
   file.run("drop table TabExcelTable");

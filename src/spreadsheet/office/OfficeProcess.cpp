@@ -44,7 +44,7 @@ QByteArray watchProgram()
   return QFileInfo(QFile::decodeName(here.dli_fname)).absolutePath().toLocal8Bit() + "/officewatch";
 }
 
-// Its output tells operators nothing; its standard input is the pipe of its watch.
+// Its output is of no use to users; its standard input is the pipe of its watch.
 int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environment, int watched, pid_t& id)
 {
   posix_spawn_file_actions_t files;

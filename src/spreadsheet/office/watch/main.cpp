@@ -13,7 +13,7 @@ extern "C" {
 
 // officewatch COMMAND [ARGUMENT ...]
 //
-// Becomes the office, and leaves behind a process that watches its owner. The owner holds the other end of the pipe
+// Becomes the office, and leaves a process that watches its owner. The owner holds the other end of the pipe
 // that is the standard input. If the pipe breaks, the owner has died and the office goes with it; a byte says that
 // the office is the operator's from now on. Until then it works on files that others wrote, and its memory is
 // limited, so that none of them can use up the machine's.
