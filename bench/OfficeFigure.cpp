@@ -5,7 +5,7 @@
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "spreadsheet/office/OfficeConnection.h"
-#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeInstance.h"
 #include "spreadsheet/office/OfficeProcess.h"
 #include "spreadsheet/office/Properties.h"
 #include "spreadsheet/office/Text.h"
@@ -44,13 +44,13 @@ constexpr int RowsInBlock = 512;
 constexpr int LinesOfBill = 5;
 constexpr int FirstLineRow = 17;
 
-void takePlace()
+void takeInstance()
 {
   static const QTemporaryDir Cache;
   qputenv("XDG_CACHE_HOME", QFile::encodeName(Cache.path()));
   qunsetenv("DISPLAY");
   qunsetenv("WAYLAND_DISPLAY");
-  const QString folder = OfficePlace::numbered(1).profileFolder + "/profile/user/psprint";
+  const QString folder = OfficeInstance::numbered(1).profileFolder + "/profile/user/psprint";
   QFile printers(folder + "/psprint.conf");
   if (!QDir().mkpath(folder) || !printers.open(QIODevice::WriteOnly))
     qFatal("no printer can be installed");
@@ -96,7 +96,7 @@ public:
 
   BareOffice()
   {
-    if (!m_connection.connect(OfficePlace::numbered(1).pipe))
+    if (!m_connection.connect(OfficeInstance::numbered(1).pipe))
       qFatal("no office listens");
   }
 
@@ -141,7 +141,7 @@ Sequence<Sequence<Any>> block(int firstRow, int rows, int columns)
 
 void exportGrid(benchmark::State& state)
 {
-  takePlace();
+  takeInstance();
   PaymentScreen screen;
   Form form{screen.desk(), QStringLiteral("frmSFKHeXiao")};
   Grid grid{&form, QStringLiteral("MSH")};
@@ -162,7 +162,7 @@ void exportGrid(benchmark::State& state)
 
 void exportBare(benchmark::State& state)
 {
-  takePlace();
+  takeInstance();
   PaymentScreen screen;
   screen.session().spreadsheet.create();
   BareOffice office;
@@ -186,7 +186,7 @@ void exportBare(benchmark::State& state)
 
 void printTemplate(benchmark::State& state)
 {
-  takePlace();
+  takeInstance();
   PrintedPayment payment;
   payment.print();
   for ([[maybe_unused]] auto _ : state)
@@ -197,7 +197,7 @@ void printTemplate(benchmark::State& state)
 void printBare(benchmark::State& state)
 {
   constexpr int Searched = 40;
-  takePlace();
+  takeInstance();
   PrintedPayment payment;
   BareOffice office;
   const QString url = QString::fromLatin1(QUrl::fromLocalFile(payment.templateFile()).toEncoded());
@@ -223,7 +223,7 @@ void printBare(benchmark::State& state)
 // From a program that has printed nothing yet.
 void printFirstTemplate(benchmark::State& state)
 {
-  takePlace();
+  takeInstance();
   {
     PrintedPayment().print();
   } // the profile is made
@@ -242,7 +242,7 @@ void printFirstTemplate(benchmark::State& state)
 
 void convertFirst(benchmark::State& state)
 {
-  takePlace();
+  takeInstance();
   QTemporaryDir profile;
   PrintedPayment payment;
   const QStringList arguments{"-env:UserInstallation=file://" + profile.path(),

@@ -28,17 +28,18 @@ template <typename Opening> std::unique_ptr<Engine> take(Opening opening, QStrin
 
 } // namespace
 
-QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> places)
+QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values)
 {
   QString whole = QString::fromUtf8(text);
-  for (const auto& [place, value] : places)
-    whole.replace(QLatin1String(place), value);
+  for (const auto& [name, value] : values)
+    whole.replace(QLatin1String(name), value);
   return whole;
 }
 
-QList<Finding> run(const Place& place, QString& reason)
+QList<Finding> run(const AccountSetLocation& location, QString& reason)
 {
-  const auto engine = place.isServer() ? take(ServerEngine::open(place.server), reason) : take(EmbeddedEngine::open(place.file), reason);
+  const auto engine =
+      location.isServer() ? take(ServerEngine::open(location.server), reason) : take(EmbeddedEngine::open(location.file), reason);
   if (!engine)
     return {};
   const QString closed = lastClosedDay(*engine, reason);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accountset/Place.h"
+#include "accountset/AccountSetLocation.h"
 
 #include <QStringList>
 
@@ -15,6 +15,6 @@ struct Finding {
 
 // The rules that do not hold, in their order. `reason` tells why the account set could not be looked
 // through to the end.
-QList<Finding> run(const Place& place, QString& reason);
+QList<Finding> run(const AccountSetLocation& location, QString& reason);
 
 } // namespace Check

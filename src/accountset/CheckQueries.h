@@ -32,8 +32,8 @@ QList<Query> settlementQueries();
 // could not be read.
 QString lastClosedDay(Engine& engine, QString& reason);
 
-// `text` with each place such as "@header" replaced by what belongs there.
-QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> places);
+// `text` with each name such as "@header" replaced by its value.
+QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values);
 
 // "a header of one of these tables has this code".
 template <std::size_t N> QString isBillOf(const char* const (&tables)[N], const QString& code)

@@ -34,9 +34,9 @@ QString makeLogin(Store& server, const Login& login)
 }
 
 // Rows alone: no tables of one's own, not even passing ones.
-QStringList rightsOf(const Place& place, const Login& login)
+QStringList rightsOf(const AccountSetLocation& location, const Login& login)
 {
-  return {"revoke create on schema public from public", "revoke temporary on database " + name(place.server.database) + " from public",
+  return {"revoke create on schema public from public", "revoke temporary on database " + name(location.server.database) + " from public",
           "grant usage on schema public to " + name(login.name),
           "grant select, insert, update, delete on all tables in schema public to " + name(login.name)};
 }
@@ -44,22 +44,22 @@ QStringList rightsOf(const Place& place, const Login& login)
 QString fillWithSample(Store& server)
 {
   const QTemporaryDir folder;
-  const Place sample{folder.filePath(QStringLiteral("sample.mdb")), {}};
+  const AccountSetLocation sample{folder.filePath(QStringLiteral("sample.mdb")), {}};
   if (const QString reason = AccountSet::create(sample.file, AccountSet::Content::Demo); !reason.isEmpty())
     return reason;
   const Store::Opening opening = Store::open(sample);
   return opening.store ? Copy::rows(*opening.store, server) : opening.reason;
 }
 
-QString fillDatabase(const Place& place, const Login& login, AccountSet::Content content)
+QString fillDatabase(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
 {
-  const Store::Opening database = Store::open(place);
+  const Store::Opening database = Store::open(location);
   if (!database.store)
     return database.reason;
   QStringList statements = {QStringLiteral("begin")};
   statements += PostgreSqlTypes::definitions();
   statements += SchemaSql::statements(Schema::allTables(), SchemaSql::Server);
-  statements += rightsOf(place, login);
+  statements += rightsOf(location, login);
   statements += QStringLiteral("commit");
   if (const QString reason = database.store->runAll(statements); !reason.isEmpty())
     return reason;
@@ -68,27 +68,27 @@ QString fillDatabase(const Place& place, const Login& login, AccountSet::Content
 
 } // namespace
 
-Place withDatabase(const Place& place, const QString& database)
+AccountSetLocation withDatabase(const AccountSetLocation& location, const QString& database)
 {
-  Place other = place;
+  AccountSetLocation other = location;
   other.server.database = database;
   return other;
 }
 
-QString create(const Place& place, const Login& login, AccountSet::Content content)
+QString create(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
 {
-  const Store::Opening server = Store::open(withDatabase(place, QLatin1String(Maintenance)));
+  const Store::Opening server = Store::open(withDatabase(location, QLatin1String(Maintenance)));
   if (!server.store)
     return QStringLiteral("不能连接服务器：%1").arg(server.reason);
   QString reason = makeLogin(*server.store, login);
   if (reason.isEmpty())
-    reason = server.store->runAll({"create database " + name(place.server.database) + u' ' + PostgreSqlTypes::DatabaseOptions});
+    reason = server.store->runAll({"create database " + name(location.server.database) + u' ' + PostgreSqlTypes::DatabaseOptions});
   if (!reason.isEmpty())
     return QStringLiteral("不能建立账套数据库：%1").arg(reason);
-  reason = fillDatabase(place, login, content);
+  reason = fillDatabase(location, login, content);
   if (reason.isEmpty())
     return {};
-  server.store->run("drop database " + name(place.server.database));
+  server.store->run("drop database " + name(location.server.database));
   return QStringLiteral("不能建立账套的数据表：%1").arg(reason);
 }
 

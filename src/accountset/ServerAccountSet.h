@@ -1,7 +1,7 @@
 #pragma once
 
 #include "accountset/AccountSet.h"
-#include "accountset/Place.h"
+#include "accountset/AccountSetLocation.h"
 
 // Makes account sets on a PostgreSQL server.
 namespace ServerAccountSet {
@@ -12,13 +12,13 @@ struct Login {
   QString password;
 };
 
-// Makes the database that `place` names, as the administrator that it names, with all tables, keys and
+// Makes the database that `location` names, as the administrator that it names, with all tables, keys and
 // indexes, and lets `login` select, insert, update and delete there, and nothing else. A login that is not
 // there yet is made; one that is keeps its password. Empty if the database stands now, otherwise why not;
 // one that was there before is left as it was.
-QString create(const Place& place, const Login& login, AccountSet::Content content);
+QString create(const AccountSetLocation& location, const Login& login, AccountSet::Content content);
 
-// The same place, asked for by someone else or of another database.
-Place withDatabase(const Place& place, const QString& database);
+// The same server, but another database.
+AccountSetLocation withDatabase(const AccountSetLocation& location, const QString& database);
 
 } // namespace ServerAccountSet

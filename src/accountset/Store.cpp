@@ -149,9 +149,9 @@ FileOpening copyOfFile(const QString& path)
   return copy;
 }
 
-Store::Opening openServer(const ServerPlace& place)
+Store::Opening openServer(const ServerAddress& server)
 {
-  Odbc::Opening opening = Odbc::open(place);
+  Odbc::Opening opening = Odbc::open(server);
   if (!opening.connection)
     return {nullptr, opening.error.description};
   if (opening.connection->kind() != Odbc::Kind::PostgreSql)
@@ -169,16 +169,16 @@ QString Store::runAll(const QStringList& statements)
   return {};
 }
 
-Store::Opening Store::open(const Place& place)
+Store::Opening Store::open(const AccountSetLocation& location)
 {
-  return place.isServer() ? openServer(place.server) : storeOf(openDatabase(place.file.toUtf8(), SQLITE_OPEN_READWRITE));
+  return location.isServer() ? openServer(location.server) : storeOf(openDatabase(location.file.toUtf8(), SQLITE_OPEN_READWRITE));
 }
 
-Store::Opening Store::openMoment(const Place& place)
+Store::Opening Store::openMoment(const AccountSetLocation& location)
 {
-  if (!place.isServer())
-    return storeOf(copyOfFile(place.file));
-  Opening opening = openServer(place.server);
+  if (!location.isServer())
+    return storeOf(copyOfFile(location.file));
+  Opening opening = openServer(location.server);
   // The transaction sees what was committed when its first statement began, and ends with the connection.
   if (opening.store)
     opening.reason =

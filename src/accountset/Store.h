@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accountset/Place.h"
+#include "accountset/AccountSetLocation.h"
 #include "accountset/Schema.h"
 #include "database/Engine.h"
 
@@ -16,10 +16,10 @@ public:
     QString reason;
   };
   // A file must exist.
-  static Opening open(const Place& place);
+  static Opening open(const AccountSetLocation& location);
   // The account set as it is at one moment, to be read: what operators write later is not in it, and they
   // need not wait for its reader.
-  static Opening openMoment(const Place& place);
+  static Opening openMoment(const AccountSetLocation& location);
 
   virtual ~Store() = default;
 

@@ -59,7 +59,7 @@ QString ConnectionText::filePath() const
   return QDir::cleanPath(path);
 }
 
-ServerPlace ConnectionText::server() const
+ServerAddress ConnectionText::server() const
 {
   const QString where = value(QStringLiteral("server"));
   const qsizetype comma = where.lastIndexOf(u',');

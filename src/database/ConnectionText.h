@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/ServerPlace.h"
+#include "database/ServerAddress.h"
 
 #include <QHash>
 #include <QString>
@@ -21,7 +21,7 @@ public:
   // Full path of the file of a Jet text, with this system's separators.
   QString filePath() const;
   // Where the database of a driver text is, and who asks for it.
-  ServerPlace server() const;
+  ServerAddress server() const;
 
 private:
   QHash<QString, QString> m_values;

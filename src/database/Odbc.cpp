@@ -259,28 +259,28 @@ Odbc::Odbc(std::unique_ptr<Handles> handles) : m_handles(std::move(handles)) {}
 
 Odbc::~Odbc() = default;
 
-QString Odbc::driverText(const ServerPlace& place, const ServerWaits& waits, const QString& library)
+QString Odbc::driverText(const ServerAddress& server, const ServerWaits& waits, const QString& library)
 {
-  QStringList words = {"Driver={" + place.driver + "}"};
+  QStringList words = {"Driver={" + server.driver + "}"};
   if (library.contains(QStringLiteral("psqlodbc"))) {
-    words << "Server=" + inBraces(place.host);
-    if (!place.port.isEmpty())
-      words << "Port=" + place.port;
+    words << "Server=" + inBraces(server.host);
+    if (!server.port.isEmpty())
+      words << "Port=" + server.port;
     // Line breaks and binary columns as they are; a server that has fallen silent is given up.
     words << QStringLiteral("LFConversion=0;ByteaAsLongVarBinary=1;"
                             "pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
                             "tcp_user_timeout=20000 client_encoding=UTF8}")
                  .arg(seconds(waits.connect));
   } else if (library.contains(QStringLiteral("tdsodbc"))) {
-    words << "Server=" + inBraces(place.host) << "Port=" + place.port << QStringLiteral("TDS_Version=7.4;ClientCharset=UTF-8");
+    words << "Server=" + inBraces(server.host) << "Port=" + server.port << QStringLiteral("TDS_Version=7.4;ClientCharset=UTF-8");
   } else {
-    words << "Server=" + place.host + (place.port.isEmpty() ? QString() : u',' + place.port);
+    words << "Server=" + server.host + (server.port.isEmpty() ? QString() : u',' + server.port);
   }
-  words << "Database=" + inBraces(place.database) << "UID=" + inBraces(place.user) << "PWD=" + inBraces(place.password);
+  words << "Database=" + inBraces(server.database) << "UID=" + inBraces(server.user) << "PWD=" + inBraces(server.password);
   return words.join(u';') + u';';
 }
 
-Odbc::Opening Odbc::open(const ServerPlace& place, const ServerWaits& waits)
+Odbc::Opening Odbc::open(const ServerAddress& server, const ServerWaits& waits)
 {
   auto handles = std::make_unique<Handles>();
   handles->waits = waits;
@@ -291,7 +291,7 @@ Odbc::Opening Odbc::open(const ServerPlace& place, const ServerWaits& waits)
   if (connection == SQL_NULL_HANDLE)
     return {nullptr, {Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用")}};
   SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(waits.connect)), 0);
-  const QByteArray text = driverText(place, waits, libraryOf(environment, place.driver)).toUtf8();
+  const QByteArray text = driverText(server, waits, libraryOf(environment, server.driver)).toUtf8();
   if (!SQL_SUCCEEDED(handles->connect(text))) {
     DatabaseError error = diagnosisOf(SQL_HANDLE_DBC, connection).error;
     if (handles->watch.hasEndedACall())

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/Engine.h"
-#include "database/ServerPlace.h"
+#include "database/ServerAddress.h"
 
 #include <memory>
 
@@ -19,7 +19,7 @@ public:
     std::unique_ptr<Odbc> connection; // null if the server could not be reached or refused
     DatabaseError error;
   };
-  static Opening open(const ServerPlace& place, const ServerWaits& waits = {});
+  static Opening open(const ServerAddress& server, const ServerWaits& waits = {});
 
   ~Odbc();
 
@@ -36,7 +36,7 @@ public:
 
   // The text that a driver of some library takes: each writes host and port, and its limits, in its own
   // way. Values that need it stand in braces.
-  static QString driverText(const ServerPlace& place, const ServerWaits& waits, const QString& library);
+  static QString driverText(const ServerAddress& server, const ServerWaits& waits, const QString& library);
 
 private:
   struct Handles;

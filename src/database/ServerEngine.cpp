@@ -50,7 +50,7 @@ private:
     return result;
   }
 
-  // PostgreSQL refuses by itself what its encoding has no place for; SQL Server writes a "?" in its place.
+  // PostgreSQL refuses by itself what its encoding has no character for; SQL Server writes a "?" instead.
   bool fitsCodePage(const QString& sql) const
   {
     bool lossless = true;
@@ -66,9 +66,9 @@ private:
 
 } // namespace
 
-ServerEngine::Opening ServerEngine::open(const ServerPlace& place, const ServerWaits& waits)
+ServerEngine::Opening ServerEngine::open(const ServerAddress& server, const ServerWaits& waits)
 {
-  Odbc::Opening opening = Odbc::open(place, waits);
+  Odbc::Opening opening = Odbc::open(server, waits);
   if (!opening.connection)
     return {nullptr, opening.error};
   return {std::make_unique<OdbcEngine>(std::move(opening.connection)), {}};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/Engine.h"
-#include "database/ServerPlace.h"
+#include "database/ServerAddress.h"
 
 // The server engine: a database behind the machine's ODBC driver manager. It asks the server what it is
 // and gives each its dialect.
@@ -15,5 +15,5 @@ struct ServerEngine {
     DatabaseError error;
   };
 
-  static Opening open(const ServerPlace& place, const ServerWaits& waits = {});
+  static Opening open(const ServerAddress& server, const ServerWaits& waits = {});
 };

@@ -22,7 +22,7 @@ void Statement::build(QStringView format, const Argument* arguments)
         continue;
       }
       if (quote.isNull())
-        m_places.push_back({m_sql.size(), argument.text.size(), argument.kind});
+        m_values.push_back({m_sql.size(), argument.text.size(), argument.kind});
       holdsValue = true;
       m_sql += argument.text;
     } else if (quote.isNull() && (c == u'\'' || c == u'#')) {
@@ -31,7 +31,7 @@ void Statement::build(QStringView format, const Argument* arguments)
       holdsValue = false;
     } else if (c == quote) {
       if (holdsValue)
-        m_places.push_back({opened, m_sql.size() + i - done + 1 - opened, c == u'#' ? Kind::Date : Kind::Text});
+        m_values.push_back({opened, m_sql.size() + i - done + 1 - opened, c == u'#' ? Kind::Date : Kind::Text});
       quote = QChar();
     }
   }
@@ -53,15 +53,15 @@ Statement& Statement::operator+=(const Statement& part)
 {
   const qsizetype shift = m_sql.size();
   m_sql += part.m_sql;
-  for (const Place& place : part.m_places)
-    m_places.push_back({place.at + shift, place.size, place.kind});
+  for (const ValueSpan& value : part.m_values)
+    m_values.push_back({value.at + shift, value.size, value.kind});
   return *this;
 }
 
 std::optional<QString> Statement::violation() const
 {
-  for (const Place& place : m_places)
-    if (const QStringView text = QStringView(m_sql).sliced(place.at, place.size); !isOneToken(text, place.kind))
+  for (const ValueSpan& value : m_values)
+    if (const QStringView text = QStringView(m_sql).sliced(value.at, value.size); !isOneToken(text, value.kind))
       return text.toString();
   return std::nullopt;
 }

@@ -104,7 +104,7 @@ public:
 private:
   enum class Kind { Text, Date, Name, Number };
   // Where the token of a value lies in the statement, quotes included.
-  struct Place {
+  struct ValueSpan {
     qsizetype at;
     qsizetype size;
     Kind kind;
@@ -123,7 +123,7 @@ private:
   static bool isOneToken(QStringView text, Kind kind);
 
   QString m_sql;
-  std::vector<Place> m_places;
+  std::vector<ValueSpan> m_values;
 };
 
 // A text value on its own, as it is written in a list of values.

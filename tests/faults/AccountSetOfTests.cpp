@@ -8,8 +8,8 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
   m_params.OperateDate = QStringLiteral("2022-06-08");
   if (!isOnServer) {
     QDir(folder()).mkpath(QStringLiteral("Data"));
-    m_place.file = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    AccountSet::create(m_place.file, AccountSet::Content::Demo);
+    m_location.file = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
+    AccountSet::create(m_location.file, AccountSet::Content::Demo);
     m_params.DatabaseType = QStringLiteral("Access");
     m_params.IsAccessSQL = true;
     m_params.ConDataName = QStringLiteral("A001.mdb");
@@ -18,8 +18,8 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
   if (!TestServer::administrator())
     qFatal("tools/with-server runs this");
   m_database = std::make_unique<TestServer::Database>(databaseName, AccountSet::Content::Demo);
-  m_place = m_database->administrator;
-  const ServerPlace& server = m_database->clerk.server;
+  m_location = m_database->administrator;
+  const ServerAddress& server = m_database->clerk.server;
   m_params.DatabaseType = QStringLiteral("SQL");
   m_params.ConDataName = server.database;
   m_params.ConServerIP = server.host;
@@ -30,5 +30,5 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
 
 std::unique_ptr<Store> AccountSetOfTests::openStore() const
 {
-  return Store::open(m_place).store;
+  return Store::open(m_location).store;
 }

@@ -24,5 +24,5 @@ private:
   QTemporaryDir m_folder;
   std::unique_ptr<TestServer::Database> m_database;
   SessionParams m_params;
-  Place m_place;
+  AccountSetLocation m_location;
 };

@@ -1,6 +1,6 @@
 #include "OfficeClient.h"
 
-#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeInstance.h"
 #include "spreadsheet/office/OfficeProcess.h"
 #include "spreadsheet/office/Properties.h"
 #include "spreadsheet/office/Text.h"
@@ -68,7 +68,7 @@ OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 {
   // An office that has just lost its program drops the next lines for a moment, longer on a busy machine.
   for (int tries = 0; tries < 60; ++tries) {
-    if (m_connection.connect(OfficePlace::numbered(1).pipe))
+    if (m_connection.connect(OfficeInstance::numbered(1).pipe))
       return;
     usleep(500000);
   }
@@ -94,7 +94,7 @@ QList<OfficeClient::Book> OfficeClient::open() const
 QList<pid_t> OfficeClient::processes(int place)
 {
   QList<pid_t> all;
-  const QByteArray pipe = OfficePlace::numbered(place).pipe.toUtf8();
+  const QByteArray pipe = OfficeInstance::numbered(place).pipe.toUtf8();
   for (const QString& process : QDir("/proc").entryList(QDir::Dirs)) {
     QFile command("/proc/" + process + "/cmdline");
     if (!command.open(QIODevice::ReadOnly))

@@ -101,7 +101,7 @@ TEST(OfficeDeath, AKilledProgramTakesItsOfficeAlong)
   }
   EXPECT_TRUE(isGone(1));
   EXPECT_TRUE(isGone(2));
-  const OfficePlace left = OfficePlace::numbered(2);
+  const OfficeInstance left = OfficeInstance::numbered(2);
   const QString pipe = QStringLiteral("/tmp/OSL_PIPE_%1_%2").arg(getuid()).arg(left.pipe);
   EXPECT_TRUE(QFile::exists(left.lockFile()));
   EXPECT_TRUE(QFile::exists(pipe));

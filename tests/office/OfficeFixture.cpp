@@ -1,6 +1,6 @@
 #include "OfficeFixture.h"
 
-#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeInstance.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +22,7 @@ OfficeClient& OfficeFixture::client()
 // The machine's own printers are left alone.
 void OfficeFixture::writePrinters(const QByteArray& printers) const
 {
-  QFile settings(OfficePlace::numbered(1).profileFolder + "/profile/user/psprint/psprint.conf");
+  QFile settings(OfficeInstance::numbered(1).profileFolder + "/profile/user/psprint/psprint.conf");
   if (!QDir().mkpath(QFileInfo(settings).path()) || !settings.open(QIODevice::WriteOnly))
     qFatal("no printer can be installed");
   settings.write("[__Global_Printer_Defaults__]\nDisableCUPS=true\n" + printers);

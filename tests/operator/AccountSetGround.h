@@ -1,7 +1,7 @@
 #pragma once
 
 #include "accountset/AccountSet.h"
-#include "database/ServerPlace.h"
+#include "database/ServerAddress.h"
 
 #include <QHash>
 #include <QList>
@@ -17,7 +17,7 @@ class AccountSetGround {
 public:
   static std::unique_ptr<AccountSetGround> onFile(const QString& programFolder, const QString& shelf);
   // `administrator` may make databases there.
-  static std::unique_ptr<AccountSetGround> onServer(const ServerPlace& administrator);
+  static std::unique_ptr<AccountSetGround> onServer(const ServerAddress& administrator);
 
   virtual ~AccountSetGround() = default;
 
@@ -31,7 +31,7 @@ public:
   virtual QHash<QString, QString> sessionKeys() const = 0;
 
   // Reads user:password@host:port.
-  static std::optional<ServerPlace> readServer(const QString& text);
+  static std::optional<ServerAddress> readServer(const QString& text);
 
 protected:
   // `run` on an open account set.

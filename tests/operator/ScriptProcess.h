@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/ServerPlace.h"
+#include "database/ServerAddress.h"
 
 #include <QString>
 #include <functional>
@@ -16,8 +16,8 @@ struct Task {
   QString shelf;              // where finished account sets are kept from script to script
   QString pictureFolder = {}; // empty for no pictures
   bool desktop = false;
-  std::optional<ServerPlace> server = {}; // whose administrator makes the account sets; none for files
-  std::function<void()> atRest = {};      // called in that process when nothing is being done
+  std::optional<ServerAddress> server = {}; // whose administrator makes the account sets; none for files
+  std::function<void()> atRest = {};        // called in that process when nothing is being done
 };
 
 enum class Outcome { Passed, Skipped, Failed };

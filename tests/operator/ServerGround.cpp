@@ -16,7 +16,7 @@ const ServerAccountSet::Login Cashier{QStringLiteral("cashier"), QStringLiteral(
 // Each script's database is copied from one that is made once.
 class ServerGround : public AccountSetGround {
 public:
-  explicit ServerGround(const ServerPlace& administrator)
+  explicit ServerGround(const ServerAddress& administrator)
       : m_server{{}, administrator}, m_name(QStringLiteral("script_%1").arg(QCoreApplication::applicationPid()))
   {
   }
@@ -82,7 +82,7 @@ private:
 
   QString dropping() const { return QStringLiteral("drop database if exists %1 with (force)").arg(m_name); }
 
-  Place m_server;
+  AccountSetLocation m_server;
   QString m_name;
   std::unique_ptr<Store> m_maintenance;
   std::unique_ptr<Store> m_side;
@@ -91,13 +91,13 @@ private:
 
 } // namespace
 
-std::unique_ptr<AccountSetGround> AccountSetGround::onServer(const ServerPlace& administrator)
+std::unique_ptr<AccountSetGround> AccountSetGround::onServer(const ServerAddress& administrator)
 {
   return std::make_unique<ServerGround>(administrator);
 }
 
-std::optional<ServerPlace> AccountSetGround::readServer(const QString& text)
+std::optional<ServerAddress> AccountSetGround::readServer(const QString& text)
 {
-  const auto place = Place::read(QStringLiteral("server://%1/postgres").arg(text));
-  return place ? std::optional(place->server) : std::nullopt;
+  const auto location = AccountSetLocation::read(QStringLiteral("server://%1/postgres").arg(text));
+  return location ? std::optional(location->server) : std::nullopt;
 }

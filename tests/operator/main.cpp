@@ -21,7 +21,7 @@ constexpr char ServerVariable[] = "ZORVEK_SERVER";
 
 struct Arguments {
   bool desktop = false;
-  std::optional<ServerPlace> server;
+  std::optional<ServerAddress> server;
   QString keep;
   QStringList paths;
   bool valid = true;

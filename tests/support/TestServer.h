@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accountset/Place.h"
+#include "accountset/AccountSetLocation.h"
 #include "accountset/ServerAccountSet.h"
 #include "accountset/Store.h"
 
@@ -10,11 +10,11 @@
 namespace TestServer {
 
 // Its administrator, in one of its databases.
-inline std::optional<Place> administrator(const QString& database = QStringLiteral("postgres"))
+inline std::optional<AccountSetLocation> administrator(const QString& database = QStringLiteral("postgres"))
 {
   if (!qEnvironmentVariableIsSet("ZORVEK_SERVER"))
     return std::nullopt;
-  return Place::read(QStringLiteral("server://%1/%2").arg(qEnvironmentVariable("ZORVEK_SERVER"), database));
+  return AccountSetLocation::read(QStringLiteral("server://%1/%2").arg(qEnvironmentVariable("ZORVEK_SERVER"), database));
 }
 
 // A database with all tables, gone again with this.
@@ -33,9 +33,9 @@ struct Database {
   }
 
   const ServerAccountSet::Login login{QStringLiteral("clerk"), QStringLiteral("p;w}x y")};
-  const Place administrator;
-  const QString reason; // why it could not be made
-  Place clerk;          // who the program is
+  const AccountSetLocation administrator;
+  const QString reason;     // why it could not be made
+  AccountSetLocation clerk; // who the program is
 };
 
 } // namespace TestServer

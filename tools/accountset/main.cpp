@@ -52,25 +52,25 @@ int complain(const QString& text, int status)
   return status;
 }
 
-QString create(const Place& place, const Orders& orders)
+QString create(const AccountSetLocation& location, const Orders& orders)
 {
-  if (!place.isServer())
-    return AccountSet::create(place.file, orders.content());
+  if (!location.isServer())
+    return AccountSet::create(location.file, orders.content());
   if (orders.login.name.isEmpty())
     return QStringLiteral("--login NAME is missing");
-  return ServerAccountSet::create(place, orders.login, orders.content());
+  return ServerAccountSet::create(location, orders.login, orders.content());
 }
 
 int create(const Orders& orders)
 {
-  auto place = Place::read(orders.words.value(1));
-  if (orders.words.size() != 2 || !place || place->isServer() != orders.server)
+  auto location = AccountSetLocation::read(orders.words.value(1));
+  if (orders.words.size() != 2 || !location || location->isServer() != orders.server)
     return complain(QStringLiteral("usage: accountset create FILE | --server SERVER --login NAME [--demo]"), WrongUse);
-  if (const QString reason = Password::supply(*place); !reason.isEmpty())
+  if (const QString reason = Password::supply(*location); !reason.isEmpty())
     return complain(reason, WrongUse);
-  if (const QString reason = create(*place, orders); !reason.isEmpty())
+  if (const QString reason = create(*location, orders); !reason.isEmpty())
     return complain(reason, Failed);
-  out() << place->text() << "\n";
+  out() << location->text() << "\n";
   return Done;
 }
 
@@ -109,12 +109,12 @@ int prove(Store& from, Store& to)
 
 int copy(const Orders& orders)
 {
-  auto source = Place::read(orders.words.value(1));
-  auto target = Place::read(orders.words.value(2));
+  auto source = AccountSetLocation::read(orders.words.value(1));
+  auto target = AccountSetLocation::read(orders.words.value(2));
   if (orders.words.size() != 3 || !source || !target)
     return complain(QStringLiteral("usage: accountset copy FROM TO [--login NAME]"), WrongUse);
-  for (Place* place : {&*source, &*target})
-    if (const QString reason = Password::supply(*place); !reason.isEmpty())
+  for (AccountSetLocation* location : {&*source, &*target})
+    if (const QString reason = Password::supply(*location); !reason.isEmpty())
       return complain(reason, WrongUse);
   if (!source->isServer() && !QFile::exists(source->file))
     return complain(QStringLiteral("找不到账套文件：%1").arg(source->file), Failed);
@@ -133,13 +133,13 @@ int copy(const Orders& orders)
 
 int check(const Orders& orders)
 {
-  auto place = Place::read(orders.words.value(1));
-  if (orders.words.size() != 2 || !place)
+  auto location = AccountSetLocation::read(orders.words.value(1));
+  if (orders.words.size() != 2 || !location)
     return complain(QStringLiteral("usage: accountset check FILE-OR-SERVER"), WrongUse);
-  if (const QString reason = Password::supply(*place); !reason.isEmpty())
+  if (const QString reason = Password::supply(*location); !reason.isEmpty())
     return complain(reason, WrongUse);
   QString reason;
-  const QList<Check::Finding> findings = Check::run(*place, reason);
+  const QList<Check::Finding> findings = Check::run(*location, reason);
   for (const Check::Finding& finding : findings) {
     out() << finding.what << "\n";
     for (const QString& row : finding.rows)

@@ -25,7 +25,7 @@ using star::uno::UNO_QUERY_THROW;
 
 namespace {
 
-constexpr int MostPlaces = 100;
+constexpr int MostInstances = 100;
 constexpr qint64 MostUnpacked = qint64(1) << 27; // a thousand times what a template takes
 constexpr auto PollEvery = 5ms;
 
@@ -62,37 +62,37 @@ Office::~Office()
   end();
 }
 
-// The first place that is free; a profile is made as rarely as can be.
-void Office::takePlace()
+// The first instance that is free; a profile is made as rarely as can be.
+void Office::takeInstance()
 {
-  clearPlaces();
-  for (int number = 1; number <= MostPlaces; ++number)
-    if (takePlace(OfficePlace::numbered(number)))
+  clearInstances();
+  for (int number = 1; number <= MostInstances; ++number)
+    if (takeInstance(OfficeInstance::numbered(number)))
       return;
   throw notThere();
 }
 
-// A place whose office still listens has a workbook of the operator in it. A lock that lies there without its program
+// An instance whose office still listens has a workbook of the operator in it. A lock that lies there without its program
 // was left by one that was killed, and so was everything else.
-bool Office::takePlace(const OfficePlace& place)
+bool Office::takeInstance(const OfficeInstance& instance)
 {
-  QDir().mkpath(place.profileFolder);
-  const bool isLeft = QFile::exists(place.lockFile());
-  m_place = place;
-  m_placeLock = std::make_unique<QLockFile>(place.lockFile());
-  m_placeLock->setStaleLockTime(0);
-  const bool isFree = m_placeLock->tryLock(0) && !m_connection.isListening(place.pipe);
+  QDir().mkpath(instance.profileFolder);
+  const bool isLeft = QFile::exists(instance.lockFile());
+  m_instance = instance;
+  m_instanceLock = std::make_unique<QLockFile>(instance.lockFile());
+  m_instanceLock->setStaleLockTime(0);
+  const bool isFree = m_instanceLock->tryLock(0) && !m_connection.isListening(instance.pipe);
   if (isFree && isLeft)
-    place.clear();
+    instance.clear();
   return isFree;
 }
 
-void Office::clearPlaces()
+void Office::clearInstances()
 {
-  for (int number = 1; number <= MostPlaces; ++number)
-    if (const OfficePlace place = OfficePlace::numbered(number); QFile::exists(place.lockFile()))
-      takePlace(place);
-  m_placeLock.reset();
+  for (int number = 1; number <= MostInstances; ++number)
+    if (const OfficeInstance instance = OfficeInstance::numbered(number); QFile::exists(instance.lockFile()))
+      takeInstance(instance);
+  m_instanceLock.reset();
 }
 
 // An office that could not open a file may still hold what the file has made of it.
@@ -163,8 +163,8 @@ void Office::require()
   if (answers())
     return;
   kill();
-  if (!m_placeLock)
-    takePlace();
+  if (!m_instanceLock)
+    takeInstance();
   startAndConnect();
 }
 
@@ -172,9 +172,9 @@ void Office::require()
 void Office::startAndConnect()
 {
   call([this] {
-    m_place.prepare();
+    m_instance.prepare();
     for (int starts = 0; starts < 2; ++starts)
-      if (m_process.start(m_place) && connectWhileStarting())
+      if (m_process.start(m_instance) && connectWhileStarting())
         return;
     throw notThere();
   });
@@ -182,7 +182,7 @@ void Office::startAndConnect()
 
 bool Office::connectWhileStarting()
 {
-  while (!m_connection.connect(m_place.pipe)) {
+  while (!m_connection.connect(m_instance.pipe)) {
     if (!m_process.isRunning())
       return false;
     std::this_thread::sleep_for(PollEvery);
@@ -201,8 +201,8 @@ void Office::handOver()
 {
   if (!OfficeProcess::hasDisplay())
     return;
-  // In this order: a lock that a killed program leaves says that nobody needs the place.
-  m_placeLock.reset();
+  // In this order: a lock that a killed program leaves says that nobody needs the profile.
+  m_instanceLock.reset();
   m_process.letGo();
   m_connection.disconnect();
   m_workbooks.clear();
@@ -214,7 +214,7 @@ void Office::leaveToOperator()
   if (m_isOperators || !OfficeProcess::hasDisplay() || !call([this] { return hasOperatorsDocuments(); }))
     return;
   m_isOperators = true;
-  m_placeLock.reset();
+  m_instanceLock.reset();
   m_process.letGo();
 }
 

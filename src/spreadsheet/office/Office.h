@@ -52,9 +52,9 @@ private:
   void require();
   void kill();
   bool answers();
-  void takePlace();
-  bool takePlace(const OfficePlace& place);
-  void clearPlaces();
+  void takeInstance();
+  bool takeInstance(const OfficeInstance& instance);
+  void clearInstances();
   bool hasOperatorsDocuments() const;
   void startAndConnect();
   void giveUp();
@@ -63,8 +63,8 @@ private:
 
   OfficeConnection m_connection;
   OfficeProcess m_process;
-  OfficePlace m_place;
-  std::unique_ptr<QLockFile> m_placeLock;
+  OfficeInstance m_instance;
+  std::unique_ptr<QLockFile> m_instanceLock;
   QList<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> m_workbooks; // ours, open in it
   std::atomic<bool> m_isOperators = false;                                          // though a workbook of ours is still open
   Patience m_patience;

@@ -25,11 +25,11 @@ QList<char*> wordList(const QList<QByteArray>& words)
   return list << nullptr;
 }
 
-// What a killed office leaves half-made lies with its place, which wipes it.
-QList<QByteArray> environmentIn(const OfficePlace& place)
+// What a killed office leaves half-made is in the instance's temporary folder, which is wiped.
+QList<QByteArray> environmentIn(const OfficeInstance& instance)
 {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("TMPDIR"), place.temporaryFolder());
+  environment.insert(QStringLiteral("TMPDIR"), instance.temporaryFolder());
   QList<QByteArray> words;
   for (const QString& word : environment.toStringList())
     words.append(word.toLocal8Bit());
@@ -79,10 +79,10 @@ bool OfficeProcess::hasDisplay()
   return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
-bool OfficeProcess::start(const OfficePlace& place)
+bool OfficeProcess::start(const OfficeInstance& instance)
 {
   const QByteArray display = hasDisplay() ? "--invisible" : "--headless";
-  const QByteArray profile = QUrl::fromLocalFile(place.profile()).toEncoded();
+  const QByteArray profile = QUrl::fromLocalFile(instance.profile()).toEncoded();
   int ends[2] = {-1, -1};
   if (pipe2(ends, O_CLOEXEC) != 0)
     return false;
@@ -91,8 +91,8 @@ bool OfficeProcess::start(const OfficePlace& place)
   pid_t id = 0;
   const bool isStarted =
       spawn({watchProgram(), QFile::encodeName(programFolder() + "/soffice.bin"), display, "--norestore", "--nologo", "--nodefault",
-             "--nofirststartwizard", "-env:UserInstallation=" + profile, "--accept=pipe,name=" + place.pipe.toUtf8() + ";urp;"},
-            environmentIn(place), ends[0], id) == 0;
+             "--nofirststartwizard", "-env:UserInstallation=" + profile, "--accept=pipe,name=" + instance.pipe.toUtf8() + ";urp;"},
+            environmentIn(instance), ends[0], id) == 0;
   close(ends[0]);
   m_id = isStarted ? id : 0;
   return isStarted;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeInstance.h"
 
 #include <sys/types.h>
 
@@ -16,7 +16,7 @@ public:
   static bool hasDisplay();
 
   // It listens on its pipe a moment later. False if it can't be started.
-  bool start(const OfficePlace& place);
+  bool start(const OfficeInstance& instance);
   bool isRunning();
   // Ends it at once. Any thread may call it.
   void kill();

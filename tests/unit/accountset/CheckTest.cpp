@@ -79,19 +79,19 @@ constexpr const char* Sound[] = {
     "insert into TabSFKHeXiao(InOutBillCode,SFKBillCode,HXMoney) values('XSD9',(select min(Code) from TabSustain),1234567.89)",
 };
 
-QString said(const Place& place)
+QString said(const AccountSetLocation& location)
 {
   QString reason;
   QStringList all;
-  for (const Check::Finding& finding : Check::run(place, reason))
+  for (const Check::Finding& finding : Check::run(location, reason))
     all.append(finding.what + u": "_s + finding.rows.join(u", "_s));
   return reason.isEmpty() ? all.join(u'\n') : reason;
 }
 
 // The sample firm once more, with these statements run on it.
-Place sampleAfter(const QTemporaryDir& folder, const char* statements)
+AccountSetLocation sampleAfter(const QTemporaryDir& folder, const char* statements)
 {
-  const Place file{folder.filePath(u"after.mdb"_s), {}};
+  const AccountSetLocation file{folder.filePath(u"after.mdb"_s), {}};
   QFile::remove(file.file);
   EXPECT_TRUE(QFile::copy(folder.filePath(u"set.mdb"_s), file.file));
   RawDatabase(file.file).run(QString::fromUtf8(statements));
@@ -103,7 +103,7 @@ Place sampleAfter(const QTemporaryDir& folder, const char* statements)
 TEST(Check, ASoundAccountSetAddsUpAndEveryDisorderIsNamedOnBothEngines)
 {
   const QTemporaryDir folder;
-  const Place file{folder.filePath(u"set.mdb"_s), {}};
+  const AccountSetLocation file{folder.filePath(u"set.mdb"_s), {}};
   ASSERT_EQ(AccountSet::create(file.file, AccountSet::Content::Demo), u""_s);
   EXPECT_EQ(said(file), u""_s);
   for (const char* statements : Sound)

@@ -27,9 +27,9 @@ struct CopyTest : testing::Test {
 
   std::unique_ptr<Store> file(const QString& name, AccountSet::Content content)
   {
-    const Place place{folder.filePath(name), {}};
-    EXPECT_EQ(AccountSet::create(place.file, content), u""_s);
-    return Store::open(place).store;
+    const AccountSetLocation location{folder.filePath(name), {}};
+    EXPECT_EQ(AccountSet::create(location.file, content), u""_s);
+    return Store::open(location).store;
   }
 
   // The tables that both sides do not hold alike.
@@ -44,7 +44,7 @@ struct CopyTest : testing::Test {
   }
 
   // A copy of the account set that is written to all the while.
-  void copyUnderWay(const char* name, const Place& source, Store& target);
+  void copyUnderWay(const char* name, const AccountSetLocation& source, Store& target);
 
   QTemporaryDir folder;
 };
@@ -52,7 +52,7 @@ struct CopyTest : testing::Test {
 // Writes bills, each with its two lines in one transaction, until it is stopped.
 class Writer {
 public:
-  explicit Writer(Place place) : m_place(std::move(place)), m_thread([this] { work(); }) {}
+  explicit Writer(AccountSetLocation location) : m_location(std::move(location)), m_thread([this] { work(); }) {}
   ~Writer() { stop(); }
 
   void stop()
@@ -69,7 +69,7 @@ public:
 private:
   void work()
   {
-    const auto store = Store::open(m_place).store;
+    const auto store = Store::open(m_location).store;
     for (; m_goesOn && error.isEmpty(); ++bills) {
       const QString code = u"FKX%1"_s.arg(bills);
       const auto start = std::chrono::steady_clock::now();
@@ -80,12 +80,12 @@ private:
     }
   }
 
-  Place m_place;
+  AccountSetLocation m_location;
   std::atomic<bool> m_goesOn = true;
   std::thread m_thread;
 };
 
-void CopyTest::copyUnderWay(const char* name, const Place& source, Store& target)
+void CopyTest::copyUnderWay(const char* name, const AccountSetLocation& source, Store& target)
 {
   const auto filler = Store::open(source).store;
   ASSERT_TRUE(filler);
@@ -170,7 +170,7 @@ TEST_F(CopyTest, ARowThatDoesNotFitLeavesNothingBehind)
 
 TEST_F(CopyTest, ALiveAccountSetIsCopiedAsItIsAtOneMoment)
 {
-  const Place source{folder.filePath(u"a.mdb"_s), {}};
+  const AccountSetLocation source{folder.filePath(u"a.mdb"_s), {}};
   ASSERT_EQ(AccountSet::create(source.file, AccountSet::Content::Empty), u""_s);
   copyUnderWay("file", source, *file(u"b.mdb"_s, AccountSet::Content::Empty));
   const TestServer::Database server(u"copy_test"_s);

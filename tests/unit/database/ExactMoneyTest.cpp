@@ -147,13 +147,13 @@ struct ExactMoneyTest : testing::Test, AccountSetFixture {
 
   void useServer(SessionParams& params) const
   {
-    const ServerPlace& place = database->clerk.server;
+    const ServerAddress& server = database->clerk.server;
     params.DatabaseType = u"SQL"_s;
     params.IsAccessSQL = false;
-    params.ConServerIP = place.host;
-    params.ConPortNum = place.port;
-    params.ConDataName = place.database;
-    params.ConDataBaseUID = place.user;
+    params.ConServerIP = server.host;
+    params.ConPortNum = server.port;
+    params.ConDataName = server.database;
+    params.ConDataBaseUID = server.user;
     params.ConDataBasePWD = u"{p;w}}x y}"_s;
   }
 };

@@ -146,9 +146,9 @@ struct ServerEngineTest : testing::Test {
   // As the program opens it.
   std::unique_ptr<DatabaseError> open(Connection& connection)
   {
-    const ServerPlace& place = database->clerk.server;
-    return connection.open("Driver={SQL Server};Server="_L1 + place.host + ',' + place.port + ";DataBase=" + place.database +
-                           ";UID=" + place.user + ";PWD={p;w}}x y}; ");
+    const ServerAddress& server = database->clerk.server;
+    return connection.open("Driver={SQL Server};Server="_L1 + server.host + ',' + server.port + ";DataBase=" + server.database +
+                           ";UID=" + server.user + ";PWD={p;w}}x y}; ");
   }
 
   // As the administrator of the server ends connections.
@@ -297,10 +297,10 @@ TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
   EXPECT_EQ(told(engine->execute(u"select Name from TabClient"_s)), u"NULL"_s);
 
   const SilentPort silent;
-  ServerPlace place = database->clerk.server;
-  place.port = QString::number(silent.number());
+  ServerAddress server = database->clerk.server;
+  server.port = QString::number(silent.number());
   clock.restart();
-  EXPECT_FALSE(ServerEngine::open(place, waits).engine);
+  EXPECT_FALSE(ServerEngine::open(server, waits).engine);
   EXPECT_LT(clock.elapsed(), 6000);
 }
 
@@ -342,11 +342,11 @@ TEST_F(ServerEngineTest, AServerThatFallsSilentIsGivenUp)
 {
   for (const int answers : {1, 3, 5, 6, 8}) {
     const FallingSilent between(database->clerk.server.port.toInt(), answers);
-    ServerPlace place = database->clerk.server;
-    place.port = QString::number(between.port());
+    ServerAddress server = database->clerk.server;
+    server.port = QString::number(between.port());
     QElapsedTimer clock;
     clock.start();
-    EXPECT_FALSE(ServerEngine::open(place, shortWaits).engine) << answers;
+    EXPECT_FALSE(ServerEngine::open(server, shortWaits).engine) << answers;
     EXPECT_LT(clock.elapsed(), 9000) << answers;
   }
 }
@@ -355,10 +355,12 @@ TEST(Odbc, EachDriverGetsHostAndPortInItsForm)
 {
   const ConnectionText text(u"Driver={SQL Server};Server=db.firm, 1500;DataBase=A001;UID=sa;PWD={a;b}}c}; "_s);
   ASSERT_TRUE(text.isDriver());
-  const ServerPlace place = text.server();
-  EXPECT_EQ(place.password, u"a;b}c"_s);
-  EXPECT_EQ(place.database, u"A001"_s);
-  const auto has = [&place](const QString& library, const QString& words) { return Odbc::driverText(place, {}, library).contains(words); };
+  const ServerAddress server = text.server();
+  EXPECT_EQ(server.password, u"a;b}c"_s);
+  EXPECT_EQ(server.database, u"A001"_s);
+  const auto has = [&server](const QString& library, const QString& words) {
+    return Odbc::driverText(server, {}, library).contains(words);
+  };
   EXPECT_TRUE(has(u"/usr/lib/odbc/psqlodbcw.so"_s, u"Driver={SQL Server};Server=db.firm;Port=1500;"_s));
   EXPECT_TRUE(has(u"libtdsodbc.so"_s, u"Server=db.firm;Port=1500;TDS_Version="_s));
   EXPECT_TRUE(has(u"another.so"_s, u"Server=db.firm,1500;Database=A001;UID=sa;PWD={a;b}}c};"_s));

@@ -1,4 +1,4 @@
-#include "spreadsheet/office/OfficePlace.h"
+#include "spreadsheet/office/OfficeInstance.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -82,7 +82,7 @@ QString profilePipe(const QString& profile)
 
 } // namespace
 
-OfficePlace OfficePlace::numbered(int number)
+OfficeInstance OfficeInstance::numbered(int number)
 {
   QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
   if (cache.isEmpty() || !QDir().mkpath(cache) || !QFileInfo(cache).isWritable())
@@ -93,7 +93,7 @@ OfficePlace OfficePlace::numbered(int number)
   return {profile, "ZORVEK-" + QString::fromLatin1(mark)};
 }
 
-void OfficePlace::prepare() const
+void OfficeInstance::prepare() const
 {
   QDir(temporaryFolder()).removeRecursively();
   QDir().mkpath(temporaryFolder());
@@ -108,7 +108,7 @@ void OfficePlace::prepare() const
   write(begin, registry());
 }
 
-void OfficePlace::clear() const
+void OfficeInstance::clear() const
 {
   for (const QFileInfo& one : QDir(profileFolder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
     if (one.isDir() && !one.isSymLink())

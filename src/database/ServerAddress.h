@@ -5,7 +5,7 @@
 #include <chrono>
 
 // Where a database on a server is, and who asks for it.
-struct ServerPlace {
+struct ServerAddress {
   QString driver; // as the ODBC registry of the machine names it
   QString host;
   QString port; // empty for the driver's own
