@@ -106,7 +106,7 @@ private:
                 m_session,
                 {.code = Partner, .lastClosing = LastClosing, .date = Today, .moneyName = QStringLiteral("人民币"), .auditedOnly = false})
                 .sql())
-            .sql;
+            ->sql;
     for (const QString& sql : statements)
       m_statements.push_back(sql.toUtf8());
   }

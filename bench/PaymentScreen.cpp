@@ -16,8 +16,8 @@ const QString& sampleFirm()
   static const QTemporaryDir Folder{"figures-XXXXXX"};
   static const QString Path = [] {
     QString path = Folder.filePath(QStringLiteral("sample.mdb"));
-    if (const QString reason = AccountSet::create(path, AccountSet::Content::Demo); !reason.isEmpty())
-      qFatal("%s", qPrintable(reason));
+    if (const auto made = AccountSet::create(path, AccountSet::Content::Demo); !made)
+      qFatal("%s", qPrintable(made.error()));
     return path;
   }();
   return Path;

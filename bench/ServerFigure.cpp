@@ -23,15 +23,14 @@ const TestServer::Database& database()
   static const TestServer::Database Database(QStringLiteral("figures"), AccountSet::Content::Demo);
   static const bool Filled = [] {
     const auto store = Store::open(Database.administrator);
-    return store.store &&
-           store.store
-               ->runAll({QStringLiteral("insert into TabPayfundBill(Code,Datee,UnitName,SumMoney) select 'X'||i, '2022-05-01', "
-                                        "'清泉饮料公司', i+0.5 from generate_series(1,10000) i"),
-                         QStringLiteral("analyze")})
-               .isEmpty();
+    return store && (*store)
+                        ->runAll({QStringLiteral("insert into TabPayfundBill(Code,Datee,UnitName,SumMoney) select 'X'||i, '2022-05-01', "
+                                                 "'清泉饮料公司', i+0.5 from generate_series(1,10000) i"),
+                                  QStringLiteral("analyze")})
+                        .has_value();
   }();
   if (!Filled)
-    qFatal("no database for the figures: %s", qPrintable(Database.reason));
+    qFatal("no database for the figures: %s", Database.made ? "" : qPrintable(Database.made.error()));
   return Database;
 }
 
@@ -43,14 +42,14 @@ void require(bool good)
 
 void throughTheEngine(benchmark::State& state, const char* sql)
 {
-  const auto engine = ServerEngine::open(database().clerk.server).engine;
-  require(engine != nullptr);
+  const auto engine = ServerEngine::open(database().clerk.server);
+  require(engine.has_value());
   const QString text = QString::fromLatin1(sql);
   for (auto iteration : state) {
     Q_UNUSED(iteration)
-    const StatementResult result = engine->execute(text);
-    require(!result.error);
-    benchmark::DoNotOptimize(result.rows.rows());
+    const auto rows = (*engine)->execute(text);
+    require(rows.has_value());
+    benchmark::DoNotOptimize(rows->rows());
   }
 }
 
@@ -80,7 +79,7 @@ void bare(benchmark::State& state, const char* sql)
   QByteArray text = Odbc::driverText(database().clerk.server, {}, QStringLiteral("psqlodbca.so")).toUtf8();
   require(SQL_SUCCEEDED(
       SQLDriverConnect(connection, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT)));
-  const QByteArray translated = DialectTranslator::translate(QString::fromLatin1(sql), DialectTranslator::Target::PostgreSql).sql.toUtf8();
+  const QByteArray translated = DialectTranslator::translate(QString::fromLatin1(sql), DialectTranslator::Target::PostgreSql)->sql.toUtf8();
   for (auto iteration : state) {
     Q_UNUSED(iteration)
     runBare(connection, translated);

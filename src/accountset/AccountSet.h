@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 // Makes new account sets: the file on which the embedded engine works.
 namespace AccountSet {
 
@@ -10,8 +12,7 @@ enum class Content {
   Demo,  // the sample firm
 };
 
-// Makes the file. Empty if it stands now, otherwise why not; then there is no file, or the one that
-// was there before: an existing file is never written over.
-QString create(const QString& filePath, Content content);
+// Makes the file. An existing file is never written over, and after an error there is no new one.
+[[nodiscard]] tl::expected<void, QString> create(const QString& filePath, Content content);
 
 } // namespace AccountSet

@@ -19,13 +19,6 @@ QStringList linesOf(const RowSet& rows)
   return lines;
 }
 
-template <typename Opening> std::unique_ptr<Engine> take(Opening opening, QString& reason)
-{
-  if (!opening.engine)
-    reason = opening.error.description;
-  return std::move(opening.engine);
-}
-
 } // namespace
 
 QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values)
@@ -36,26 +29,22 @@ QString filled(const char* text, std::initializer_list<std::pair<const char*, QS
   return whole;
 }
 
-QList<Finding> run(const AccountSetLocation& location, QString& reason)
+tl::expected<void, QString> run(const AccountSetLocation& location, const std::function<void(const Finding&)>& report)
 {
-  const auto engine =
-      location.isServer() ? take(ServerEngine::open(location.server), reason) : take(EmbeddedEngine::open(location.file), reason);
+  const auto engine = location.isServer() ? ServerEngine::open(location.server) : EmbeddedEngine::open(location.file);
   if (!engine)
-    return {};
-  const QString closed = lastClosedDay(*engine, reason);
-  if (!reason.isEmpty())
-    return {};
-  QList<Finding> findings;
-  for (const Query& query : billQueries() + voucherQueries(closed) + settlementQueries()) {
-    const StatementResult result = engine->execute(query.sql);
-    if (result.error) {
-      reason = result.error->description;
-      return findings;
-    }
-    if (result.rows.rows() > 0)
-      findings.append({query.rule, linesOf(result.rows)});
+    return tl::unexpected(engine.error().description);
+  const auto closed = lastClosedDay(**engine);
+  if (!closed)
+    return tl::unexpected(closed.error().description);
+  for (const Query& query : billQueries() + voucherQueries(*closed) + settlementQueries()) {
+    const auto rows = (*engine)->execute(query.sql);
+    if (!rows)
+      return tl::unexpected(rows.error().description);
+    if (rows->rows() > 0)
+      report({query.rule, linesOf(*rows)});
   }
-  return findings;
+  return {};
 }
 
 } // namespace Check

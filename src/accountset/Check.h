@@ -4,7 +4,11 @@
 
 #include <QStringList>
 
-// What does not add up in an account set. Questions only: nothing is changed, neither in a file nor on a
+#include <tl/expected.hpp>
+
+#include <functional>
+
+// What does not add up in an account set. Queries only: nothing is changed, neither in a file nor on a
 // server, where the program's own login suffices.
 namespace Check {
 
@@ -13,8 +17,8 @@ struct Finding {
   QStringList rows; // where, one a line
 };
 
-// The rules that do not hold, in their order. `reason` tells why the account set could not be looked
-// through to the end.
-QList<Finding> run(const AccountSetLocation& location, QString& reason);
+// Reports the rules that do not hold, in their order. After an error the account set was not looked through
+// to the end.
+[[nodiscard]] tl::expected<void, QString> run(const AccountSetLocation& location, const std::function<void(const Finding&)>& report);
 
 } // namespace Check

@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <utility>
 
-// The queries of the check, by subject. Each gives the rows in which its rule does not hold.
+// The queries of the check, by subject. Each returns the rows in which its rule does not hold.
 namespace Check {
 
 struct Query {
@@ -28,9 +28,8 @@ QList<Query> voucherQueries(const QString& closed);
 // Write-off links, and the bills on both sides of them.
 QList<Query> settlementQueries();
 
-// Reads `closed` from the account set; a day before all bills if no period is closed. `reason` says why it
-// could not be read.
-QString lastClosedDay(Engine& engine, QString& reason);
+// Reads `closed` from the account set; a day before all bills if no period is closed.
+[[nodiscard]] DatabaseResult<QString> lastClosedDay(Engine& engine);
 
 // `text` with each name such as "@header" replaced by its value.
 QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values);

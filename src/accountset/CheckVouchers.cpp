@@ -148,20 +148,20 @@ QList<Query> voucherQueries(const QString& closed)
   return queries;
 }
 
-QString lastClosedDay(Engine& engine, QString& reason)
+DatabaseResult<QString> lastClosedDay(Engine& engine)
 {
-  const StatementResult closed = engine.execute(QStringLiteral("select DateeY, DateeM from TabWriteAccountant where State='已结账'"));
-  const StatementResult ends = engine.execute(QStringLiteral("select DateeM, DateeD from TabAccountAreaSet"));
-  for (const StatementResult* const read : {&closed, &ends})
-    if (read->error)
-      reason = read->error->description;
+  const auto closed = engine.execute(QStringLiteral("select DateeY, DateeM from TabWriteAccountant where State='已结账'"));
+  const auto ends = engine.execute(QStringLiteral("select DateeM, DateeD from TabAccountAreaSet"));
+  for (const auto* const read : {&ends, &closed})
+    if (!*read)
+      return tl::unexpected(read->error());
   QDate last(1900, 1, 1);
-  for (qint64 row = 0; reason.isEmpty() && row < closed.rows.rows(); ++row) {
-    const QDate month(closed.rows.value(row, 0).toText().toInt(), closed.rows.value(row, 1).toText().toInt(), 1);
+  for (qint64 row = 0; row < closed->rows(); ++row) {
+    const QDate month(closed->value(row, 0).toText().toInt(), closed->value(row, 1).toText().toInt(), 1);
     QDate end = month.isValid() ? month.addMonths(1).addDays(-1) : last;
-    for (qint64 i = 0; i < ends.rows.rows(); ++i)
-      if (ends.rows.value(i, 0).toInteger() == month.month())
-        end.setDate(month.year(), month.month(), int(ends.rows.value(i, 1).toInteger()));
+    for (qint64 i = 0; i < ends->rows(); ++i)
+      if (ends->value(i, 0).toInteger() == month.month())
+        end.setDate(month.year(), month.month(), int(ends->value(i, 1).toInteger()));
     last = std::max(last, end);
   }
   return DateText::shortForm(last);

@@ -1,7 +1,10 @@
 #include "accountset/Copy.h"
 
+#include "accountset/Schema.h"
+#include "database/SqlTokens.h"
+
 #include <algorithm>
-#include <charconv>
+#include <tuple>
 
 namespace Copy {
 namespace {
@@ -19,11 +22,9 @@ bool isNumber(const Column& column)
 
 QString literal(const Value& value)
 {
-  switch (value.kind()) {
-  case Value::Kind::Null: return QStringLiteral("null");
-  case Value::Kind::Text: return u'\'' + value.toText().replace(u'\'', QStringLiteral("''")) + u'\'';
-  default: return value.toText();
-  }
+  if (value.isNull())
+    return QStringLiteral("null");
+  return value.is<QString>() ? SqlTokens::quoted(value.toText(), u'\'') : value.toText();
 }
 
 QString selectOf(const Store& from, const Table& table)
@@ -45,76 +46,77 @@ QString rowOf(const Store& to, const Table& table, const RowSet& rows, qint64 at
   return u'(' + values.join(u',') + u')';
 }
 
-QString copyTable(Store& from, Store& to, const Table& table)
+tl::expected<void, QString> copyTable(Store& from, Store& to, const Table& table)
 {
-  const StatementResult read = from.run(selectOf(from, table));
-  if (read.error)
-    return read.error->description;
-  for (qint64 at = 0; at < read.rows.rows(); at += RowsAStatement) {
+  const auto read = from.run(selectOf(from, table));
+  if (!read)
+    return tl::unexpected(read.error());
+  for (qint64 at = 0; at < read->rows(); at += RowsAStatement) {
     QStringList some;
-    for (qint64 i = at; i < std::min(at + RowsAStatement, qint64(read.rows.rows())); ++i)
-      some.append(rowOf(to, table, read.rows, i));
-    if (const StatementResult written = to.run("insert into " + QLatin1String(table.name) + " values" + some.join(u',')); written.error)
-      return written.error->description;
+    for (qint64 i = at; i < std::min(at + RowsAStatement, qint64(read->rows())); ++i)
+      some.append(rowOf(to, table, *read, i));
+    if (const auto written = to.run("insert into " + QLatin1String(table.name) + " values" + some.join(u',')); !written)
+      return tl::unexpected(written.error());
   }
   return {};
 }
 
-bool contentOf(Store& store, const Table& table, Content& content, QString& reason)
+tl::expected<Content, QString> contentOf(Store& store, const Table& table)
 {
   QStringList asked = {QStringLiteral("count(*)")};
   for (const Column& column : table.columns)
     if (isNumber(column))
       asked.append(store.sumOf(QLatin1String(column.name)));
-  const StatementResult read = store.run("select " + asked.join(u',') + " from " + table.name);
-  if (read.error)
-    reason = QLatin1String(table.name) + QStringLiteral(": ") + read.error->description;
-  if (read.error || read.rows.rows() != 1)
-    return false;
-  content.rows = read.rows.value(0, 0).toInteger();
+  const auto read = store.run("select " + asked.join(u',') + " from " + table.name);
+  if (!read)
+    return tl::unexpected(QLatin1String(table.name) + QStringLiteral(": ") + read.error());
+  Content content{read->value(0, 0).toInteger(), {}};
   for (int i = 1; i < asked.size(); ++i)
-    content.sums.append(read.rows.value(0, i).toText());
-  return true;
+    content.sums.append(read->value(0, i).toText());
+  return content;
 }
 
-QString fill(Store& from, Store& to)
+tl::expected<void, QString> fill(Store& from, Store& to)
 {
   for (const Table& table : Schema::allTables()) {
-    Content content;
-    QString reason;
-    if (!contentOf(to, table, content, reason))
-      return reason;
-    if (content.rows != 0)
-      return QStringLiteral("目标账套不是空的：%1").arg(QLatin1String(table.name));
-    if (reason = copyTable(from, to, table); !reason.isEmpty())
-      return QLatin1String(table.name) + QStringLiteral(": ") + reason;
+    const auto content = contentOf(to, table);
+    if (!content)
+      return tl::unexpected(content.error());
+    if (content->rows != 0)
+      return tl::unexpected(QStringLiteral("目标账套不是空的：%1").arg(QLatin1String(table.name)));
+    if (const auto copied = copyTable(from, to, table); !copied)
+      return tl::unexpected(QLatin1String(table.name) + QStringLiteral(": ") + copied.error());
   }
   return {};
 }
 
 } // namespace
 
-QString rows(Store& from, Store& to)
+tl::expected<void, QString> rows(Store& from, Store& to)
 {
-  if (const QString reason = to.runAll({QStringLiteral("begin")}); !reason.isEmpty())
-    return reason;
-  if (const QString reason = fill(from, to); !reason.isEmpty()) {
-    to.run(QStringLiteral("rollback"));
-    return reason;
+  if (const auto begun = to.run(QStringLiteral("begin")); !begun)
+    return tl::unexpected(begun.error());
+  if (auto filled = fill(from, to); !filled) {
+    std::ignore = to.run(QStringLiteral("rollback"));
+    return filled;
   }
   return to.runAll({QStringLiteral("commit")});
 }
 
-QList<Proof> prove(Store& from, Store& to, QString& reason)
+tl::expected<QList<Proof>, QString> prove(Store& from, Store& to)
 {
   QList<Proof> proofs;
   for (const Table& table : Schema::allTables()) {
-    Proof proof{QLatin1String(table.name), {}, {}, {}};
+    const auto there = contentOf(from, table);
+    if (!there)
+      return tl::unexpected(there.error());
+    const auto here = contentOf(to, table);
+    if (!here)
+      return tl::unexpected(here.error());
+    Proof proof{QLatin1String(table.name), {}, *there, *here};
     for (const Column& column : table.columns)
       if (isNumber(column))
         proof.columns.append(QLatin1String(column.name));
-    if (!contentOf(from, table, proof.from, reason) || !contentOf(to, table, proof.to, reason))
-      return {};
     proofs.append(proof);
   }
   return proofs;

@@ -2,6 +2,8 @@
 
 #include "accountset/Store.h"
 
+#include <QList>
+
 // All rows of one account set into another, and the proof that they arrived.
 namespace Copy {
 
@@ -20,11 +22,10 @@ struct Proof {
   Content to;
 };
 
-// Fills the tables of `to`, which must hold no rows, in one transaction. Empty if it worked; otherwise
-// why not, and `to` is as it was.
-QString rows(Store& from, Store& to);
+// Fills the tables of `to`, which must hold no rows, in one transaction. After an error `to` is as it was.
+[[nodiscard]] tl::expected<void, QString> rows(Store& from, Store& to);
 
-// Reads both sides anew and sets them side by side; `reason` tells why it could not.
-QList<Proof> prove(Store& from, Store& to, QString& reason);
+// Reads both sides again, one proof a table.
+[[nodiscard]] tl::expected<QList<Proof>, QString> prove(Store& from, Store& to);
 
 } // namespace Copy

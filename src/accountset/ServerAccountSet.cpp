@@ -4,8 +4,11 @@
 #include "accountset/SchemaSql.h"
 #include "accountset/Store.h"
 #include "database/PostgreSqlTypes.h"
+#include "database/SqlTokens.h"
 
 #include <QTemporaryDir>
+
+#include <tuple>
 
 namespace ServerAccountSet {
 namespace {
@@ -13,24 +16,21 @@ namespace {
 // The database that every server has, for statements about databases.
 constexpr char Maintenance[] = "postgres";
 
+using Result = tl::expected<void, QString>;
+
 QString name(const QString& text)
 {
-  return u'"' + QString(text).replace(u'"', QStringLiteral("\"\"")) + u'"';
+  return SqlTokens::quoted(text, u'"');
 }
 
-QString text(const QString& text)
+Result makeLogin(Store& server, const Login& login)
 {
-  return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\'';
-}
-
-QString makeLogin(Store& server, const Login& login)
-{
-  const StatementResult found = server.run("select 1 from pg_roles where rolname=" + text(login.name));
-  if (found.error)
-    return found.error->description;
-  if (found.rows.rows() > 0)
+  const auto found = server.run("select 1 from pg_roles where rolname=" + SqlTokens::quoted(login.name, u'\''));
+  if (!found)
+    return tl::unexpected(found.error());
+  if (found->rows() > 0)
     return {};
-  return server.runAll({"create role " + name(login.name) + " login password " + text(login.password)});
+  return server.runAll({"create role " + name(login.name) + " login password " + SqlTokens::quoted(login.password, u'\'')});
 }
 
 // Rows alone: no tables of one's own, not even passing ones.
@@ -41,29 +41,28 @@ QStringList rightsOf(const AccountSetLocation& location, const Login& login)
           "grant select, insert, update, delete on all tables in schema public to " + name(login.name)};
 }
 
-QString fillWithSample(Store& server)
+Result fillWithSample(Store& server)
 {
   const QTemporaryDir folder;
   const AccountSetLocation sample{folder.filePath(QStringLiteral("sample.mdb")), {}};
-  if (const QString reason = AccountSet::create(sample.file, AccountSet::Content::Demo); !reason.isEmpty())
-    return reason;
-  const Store::Opening opening = Store::open(sample);
-  return opening.store ? Copy::rows(*opening.store, server) : opening.reason;
+  return AccountSet::create(sample.file, AccountSet::Content::Demo)
+      .and_then([&] { return Store::open(sample); })
+      .and_then([&](const std::unique_ptr<Store>& store) { return Copy::rows(*store, server); });
 }
 
-QString fillDatabase(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
+Result fillDatabase(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
 {
-  const Store::Opening database = Store::open(location);
-  if (!database.store)
-    return database.reason;
+  const auto database = Store::open(location);
+  if (!database)
+    return tl::unexpected(database.error());
   QStringList statements = {QStringLiteral("begin")};
   statements += PostgreSqlTypes::definitions();
   statements += SchemaSql::statements(Schema::allTables(), SchemaSql::Server);
   statements += rightsOf(location, login);
   statements += QStringLiteral("commit");
-  if (const QString reason = database.store->runAll(statements); !reason.isEmpty())
-    return reason;
-  return content == AccountSet::Content::Demo ? fillWithSample(*database.store) : QString();
+  return (*database)->runAll(statements).and_then([&] {
+    return content == AccountSet::Content::Demo ? fillWithSample(**database) : Result();
+  });
 }
 
 } // namespace
@@ -75,21 +74,23 @@ AccountSetLocation withDatabase(const AccountSetLocation& location, const QStrin
   return other;
 }
 
-QString create(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
+Result create(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
 {
-  const Store::Opening server = Store::open(withDatabase(location, QLatin1String(Maintenance)));
-  if (!server.store)
-    return QStringLiteral("不能连接服务器：%1").arg(server.reason);
-  QString reason = makeLogin(*server.store, login);
-  if (reason.isEmpty())
-    reason = server.store->runAll({"create database " + name(location.server.database) + u' ' + PostgreSqlTypes::DatabaseOptions});
-  if (!reason.isEmpty())
-    return QStringLiteral("不能建立账套数据库：%1").arg(reason);
-  reason = fillDatabase(location, login, content);
-  if (reason.isEmpty())
+  const auto opened = Store::open(withDatabase(location, QLatin1String(Maintenance)));
+  if (!opened)
+    return tl::unexpected(QStringLiteral("不能连接服务器：%1").arg(opened.error()));
+  Store& server = **opened;
+  const QString database = name(location.server.database);
+  const auto made = makeLogin(server, login).and_then([&] {
+    return server.runAll({"create database " + database + u' ' + PostgreSqlTypes::DatabaseOptions});
+  });
+  if (!made)
+    return tl::unexpected(QStringLiteral("不能建立账套数据库：%1").arg(made.error()));
+  const auto filled = fillDatabase(location, login, content);
+  if (filled)
     return {};
-  server.store->run("drop database " + name(location.server.database));
-  return QStringLiteral("不能建立账套的数据表：%1").arg(reason);
+  std::ignore = server.run("drop database " + database);
+  return tl::unexpected(QStringLiteral("不能建立账套的数据表：%1").arg(filled.error()));
 }
 
 } // namespace ServerAccountSet

@@ -14,9 +14,9 @@ struct Login {
 
 // Makes the database that `location` names, as the administrator that it names, with all tables, keys and
 // indexes, and lets `login` select, insert, update and delete there, and nothing else. A login that is not
-// there yet is made; one that is keeps its password. Empty if the database stands now, otherwise why not;
-// one that was there before is left as it was.
-QString create(const AccountSetLocation& location, const Login& login, AccountSet::Content content);
+// there yet is made; one that is keeps its password. A database that was there before is left as it
+// was.
+[[nodiscard]] tl::expected<void, QString> create(const AccountSetLocation& location, const Login& login, AccountSet::Content content);
 
 // The same server, but another database.
 AccountSetLocation withDatabase(const AccountSetLocation& location, const QString& database);

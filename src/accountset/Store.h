@@ -1,31 +1,31 @@
 #pragma once
 
 #include "accountset/AccountSetLocation.h"
-#include "accountset/Schema.h"
-#include "database/Engine.h"
+#include "database/RowSet.h"
 
 #include <QStringList>
+
+#include <tl/expected.hpp>
+
 #include <memory>
 
 // An account set opened by those who make, fill and copy it: a file or a server database, with none of the
-// program's guards. What is run is in the engine's own SQL.
+// program's guards. What is run is in the engine's own SQL. The error is the engine's words.
 class Store {
 public:
-  struct Opening {
-    std::unique_ptr<Store> store; // null if it could not be opened
-    QString reason;
-  };
+  using Opened = tl::expected<std::unique_ptr<Store>, QString>;
+
   // A file must exist.
-  static Opening open(const AccountSetLocation& location);
+  [[nodiscard]] static Opened open(const AccountSetLocation& location);
   // The account set as it is at one moment, to be read: what operators write later is not in it, and they
   // need not wait for its reader.
-  static Opening openMoment(const AccountSetLocation& location);
+  [[nodiscard]] static Opened openMoment(const AccountSetLocation& location);
 
   virtual ~Store() = default;
 
-  virtual StatementResult run(const QString& sql) = 0;
-  // Runs them one by one until one fails; empty if none did.
-  QString runAll(const QStringList& statements);
+  [[nodiscard]] virtual tl::expected<RowSet, QString> run(const QString& sql) = 0;
+  // Runs them one by one until one fails.
+  [[nodiscard]] tl::expected<void, QString> runAll(const QStringList& statements);
 
   // The words in which the engines differ: a binary column as hexadecimal text and back, and the sum of a
   // column of numbers in millionths, as text, exactly.

@@ -1,6 +1,7 @@
 #include "database/AccountSetFile.h"
 
 #include "database/SqlTokens.h"
+#include "database/Sqlite.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -111,49 +112,45 @@ private:
   std::size_t m_at = 0;
 };
 
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
-
-std::unique_ptr<DatabaseError> errorOf(int number, const QString& words)
+DatabaseResult<void> readSchema(sqlite3* database)
 {
-  return std::make_unique<DatabaseError>(DatabaseError{number, words});
-}
-
-std::unique_ptr<DatabaseError> readSchema(sqlite3* database)
-{
-  sqlite3_stmt* prepared = nullptr;
-  int code = sqlite3_prepare_v2(database, "select name, sql from sqlite_schema where sql is not null", -1, &prepared, nullptr);
-  const Statement statement(prepared);
-  while (code == SQLITE_OK || code == SQLITE_ROW) {
-    code = sqlite3_step(prepared);
-    const auto text = [&](int column) { return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(prepared, column))); };
-    if (code == SQLITE_ROW && !Definition(text(1)).isHarmless())
-      return errorOf(SQLITE_NOTADB, QStringLiteral("账套文件含有不允许的定义：%1").arg(text(0).left(100)));
-  }
-  return code == SQLITE_DONE ? nullptr : errorOf(sqlite3_extended_errcode(database), QString::fromUtf8(sqlite3_errmsg(database)));
+  const auto statement = Sqlite::prepare(database, "select name, sql from sqlite_schema where sql is not null");
+  if (!statement)
+    return tl::unexpected(statement.error());
+  const auto text = [&](int column) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement->get(), column)));
+  };
+  int step = SQLITE_ROW;
+  while ((step = sqlite3_step(statement->get())) == SQLITE_ROW)
+    if (!Definition(text(1)).isHarmless())
+      return databaseError(SQLITE_NOTADB, QStringLiteral("账套文件含有不允许的定义：%1").arg(text(0).left(100)));
+  if (step != SQLITE_DONE)
+    return tl::unexpected(Sqlite::errorOf(database));
+  return {};
 }
 
 } // namespace
 
-QString refusalOf(const QString& path)
+DatabaseResult<void> check(const QString& path)
 {
+  const auto refused = [](const char16_t* why, const QString& file) {
+    return databaseError(SQLITE_CANTOPEN, QString::fromUtf16(why) + file);
+  };
   const QFileInfo info(path);
   if (!info.exists())
-    return QStringLiteral("找不到数据库文件：%1").arg(path);
+    return refused(u"找不到数据库文件：", path);
   if (!info.isFile())
-    return QStringLiteral("不是数据库文件：%1").arg(path);
+    return refused(u"不是数据库文件：", path);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    return QStringLiteral("不能读取数据库文件：%1").arg(path);
+    return refused(u"不能读取数据库文件：", path);
   if (file.read(16) != QByteArray("SQLite format 3\0", 16))
-    return QStringLiteral("不可识别的数据库格式：%1").arg(path);
+    return refused(u"不可识别的数据库格式：", path);
   // The engine opens what lies beside the file under these names, would wait for a pipe and write through a link.
   for (const char* suffix : {"-journal", "-wal", "-shm"}) {
     const QFileInfo beside(info.canonicalFilePath() + QLatin1String(suffix));
     if (beside.isSymLink() || (beside.exists() && !beside.isFile()))
-      return QStringLiteral("不是数据库文件：%1").arg(beside.filePath());
+      return refused(u"不是数据库文件：", beside.filePath());
   }
   return {};
 }
@@ -167,12 +164,12 @@ int limit(sqlite3* database)
   return code;
 }
 
-std::unique_ptr<DatabaseError> refusalOfSchema(sqlite3* database)
+DatabaseResult<void> checkSchema(sqlite3* database)
 {
   sqlite3_limit(database, SQLITE_LIMIT_LENGTH, LongestDefinition);
-  auto refusal = readSchema(database);
+  auto read = readSchema(database);
   sqlite3_limit(database, SQLITE_LIMIT_LENGTH, LongestValue);
-  return refusal;
+  return read;
 }
 
 Share::Share(sqlite3* database, std::chrono::nanoseconds time) : m_database(database), m_time(time), m_end(computed() + time)
@@ -190,14 +187,14 @@ int Share::isOver(void* share)
   return computed() > static_cast<const Share*>(share)->m_end;
 }
 
-std::unique_ptr<DatabaseError> Share::excess(const RowSet& rows) const
+std::optional<DatabaseError> Share::excess(const RowSet& rows) const
 {
   if (!hasRoomFor(rows))
-    return errorOf(SQLITE_TOOBIG, QStringLiteral("查询结果超过 %1 MB").arg(LargestResult >> 20));
+    return DatabaseError{SQLITE_TOOBIG, QStringLiteral("查询结果超过 %1 MB").arg(LargestResult >> 20)};
   if (sqlite3_errcode(m_database) == SQLITE_INTERRUPT)
-    return errorOf(SQLITE_INTERRUPT,
-                   QStringLiteral("语句的运行时间超过 %1 秒").arg(std::chrono::ceil<std::chrono::seconds>(m_time).count()));
-  return nullptr;
+    return DatabaseError{SQLITE_INTERRUPT,
+                         QStringLiteral("语句的运行时间超过 %1 秒").arg(std::chrono::ceil<std::chrono::seconds>(m_time).count())};
+  return std::nullopt;
 }
 
 } // namespace AccountSetFile

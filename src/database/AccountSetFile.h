@@ -1,9 +1,10 @@
 #pragma once
 
-#include "database/Engine.h"
+#include "database/DatabaseError.h"
+#include "database/RowSet.h"
 
 #include <chrono>
-#include <memory>
+#include <optional>
 
 struct sqlite3;
 
@@ -12,16 +13,16 @@ struct sqlite3;
 // its definitions, values without measure.
 namespace AccountSetFile {
 
-// What is against opening the file, before anything is read of it; empty if nothing is.
-QString refusalOf(const QString& path);
+// Whether the file may be opened, before anything of it is read.
+[[nodiscard]] DatabaseResult<void> check(const QString& path);
 
 // Views and triggers are off, and no value is longer than LongestValue. Returns SQLite's result code.
-int limit(sqlite3* database);
+[[nodiscard]] int limit(sqlite3* database);
 
-// What is against working with an open file; null if nothing is. It may hold tables, indexes of columns, and
+// Whether an open file may be worked with. It may hold tables, indexes of columns, and
 // views and triggers, which are not used; virtual tables and definitions with expressions in them (checks,
 // generated columns, defaults that are computed, indexes of expressions or of some rows) are refused.
-std::unique_ptr<DatabaseError> refusalOfSchema(sqlite3* database);
+[[nodiscard]] DatabaseResult<void> checkSchema(sqlite3* database);
 
 constexpr int LongestValue = 64 << 20; // a bill template has some megabytes
 constexpr std::size_t LargestResult = 256 << 20;
@@ -36,8 +37,8 @@ public:
   Share& operator=(const Share&) = delete;
 
   bool hasRoomFor(const RowSet& rows) const { return rows.size() <= LargestResult; }
-  // Why a statement that did not come to its end has used up its share; null if it hasn't.
-  std::unique_ptr<DatabaseError> excess(const RowSet& rows) const;
+  // Why a statement that did not come to its end has used up its share; nothing if it hasn't.
+  std::optional<DatabaseError> excess(const RowSet& rows) const;
 
 private:
   static int isOver(void* share);

@@ -10,16 +10,12 @@ public:
   bool isOpen() const { return m_engine && m_engine->isOpen(); }
   void close() { m_engine.reset(); }
 
-  // Opens by a connection text; null if it worked, otherwise the error.
-  std::unique_ptr<DatabaseError> open(const QString& connectionText);
+  [[nodiscard]] DatabaseResult<void> open(const QString& connectionText);
 
-  struct Outcome {
-    Recordset recordset; // not open if the statement gives no rows or failed
-    std::unique_ptr<DatabaseError> error;
-  };
-  // Runs one statement on the open connection. One that was dropped is made anew, once, if the statement
-  // cannot have done anything yet; otherwise the failure is told and the holder is no longer open.
-  Outcome run(const QString& sql);
+  // Runs one statement on the open connection; the recordset of anything but a select is not open. A connection
+  // that was dropped is made again, once, if the statement cannot have done anything yet; otherwise the error is
+  // returned and the holder is no longer open.
+  [[nodiscard]] DatabaseResult<Recordset> run(const QString& sql);
 
 private:
   std::unique_ptr<Engine> m_engine;

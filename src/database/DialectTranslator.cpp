@@ -32,7 +32,7 @@ bool isPlain(const SqlToken& token)
 }
 
 // A driver reads {...} as its own words; PostgreSQL reads $...$ and E'...' as quotes.
-QString refusalOfSigns(const Tokens& tokens, Target target)
+std::optional<QString> refusalOfSigns(const Tokens& tokens, Target target)
 {
   for (std::size_t at = 0; at < tokens.size(); ++at) {
     const SqlToken& token = tokens[at];
@@ -41,10 +41,10 @@ QString refusalOfSigns(const Tokens& tokens, Target target)
     if (opensEscapes || (isPlain(token) && (token.text.contains(u'{') || (target == Target::PostgreSql && token.text.contains(u'$')))))
       return QStringLiteral("语句含有无效字符：%1").arg(token.text.left(60).toString());
   }
-  return {};
+  return std::nullopt;
 }
 
-QString refusalOf(QStringView sql, const Tokens& tokens, Target target)
+std::optional<QString> refusalOf(QStringView sql, const Tokens& tokens, Target target)
 {
   if (hasBrokenCharacter(sql))
     return QStringLiteral("语句含有无效字符");
@@ -63,7 +63,7 @@ QString refusalOf(QStringView sql, const Tokens& tokens, Target target)
   for (std::size_t at = 0; at < tokens.size(); ++at)
     if (tokens[at].isSymbol(u';') && at + 1 < tokens.size())
       return QStringLiteral("一次只允许一条语句");
-  return target == Target::Embedded ? QString() : refusalOfSigns(tokens, target);
+  return target == Target::Embedded ? std::nullopt : refusalOfSigns(tokens, target);
 }
 
 // Position of the bracket that closes the one at `open`; nothing if it is missing.
@@ -83,7 +83,7 @@ QString dateLiteral(QStringView token)
 {
   const QStringView inside = token.sliced(1, token.size() - 2).trimmed();
   const auto date = DateText::parse(inside);
-  return u'\'' + (date ? DateText::shortForm(*date) : inside.toString().replace(u'\'', QStringLiteral("''"))) + u'\'';
+  return SqlTokens::quoted(date ? DateText::shortForm(*date) : inside.toString(), u'\'');
 }
 
 // "#2022-06-08#", as the system writes nearly all of its dates: only the quotes are other ones.
@@ -102,7 +102,7 @@ bool isShortForm(QStringView token)
 QString quotedName(QStringView token)
 {
   const QString inside = token.sliced(1, token.size() - 2).toString().toLower();
-  return u'"' + (token[0] == u'[' ? QString(inside).replace(u'"', QStringLiteral("\"\"")) : inside) + u'"';
+  return token[0] == u'[' ? SqlTokens::quoted(inside, u'"') : u'"' + inside + u'"';
 }
 
 // Collects what changes of a statement, and writes the statement with it.
@@ -254,8 +254,9 @@ private:
   // An insertion stands ahead of what replaces the token behind it.
   QString written()
   {
-    std::stable_sort(m_edits.begin(), m_edits.end(),
-                     [](const SqlEdit& a, const SqlEdit& b) { return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank); });
+    std::stable_sort(m_edits.begin(), m_edits.end(), [](const SqlEdit& a, const SqlEdit& b) {
+      return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank);
+    });
     QString sql;
     sql.reserve(m_sql.size() + 16 * qsizetype(m_edits.size()));
     qsizetype done = 0;
@@ -274,13 +275,13 @@ private:
 
 } // namespace
 
-Translation translate(const QString& sql, Target target)
+tl::expected<Translation, QString> translate(const QString& sql, Target target)
 {
   const Tokens tokens = SqlTokens::read(sql);
-  if (const QString refusal = refusalOf(sql, tokens, target); !refusal.isEmpty())
-    return {{}, refusal};
+  if (const auto refusal = refusalOf(sql, tokens, target))
+    return tl::unexpected(*refusal);
   const bool isQuery = tokens.front().isWord(QLatin1String("select"));
-  return {target == Target::SqlServer ? sql : Rewriter(sql, tokens, target).rewritten(), {}, isQuery};
+  return Translation{target == Target::SqlServer ? sql : Rewriter(sql, tokens, target).rewritten(), isQuery};
 }
 
 } // namespace DialectTranslator

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <tl/expected.hpp>
+
 // Turns the system's SQL, in either column of the dialect rule, into what an engine takes. Only what the
 // engine would not take is rewritten, token by token: #date#, cint(x), convert(int,x), isnull(x) and
 // top n, and for a server a few signs that it reads otherwise. Everything else, spacing included, stays
@@ -16,16 +18,14 @@ enum class Target {
 
 struct Translation {
   QString sql;
-  // Not empty if the statement may not be run at all; then the reason, and sql is empty.
-  QString refusal;
   bool isQuery = false; // a select
 };
 
-// Refused: anything but one select, insert, update or delete; a text or date that does not end; a
+// Refused, with the reason: anything but one select, insert, update or delete; a text or date that does not end; a
 // comment; a NUL character or half a surrogate pair, which drivers cut off silently; and for a server
 // the signs by which it, or its driver, would read the quotes otherwise than we do.
-Translation translate(const QString& sql, Target target);
-inline Translation forEmbedded(const QString& sql)
+[[nodiscard]] tl::expected<Translation, QString> translate(const QString& sql, Target target);
+[[nodiscard]] inline tl::expected<Translation, QString> forEmbedded(const QString& sql)
 {
   return translate(sql, Target::Embedded);
 }

@@ -15,11 +15,7 @@ struct EmbeddedEngine {
   // How long a statement waits for another program's lock.
   static constexpr std::chrono::milliseconds LockWait{30000};
 
-  struct Opening {
-    std::unique_ptr<Engine> engine; // null if the file could not be opened
-    DatabaseError error;
-  };
-
-  static Opening open(const QString& path, std::chrono::milliseconds lockWait = LockWait,
-                      std::chrono::milliseconds longestStatement = AccountSetFile::LongestStatement);
+  [[nodiscard]] static DatabaseResult<std::unique_ptr<Engine>>
+  open(const QString& path, std::chrono::milliseconds lockWait = LockWait,
+       std::chrono::milliseconds longestStatement = AccountSetFile::LongestStatement);
 };

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <charconv>
+#include <optional>
 #include <sql.h>
 #include <sqlext.h>
 #include <vector>
@@ -102,18 +103,18 @@ class RowReader {
 public:
   explicit RowReader(SQLHSTMT statement) : m_statement(statement) {}
 
-  // False if the driver failed on the way.
-  bool readAll(RowSet& rows)
+  // Nothing if the driver failed on the way.
+  std::optional<RowSet> readAll()
   {
     if (!describe())
-      return false;
-    rows = RowSet(m_names);
+      return std::nullopt;
+    RowSet rows(m_names);
     SQLRETURN code = SQL_SUCCESS;
     while (SQL_SUCCEEDED(code = SQLFetch(m_statement)))
       for (std::size_t i = 0; i < m_readings.size(); ++i)
         if (!readValue(rows, SQLUSMALLINT(i + 1), m_readings[i]))
-          return false;
-    return code == SQL_NO_DATA;
+          return std::nullopt;
+    return code == SQL_NO_DATA ? std::optional(std::move(rows)) : std::nullopt;
   }
 
 private:
@@ -136,33 +137,34 @@ private:
 
   bool readValue(RowSet& rows, SQLUSMALLINT column, Reading reading)
   {
-    bool isNull = false;
-    if (!fetchBytes(column, reading == Reading::Bytes ? SQL_C_BINARY : SQL_C_CHAR, isNull))
+    if (!fetchBytes(column, reading == Reading::Bytes ? SQL_C_BINARY : SQL_C_CHAR))
       return false;
-    if (isNull)
+    if (!m_value)
       rows.appendNull();
     else if (reading == Reading::Integer)
-      rows.appendInteger(numberOf<std::int64_t>(m_value));
+      rows.appendInteger(numberOf<std::int64_t>(*m_value));
     else if (reading == Reading::Real)
-      rows.appendReal(numberOf<double>(m_value));
+      rows.appendReal(numberOf<double>(*m_value));
     else
-      rows.appendText(m_value.data(), m_value.size());
+      rows.appendText(m_value->data(), m_value->size());
     return true;
   }
 
   // Leaves the value in m_value. Nearly all fit into one piece; a long one is put together.
-  bool fetchBytes(SQLUSMALLINT column, SQLSMALLINT type, bool& isNull)
+  bool fetchBytes(SQLUSMALLINT column, SQLSMALLINT type)
   {
-    const SQLLEN room = SQLLEN(sizeof m_piece) - (type == SQL_C_CHAR ? 1 : 0);
+    const SQLLEN capacity = SQLLEN(sizeof m_piece) - (type == SQL_C_CHAR ? 1 : 0);
+    m_value.reset();
     m_long.resize(0);
     while (true) {
       SQLLEN size = 0;
       const SQLRETURN code = SQLGetData(m_statement, column, type, m_piece, sizeof m_piece, &size);
       if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
         return false;
-      isNull = code != SQL_NO_DATA && size == SQL_NULL_DATA;
-      const bool isLast = code == SQL_NO_DATA || isNull || (size != SQL_NO_TOTAL && size <= room);
-      const SQLLEN got = code == SQL_NO_DATA || isNull ? 0 : isLast ? size : room;
+      if (code != SQL_NO_DATA && size == SQL_NULL_DATA)
+        return true;
+      const bool isLast = code == SQL_NO_DATA || (size != SQL_NO_TOTAL && size <= capacity);
+      const SQLLEN got = code == SQL_NO_DATA ? 0 : isLast ? size : capacity;
       if (isLast && m_long.isEmpty()) {
         m_value = QByteArrayView(m_piece, got);
         return true;
@@ -177,7 +179,7 @@ private:
   SQLHSTMT m_statement;
   QStringList m_names;
   std::vector<Reading> m_readings;
-  QByteArrayView m_value; // of m_piece or m_long
+  std::optional<QByteArrayView> m_value; // of m_piece or m_long; nothing for null
   QByteArray m_long;
   char m_piece[4096];
 };
@@ -280,7 +282,7 @@ QString Odbc::driverText(const ServerAddress& server, const ServerWaits& waits, 
   return words.join(u';') + u';';
 }
 
-Odbc::Opening Odbc::open(const ServerAddress& server, const ServerWaits& waits)
+DatabaseResult<std::unique_ptr<Odbc>> Odbc::open(const ServerAddress& server, const ServerWaits& waits)
 {
   auto handles = std::make_unique<Handles>();
   handles->waits = waits;
@@ -289,23 +291,23 @@ Odbc::Opening Odbc::open(const ServerAddress& server, const ServerWaits& waits)
   handles->connection = std::make_unique<Handle<SQL_HANDLE_DBC>>(environment);
   SQLHDBC connection = handles->connection->get();
   if (connection == SQL_NULL_HANDLE)
-    return {nullptr, {Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用")}};
+    return databaseError(Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用"));
   SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(waits.connect)), 0);
   const QByteArray text = driverText(server, waits, libraryOf(environment, server.driver)).toUtf8();
   if (!SQL_SUCCEEDED(handles->connect(text))) {
     DatabaseError error = diagnosisOf(SQL_HANDLE_DBC, connection).error;
     if (handles->watch.hasEndedACall())
       error.description = noAnswerWithin(handles->connectWait());
-    return {nullptr, error};
+    return tl::unexpected(error);
   }
   std::unique_ptr<Odbc> odbc(new Odbc(std::move(handles)));
-  if (const QString reason = odbc->setUp(waits); !reason.isEmpty())
-    return {nullptr, {Unnumbered, reason}};
-  return {std::move(odbc), {}};
+  if (const auto set = odbc->setUp(waits); !set)
+    return databaseError(Unnumbered, set.error().description);
+  return odbc;
 }
 
-// The limits of time, and quotes that end where the standard ends them. Empty if the server took them.
-QString Odbc::setUp(const ServerWaits& waits)
+// The limits of time, and quotes that end where the standard ends them.
+DatabaseResult<void> Odbc::setUp(const ServerWaits& waits)
 {
   const auto number = [](std::chrono::milliseconds wait) { return QByteArray::number(qint64(wait.count())); };
   QList<QByteArray> settings;
@@ -315,8 +317,8 @@ QString Odbc::setUp(const ServerWaits& waits)
   else if (kind() == Kind::SqlServer)
     settings = {"set lock_timeout " + number(waits.lock)};
   for (const QByteArray& setting : settings)
-    if (const StatementResult result = runWithin(setting, waits.connect); result.error)
-      return result.error->description;
+    if (const auto result = runWithin(setting, waits.connect); !result)
+      return tl::unexpected(result.error());
   return {};
 }
 
@@ -336,48 +338,49 @@ Odbc::Kind Odbc::kind() const
   return m_handles->kind;
 }
 
-StatementResult Odbc::run(const QByteArray& utf8)
+DatabaseResult<RowSet> Odbc::run(const QByteArray& utf8)
 {
   // Beyond its limit a statement is ended by the server, which needs a while to say so.
   return runWithin(utf8, m_handles->waits.statement + m_handles->waits.connect);
 }
 
-StatementResult Odbc::tryOut()
+DatabaseResult<RowSet> Odbc::tryOut()
 {
   return runWithin("select 1", m_handles->waits.connect);
 }
 
-StatementResult Odbc::runWithin(const QByteArray& utf8, std::chrono::milliseconds limit)
+DatabaseResult<RowSet> Odbc::runWithin(const QByteArray& utf8, std::chrono::milliseconds limit)
 {
   const ServerWatch::Call call(m_handles->watch, limit);
-  StatementResult result = execute(utf8);
+  auto result = execute(utf8);
   if (isGivenUp()) {
     m_handles->lost = true;
-    if (result.error)
-      result.error->description = noAnswerWithin(limit);
+    if (!result)
+      result.error().description = noAnswerWithin(limit);
   }
   return result;
 }
 
-StatementResult Odbc::execute(const QByteArray& utf8)
+DatabaseResult<RowSet> Odbc::execute(const QByteArray& utf8)
 {
   const Handle<SQL_HANDLE_STMT> statement(m_handles->connection->get());
   if (kind() != Kind::PostgreSql)
     SQLSetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(m_handles->waits.statement)), 0);
-  StatementResult result;
   SQLRETURN code = SQLExecDirect(statement.get(), bytesOf(utf8), SQLINTEGER(utf8.size()));
   SQLSMALLINT columns = 0;
   if (SQL_SUCCEEDED(code))
     code = SQLNumResultCols(statement.get(), &columns);
-  result.isQuery = columns > 0;
   // An update or delete that met no row answers SQL_NO_DATA.
-  if (code == SQL_NO_DATA || (SQL_SUCCEEDED(code) && (!result.isQuery || RowReader(statement.get()).readAll(result.rows))))
-    return result;
+  if (code == SQL_NO_DATA || (SQL_SUCCEEDED(code) && columns == 0))
+    return RowSet();
+  if (SQL_SUCCEEDED(code))
+    if (auto rows = RowReader(statement.get()).readAll())
+      return *std::move(rows);
   const Diagnosis diagnosis = diagnosisOf(SQL_HANDLE_STMT, statement.get());
   SQLUINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttr(m_handles->connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
   m_handles->lost = m_handles->lost || dead == SQL_CD_TRUE || tellsOfLoss(diagnosis.state);
-  return StatementResult::failed(diagnosis.error.number, diagnosis.error.description);
+  return tl::unexpected(diagnosis.error);
 }
 
 bool Odbc::isLost() const

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "database/Engine.h"
+#include "database/DatabaseError.h"
+#include "database/RowSet.h"
 #include "database/ServerAddress.h"
 
 #include <memory>
@@ -15,20 +16,16 @@ class Odbc {
 public:
   enum class Kind { PostgreSql, SqlServer, Unknown };
 
-  struct Opening {
-    std::unique_ptr<Odbc> connection; // null if the server could not be reached or refused
-    DatabaseError error;
-  };
-  static Opening open(const ServerAddress& server, const ServerWaits& waits = {});
+  [[nodiscard]] static DatabaseResult<std::unique_ptr<Odbc>> open(const ServerAddress& server, const ServerWaits& waits = {});
 
   ~Odbc();
 
   // What the server says that it is.
   Kind kind() const;
   // Runs one statement, given as UTF-8, and reads its rows to their end.
-  StatementResult run(const QByteArray& utf8);
+  [[nodiscard]] DatabaseResult<RowSet> run(const QByteArray& utf8);
   // Asks the server for a sign of life, for which it has as long as for connecting.
-  StatementResult tryOut();
+  [[nodiscard]] DatabaseResult<RowSet> tryOut();
   // True once a failure has shown that the server is gone from the other end, or it had to be given up.
   bool isLost() const;
   // The latter alone: it had all the time that a statement may take.
@@ -42,9 +39,9 @@ private:
   struct Handles;
 
   explicit Odbc(std::unique_ptr<Handles> handles);
-  QString setUp(const ServerWaits& waits);
-  StatementResult runWithin(const QByteArray& utf8, std::chrono::milliseconds limit);
-  StatementResult execute(const QByteArray& utf8);
+  DatabaseResult<void> setUp(const ServerWaits& waits);
+  DatabaseResult<RowSet> runWithin(const QByteArray& utf8, std::chrono::milliseconds limit);
+  DatabaseResult<RowSet> execute(const QByteArray& utf8);
 
   std::unique_ptr<Handles> m_handles;
 };

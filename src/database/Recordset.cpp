@@ -2,35 +2,18 @@
 
 #include "platform/RunTimeError.h"
 
+#include <utility>
+
 void Recordset::requireOpen() const
 {
-  if (!m_open)
+  if (!isOpen())
     throw RunTimeError(RunTimeError::Closed, QStringLiteral("对象关闭时，不允许操作"));
-}
-
-bool Recordset::bof() const
-{
-  requireOpen();
-  return m_at < 0 || m_rows.rows() == 0;
 }
 
 bool Recordset::eof() const
 {
   requireOpen();
-  return m_at >= m_rows.rows() || m_rows.rows() == 0;
-}
-
-void Recordset::moveFirst()
-{
-  requireOpen();
-  m_at = 0;
-}
-
-void Recordset::movePrevious()
-{
-  requireOpen();
-  if (m_at >= 0)
-    --m_at;
+  return m_at >= m_rows.rows();
 }
 
 void Recordset::moveNext()
@@ -38,12 +21,6 @@ void Recordset::moveNext()
   requireOpen();
   if (m_at < m_rows.rows())
     ++m_at;
-}
-
-void Recordset::moveLast()
-{
-  requireOpen();
-  m_at = m_rows.rows() - 1;
 }
 
 std::int64_t Recordset::recordCount() const
@@ -58,7 +35,7 @@ int Recordset::requireColumn(const QString& name) const
   const int column = m_rows.column(name);
   if (column < 0)
     throw RunTimeError(RunTimeError::NoSuchField, QStringLiteral("在对应所需名称或序数的集合中，未找到项目：%1").arg(name));
-  if (m_at < 0 || m_at >= m_rows.rows())
+  if (m_at >= m_rows.rows())
     throw RunTimeError(RunTimeError::NoCurrentRecord, QStringLiteral("没有当前记录"));
   return column;
 }
@@ -84,7 +61,5 @@ const RowSet& Recordset::rows() const
 RowSet Recordset::takeRows()
 {
   requireOpen();
-  RowSet taken = std::move(m_rows);
-  close();
-  return taken;
+  return std::exchange(m_rows, RowSet());
 }

@@ -6,23 +6,18 @@
 #include <QString>
 
 // The rows of one query with a cursor over them, as the system's routines read them. A recordset of
-// a statement that gave no rows (insert, update, delete) or that failed is not open, and reading it
+// a statement that is no query (insert, update, delete) or that failed is not open, and reading it
 // throws RunTimeError: a failed read never becomes an empty text or a 0.
 class Recordset {
 public:
   Recordset() = default;
-  explicit Recordset(RowSet rows) : m_rows(std::move(rows)), m_open(true) {}
+  explicit Recordset(RowSet rows) : m_rows(std::move(rows)) {}
 
-  bool isOpen() const { return m_open; }
-  void close() { *this = Recordset(); }
+  bool isOpen() const { return !m_rows.names().isEmpty(); }
 
-  // Ahead of the first row, or behind the last; both are true for a recordset without rows.
-  bool bof() const;
+  // After the last row; true at once for a recordset without rows.
   bool eof() const;
-  void moveFirst();
-  void movePrevious();
   void moveNext();
-  void moveLast();
   std::int64_t recordCount() const;
 
   // A field of the current row, by its name without regard to case. RunTimeError if the recordset
@@ -36,14 +31,13 @@ public:
 
   // All rows, for a list that shows them as they are.
   const RowSet& rows() const;
-  // The same, taken over by a list that keeps them; the recordset is closed behind it.
+  // The same, for a list that keeps them; the recordset is closed.
   RowSet takeRows();
 
 private:
   void requireOpen() const;
   int requireColumn(const QString& name) const;
 
-  RowSet m_rows;
-  std::int64_t m_at = 0; // -1 ahead of the first row
-  bool m_open = false;
+  RowSet m_rows; // without columns if it is not open
+  std::int64_t m_at = 0;
 };

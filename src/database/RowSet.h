@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-// The rows that a query gave, read to their end and kept typed: sixteen bytes a value and the texts
+// The rows that a query returned, read to their end and kept typed: sixteen bytes a value and the texts
 // as UTF-8 in one block, so that a list of tens of thousands of rows costs what it holds. An engine
 // appends to it; a Recordset reads it.
 class RowSet {
@@ -31,6 +31,7 @@ public:
   void appendText(const char* utf8, std::int64_t size);
 
 private:
+  enum class Kind : std::uint8_t { Null, Integer, Real, Text };
   struct Cell {
     union {
       std::int64_t integer;
@@ -38,8 +39,10 @@ private:
       std::int64_t offset; // of a text in m_texts
     };
     std::uint32_t size;
-    Value::Kind kind;
+    Kind kind;
   };
+
+  const Cell& cell(std::int64_t row, int column) const;
 
   QStringList m_names;
   std::vector<Cell> m_cells;

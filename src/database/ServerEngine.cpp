@@ -26,37 +26,31 @@ public:
 
   bool isOpen() const override { return !m_connection->isLost(); }
 
-  StatementResult execute(const QString& sql) override
+  DatabaseResult<RowSet> execute(const QString& sql) override
   {
     const auto translation = DialectTranslator::translate(sql, m_target);
-    if (!translation.refusal.isEmpty())
-      return StatementResult::failed(Refused, translation.refusal);
-    if (!fitsCodePage(translation.sql))
-      return StatementResult::failed(Refused, QStringLiteral("语句含有服务器代码页以外的文字"));
-    if (!translation.isQuery && Clock::now() - m_lastUse > TrustedPause)
-      if (StatementResult trial = m_connection->tryOut(); trial.error)
-        return repeatable(std::move(trial));
-    StatementResult result = m_connection->run(translation.sql.toUtf8());
+    if (!translation)
+      return databaseError(Refused, translation.error());
+    // PostgreSQL refuses by itself what its encoding has no character for; SQL Server writes a "?" instead.
+    if (m_target == Target::SqlServer && !AnsiText::holds(translation->sql))
+      return databaseError(Refused, QStringLiteral("语句含有服务器代码页以外的文字"));
+    if (!translation->isQuery && Clock::now() - m_lastUse > TrustedPause)
+      if (const auto trial = m_connection->tryOut(); !trial)
+        return repeatable(trial.error());
+    auto rows = m_connection->run(translation->sql.toUtf8());
     m_lastUse = Clock::now();
-    result.isQuery = result.isQuery && translation.isQuery;
-    const bool mayBeRepeated = translation.isQuery && !m_connection->isGivenUp();
-    return result.error && mayBeRepeated ? repeatable(std::move(result)) : std::move(result);
+    if (!rows && translation->isQuery && !m_connection->isGivenUp())
+      return repeatable(rows.error());
+    if (rows && !translation->isQuery)
+      return RowSet();
+    return rows;
   }
 
 private:
-  StatementResult repeatable(StatementResult result) const
+  tl::unexpected<DatabaseError> repeatable(DatabaseError error) const
   {
-    result.isRepeatable = !isOpen();
-    return result;
-  }
-
-  // PostgreSQL refuses by itself what its encoding has no character for; SQL Server writes a "?" instead.
-  bool fitsCodePage(const QString& sql) const
-  {
-    bool lossless = true;
-    if (m_target == Target::SqlServer)
-      AnsiText::encode(sql, &lossless);
-    return lossless;
+    error.isRepeatable = !isOpen();
+    return tl::unexpected(error);
   }
 
   std::unique_ptr<Odbc> m_connection;
@@ -66,10 +60,10 @@ private:
 
 } // namespace
 
-ServerEngine::Opening ServerEngine::open(const ServerAddress& server, const ServerWaits& waits)
+DatabaseResult<std::unique_ptr<Engine>> ServerEngine::open(const ServerAddress& server, const ServerWaits& waits)
 {
-  Odbc::Opening opening = Odbc::open(server, waits);
-  if (!opening.connection)
-    return {nullptr, opening.error};
-  return {std::make_unique<OdbcEngine>(std::move(opening.connection)), {}};
+  auto connection = Odbc::open(server, waits);
+  if (!connection)
+    return tl::unexpected(connection.error());
+  return std::make_unique<OdbcEngine>(*std::move(connection));
 }

@@ -10,10 +10,5 @@
 // repeatable only if nothing of it can have been done: a select, or a write that was not yet sent. A
 // write that was sent is never repeated, here or by the caller, nor is a select that has used up its time.
 struct ServerEngine {
-  struct Opening {
-    std::unique_ptr<Engine> engine; // null if there is no connection
-    DatabaseError error;
-  };
-
-  static Opening open(const ServerAddress& server, const ServerWaits& waits = {});
+  [[nodiscard]] static DatabaseResult<std::unique_ptr<Engine>> open(const ServerAddress& server, const ServerWaits& waits = {});
 };

@@ -109,4 +109,9 @@ std::vector<SqlToken> read(QStringView sql)
   return tokens;
 }
 
+QString quoted(const QString& text, QChar quote)
+{
+  return quote + QString(text).replace(quote, QString(2, quote)) + quote;
+}
+
 } // namespace SqlTokens

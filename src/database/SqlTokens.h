@@ -35,4 +35,7 @@ namespace SqlTokens {
 // must outlive them: the large statements have a thousand tokens and are cut anew each time.
 std::vector<SqlToken> read(QStringView sql);
 
+// A text that `read` takes for one token: in these quotes, with those inside doubled.
+QString quoted(const QString& text, QChar quote);
+
 } // namespace SqlTokens

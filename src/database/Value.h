@@ -1,21 +1,20 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
-#include <cstdint>
 
-// One value of a row as the database gave it: null, a whole number, a number, or a text.
+#include <cstdint>
+#include <variant>
+
+// One value of a row as the database returned it: null, a whole number, a number, or a text.
 class Value {
 public:
-  enum class Kind : std::uint8_t { Null, Integer, Real, Text };
+  using Content = std::variant<std::monostate, std::int64_t, double, QString>;
 
   Value() = default;
-  static Value ofInteger(std::int64_t value);
-  static Value ofReal(double value);
-  static Value ofText(QString text);
+  explicit Value(Content content) : m_content(std::move(content)) {}
 
-  Kind kind() const { return m_kind; }
-  bool isNull() const { return m_kind == Kind::Null; }
+  template <typename Kind> bool is() const { return std::holds_alternative<Kind>(m_content); }
+  bool isNull() const { return is<std::monostate>(); }
   // Empty for null; numbers in their shortest plain form.
   QString toText() const;
   // The numeric prefix of a text; 0 for null.
@@ -24,8 +23,5 @@ public:
   std::int64_t toInteger() const;
 
 private:
-  Kind m_kind = Kind::Null;
-  std::int64_t m_integer = 0;
-  double m_real = 0;
-  QString m_text;
+  Content m_content;
 };

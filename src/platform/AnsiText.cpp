@@ -5,7 +5,7 @@
 namespace AnsiText {
 namespace {
 
-// The first byte of a pair stands last, so its second is missing.
+// The first byte of a pair is the last byte, so its second is missing.
 bool endsInsidePair(const QByteArray& bytes)
 {
   qsizetype at = 0;
@@ -16,13 +16,15 @@ bool endsInsidePair(const QByteArray& bytes)
 
 } // namespace
 
-QByteArray encode(const QString& text, bool* lossless)
+QByteArray encode(const QString& text)
 {
   QStringEncoder encoder("GBK", QStringConverter::Flag::Stateless);
-  QByteArray bytes = encoder.encode(text);
-  if (lossless)
-    *lossless = decode(bytes) == text;
-  return bytes;
+  return encoder.encode(text);
+}
+
+bool holds(const QString& text)
+{
+  return decode(encode(text)) == text;
 }
 
 QString decode(const QByteArray& bytes)

@@ -6,9 +6,10 @@
 // Text in the system's ANSI code page (GBK), the encoding of every file that the program family shares.
 namespace AnsiText {
 
-// The bytes of a text. `lossless`, if given, tells whether every character has a place in the code
-// page; one that has none is written as "?".
-QByteArray encode(const QString& text, bool* lossless = nullptr);
+// The bytes of a text. A character that the code page does not have is written as "?".
+QByteArray encode(const QString& text);
+// Whether the code page has every character of a text.
+bool holds(const QString& text);
 
 // The text of some bytes; what is no character of the code page reads as U+FFFD.
 QString decode(const QByteArray& bytes);

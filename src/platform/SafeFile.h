@@ -15,11 +15,11 @@ constexpr QFile::Permissions ForThisUser = QFile::ReadOwner | QFile::WriteOwner;
 
 // Makes a new file. What was at its name is removed, never written to, and a link is not followed. False if
 // that fails; no half-written file is left then.
-bool write(const QString& path, const QByteArray& content, QFile::Permissions permissions = ForEverybody);
+[[nodiscard]] bool write(const QString& path, const QByteArray& content, QFile::Permissions permissions = ForEverybody);
 
 // Reads up to `most` bytes of a file and deletes it. Nothing if it is no plain file of this user or of the
 // system's administrator, or can't be read or deleted. Never waits.
-std::optional<QByteArray> take(const QString& path, qint64 most);
+[[nodiscard]] std::optional<QByteArray> take(const QString& path, qint64 most);
 
 // Whether a text is the name of one file in a folder.
 bool isName(const QString& text);

@@ -39,26 +39,24 @@ void showError(Session& session, const DatabaseError& error)
   session.desk.ask({"Error:" + QString::number(error.number) + "\r\n" + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
 }
 
-// The statement's outcome; its error has not been shown.
-Connection::Outcome run(Session& session, const Statement& statement)
+// The statement's result; an error has not been shown.
+DatabaseResult<Recordset> run(Session& session, const Statement& statement)
 {
   if (!session.connection.isOpen())
-    if (auto error = session.connection.open(GetConnectionString(session)))
-      return {{}, std::move(error)};
-  if (const auto value = statement.violation()) {
-    const QString reason = QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60);
-    return {{}, std::make_unique<DatabaseError>(DatabaseError{ChangedShape, reason})};
-  }
+    if (const auto opened = session.connection.open(GetConnectionString(session)); !opened)
+      return tl::unexpected(opened.error());
+  if (const auto value = statement.violation())
+    return databaseError(ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60));
   return session.connection.run(statement.sql());
 }
 
 // The same with the error shown.
-Connection::Outcome runAndShow(Session& session, const Statement& statement)
+DatabaseResult<Recordset> runAndShow(Session& session, const Statement& statement)
 {
-  Connection::Outcome outcome = run(session, statement);
-  if (outcome.error)
-    showError(session, *outcome.error);
-  return outcome;
+  auto result = run(session, statement);
+  if (!result)
+    showError(session, result.error());
+  return result;
 }
 
 } // namespace
@@ -85,20 +83,20 @@ QString GetConnectionString(Session& session)
 
 Recordset OpenRecordset(Session& session, const Statement& statement)
 {
-  return std::move(runAndShow(session, statement).recordset);
+  return runAndShow(session, statement).value_or(Recordset());
 }
 
 bool Execute(Session& session, const Statement& statement)
 {
-  return !runAndShow(session, statement).error;
+  return runAndShow(session, statement).has_value();
 }
 
 Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement)
 {
-  Connection::Outcome outcome = run(session, statement);
-  if (outcome.error)
-    throw RunTimeError(RunTimeError::Automation, outcome.error->description);
-  return std::move(outcome.recordset);
+  auto result = run(session, statement);
+  if (!result)
+    throw RunTimeError(RunTimeError::Automation, result.error().description);
+  return *std::move(result);
 }
 
 void CloseConnection(Session& session)

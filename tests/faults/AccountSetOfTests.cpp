@@ -9,7 +9,8 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
   if (!isOnServer) {
     QDir(folder()).mkpath(QStringLiteral("Data"));
     m_location.file = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    AccountSet::create(m_location.file, AccountSet::Content::Demo);
+    if (const auto made = AccountSet::create(m_location.file, AccountSet::Content::Demo); !made)
+      qFatal("%s", qPrintable(made.error()));
     m_params.DatabaseType = QStringLiteral("Access");
     m_params.IsAccessSQL = true;
     m_params.ConDataName = QStringLiteral("A001.mdb");
@@ -30,5 +31,5 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
 
 std::unique_ptr<Store> AccountSetOfTests::openStore() const
 {
-  return Store::open(m_location).store;
+  return *Store::open(m_location);
 }

@@ -20,24 +20,23 @@ void add(QCryptographicHash& hash, const RowSet& rows)
 
 } // namespace
 
-QByteArray digest(const QString& path, QString& reason)
+tl::expected<QByteArray, QString> digest(const QString& path)
 {
-  const Store::Opening opening = Store::open({path, {}});
-  reason = opening.reason;
-  if (!opening.store)
-    return {};
-  const StatementResult whole = opening.store->run(QStringLiteral("pragma integrity_check"));
-  if (whole.error || whole.rows.value(0, 0).toText() != u"ok") {
-    reason = whole.error ? whole.error->description : whole.rows.value(0, 0).toText();
-    return {};
-  }
+  const auto store = Store::open({path, {}});
+  if (!store)
+    return tl::unexpected(store.error());
+  const auto whole = (*store)->run(QStringLiteral("pragma integrity_check"));
+  if (!whole)
+    return tl::unexpected(whole.error());
+  if (const QString found = whole->value(0, 0).toText(); found != u"ok")
+    return tl::unexpected(found);
   QCryptographicHash hash(QCryptographicHash::Md5);
   for (const Schema::Table& table : Schema::allTables()) {
     // A script may have taken a table away.
-    const StatementResult rows = opening.store->run("select * from " + QLatin1String(table.name) + " order by rowid");
+    const auto rows = (*store)->run("select * from " + QLatin1String(table.name) + " order by rowid");
     hash.addData(table.name);
-    if (!rows.error)
-      add(hash, rows.rows);
+    if (rows)
+      add(hash, *rows);
   }
   return hash.result();
 }

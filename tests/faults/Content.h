@@ -3,10 +3,12 @@
 #include <QByteArray>
 #include <QString>
 
+#include <tl/expected.hpp>
+
 // All rows of all tables of an account set's file.
 namespace Content {
 
-// A digest of them; empty if the file cannot be read or is not whole, which `reason` tells.
-QByteArray digest(const QString& path, QString& reason);
+// A digest of them; an error if the file cannot be read or is not whole.
+[[nodiscard]] tl::expected<QByteArray, QString> digest(const QString& path);
 
 } // namespace Content

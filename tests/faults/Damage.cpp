@@ -9,6 +9,7 @@
 #include <csignal>
 #include <random>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace Faults {
@@ -43,8 +44,8 @@ QByteArray damaged(QByteArray bytes, Random& random)
 // What a start, a list and a save ask and write. Whether it fails does not matter, only that it ends.
 void work(const QString& path)
 {
-  const auto opening = EmbeddedEngine::open(path, std::chrono::milliseconds(50));
-  if (!opening.engine)
+  const auto engine = EmbeddedEngine::open(path, std::chrono::milliseconds(50));
+  if (!engine)
     return;
   for (const char* sql : {"select * from TabDotSet", "select max(Code) as C from TabPayfundBill where Code like 'FKD%'",
                           "select Code from TabPayfundBill where Datee>=#2022-04-01# and Datee<=#2022-06-30# order by Datee, Code",
@@ -52,7 +53,7 @@ void work(const QString& path)
                           "select sum(Debtor) as D from TabWarrantInf group by AccountantCode", "select * from TabClient order by Name",
                           "insert into TabPayfundBill(Code,Datee) values('FKD999','2022-06-08')",
                           "delete from TabWarrantInf where LineNum=1", "update TabOutBill set HXMoney=1"})
-    opening.engine->execute(QLatin1String(sql));
+    std::ignore = (*engine)->execute(QLatin1String(sql));
 }
 
 // In a process of its own, which must come to its end by itself.
@@ -77,9 +78,8 @@ void damage(bool isLong, Tally& tally)
 {
   const QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("set.mdb"));
-  AccountSet::create(path, AccountSet::Content::Demo);
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
+  if (!AccountSet::create(path, AccountSet::Content::Demo) || !file.open(QIODevice::ReadOnly))
     qFatal("no sample");
   const QByteArray whole = file.readAll();
   file.close();

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <sqlite3.h>
+#include <tuple>
 
 namespace Faults {
 namespace {
@@ -23,8 +24,8 @@ public:
   Scene()
   {
     QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    if (const QString reason = AccountSet::create(path(), AccountSet::Content::Demo); !reason.isEmpty())
-      qFatal("%s", qPrintable(reason));
+    if (const auto made = AccountSet::create(path(), AccountSet::Content::Demo); !made)
+      qFatal("%s", qPrintable(made.error()));
     m_operator = std::make_unique<PayingOperator>(m_folder.path(), PayingOperator::onFile());
     m_operator->fillIn(Amounts);
   }
@@ -62,14 +63,14 @@ private:
   // A header that failed leaves its lines, and the next bill draws its number.
   void removeOrphans() const
   {
-    Store::open({path(), {}})
-        .store->run(QStringLiteral("delete from TabPayfundBillInf where BillCode not in (select Code from TabPayfundBill)"));
+    std::ignore = (*Store::open({path(), {}}))
+                      ->run(QStringLiteral("delete from TabPayfundBillInf where BillCode not in (select Code from TabPayfundBill)"));
   }
 
   QString contents() const
   {
-    const auto opening = Store::open({path(), {}});
-    const auto value = [&](const char* sql) { return opening.store->run(QLatin1String(sql)).rows.value(0, 0).toText(); };
+    const auto store = *Store::open({path(), {}});
+    const auto value = [&](const char* sql) { return store->run(QLatin1String(sql))->value(0, 0).toText(); };
     if (const QString whole = value("pragma integrity_check"); whole != u"ok")
       return whole;
     // The bill that was saved last has the highest code.

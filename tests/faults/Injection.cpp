@@ -228,8 +228,8 @@ private:
 
   qint64 count(const QString& from) const
   {
-    const StatementResult read = m_store.run("select count(*) from " + from);
-    return read.error ? -1 : read.rows.value(0, 0).toInteger();
+    const auto read = m_store.run("select count(*) from " + from);
+    return read ? read->value(0, 0).toInteger() : -1;
   }
 
   // Rows of the tables that no bill writes.
@@ -251,10 +251,9 @@ private:
   QString strangeBill(const QSet<QString>& ownCodes) const
   {
     for (const char* table : Bills) {
-      const StatementResult read =
-          m_store.run(QStringLiteral("select Code from %1 where Code like '%20220608%'").arg(QLatin1String(table)));
-      for (qint64 row = 0; row < read.rows.rows(); ++row)
-        if (const QString code = read.rows.value(row, 0).toText(); !ownCodes.contains(code))
+      const auto read = m_store.run(QStringLiteral("select Code from %1 where Code like '%20220608%'").arg(QLatin1String(table)));
+      for (qint64 row = 0; read && row < read->rows(); ++row)
+        if (const QString code = read->value(row, 0).toText(); !ownCodes.contains(code))
           return QStringLiteral("%1 holds %2, which no screen has shown").arg(QLatin1String(table), code);
     }
     return {};
@@ -275,8 +274,8 @@ void attackAll(const AccountSetOfTests& set, int textsAField, Tally& tally)
                                 QStringLiteral("delete from TabFee where Code like '%20220608%'"),
                                 QStringLiteral("delete from TabElseIncome where Code like '%20220608%'"),
                                 QStringLiteral("delete from TabSustain where Code like '%20220608%'")};
-  if (const QString reason = store->runAll(prepared); !reason.isEmpty())
-    qFatal("%s", qPrintable(reason));
+  if (const auto done = store->runAll(prepared); !done)
+    qFatal("%s", qPrintable(done.error()));
   const Watch watch(*store);
   const QStringList texts = HostileTexts::all();
   QSet<QString> codes;

@@ -44,8 +44,7 @@ public:
     for (int i = 1; i <= m_writes; ++i)
       m_commitsAheadOf.append(FaultyFiles::commitsAheadOf(i));
     for (int i = 1; i <= m_commits; ++i) {
-      QString reason;
-      m_states.append(Content::digest(state(i), reason));
+      m_states.append(Content::digest(state(i)).value_or(QByteArray()));
       m_isAtRest.append(FaultyFiles::isAtRest(i));
     }
     return result.outcome == ScriptProcess::Outcome::Passed ? QString() : result.reason;
@@ -87,12 +86,12 @@ public:
 private:
   static QStringList findings(const QString& file)
   {
-    QString reason;
     QStringList lines;
-    for (const Check::Finding& finding : Check::run({file, {}}, reason))
+    const auto checked = Check::run({file, {}}, [&lines](const Check::Finding& finding) {
       for (const QString& row : finding.rows)
         lines.append(finding.what + row);
-    return reason.isEmpty() ? lines : QStringList(reason);
+    });
+    return checked ? lines : QStringList(checked.error());
   }
 
   QString states() const { return m_folder.filePath(QStringLiteral("states")); }
@@ -116,14 +115,13 @@ private:
       return QStringLiteral("was not killed: ") + killed.reason;
     FaultyFiles::follow({});
     // The program's own way of opening mends what was left half done.
-    const auto opening = EmbeddedEngine::open(accountSet());
-    if (!opening.engine || opening.engine->execute(QStringLiteral("select count(*) from TabDotSet")).error)
+    const auto engine = EmbeddedEngine::open(accountSet());
+    if (!engine || !(*engine)->execute(QStringLiteral("select count(*) from TabDotSet")))
       return QStringLiteral("does not open");
-    QString reason;
-    const QByteArray found = Content::digest(accountSet(), reason);
-    if (found.isEmpty())
-      return reason;
-    if (!allowed.contains(found))
+    const auto found = Content::digest(accountSet());
+    if (!found)
+      return found.error();
+    if (!allowed.contains(*found))
       return QStringLiteral("the rows are not those that were committed");
     return nextStart();
   }

@@ -85,7 +85,7 @@ QHash<int, Told> workAll(const QString& folder, const SessionParams& params, int
 // lines of that, with the bill's code in their text and its sum on both sides.
 QHash<int, int> wholeBills(Store& store)
 {
-  const StatementResult read =
+  const auto read =
       store.run(QStringLiteral("select h.SumMoney from TabPayfundBill h, TabWarrant v where v.JXCBillCode=h.Code and v.SumDebtor=h.SumMoney"
                                " and (select count(*) from TabPayfundBillInf i where i.BillCode=h.Code)=2"
                                " and (select sum(Moneyy) from TabPayfundBillInf i where i.BillCode=h.Code)=h.SumMoney"
@@ -93,11 +93,11 @@ QHash<int, int> wholeBills(Store& store)
                                " and (select count(*) from TabWarrantInf w where w.BillCode=v.Code)=3"
                                " and (select sum(Debtor) from TabWarrantInf w where w.BillCode=v.Code)=h.SumMoney"
                                " and (select sum(Lender) from TabWarrantInf w where w.BillCode=v.Code)=h.SumMoney"));
-  if (read.error)
-    qFatal("%s", qPrintable(read.error->description));
+  if (!read)
+    qFatal("%s", qPrintable(read.error()));
   QHash<int, int> bySum;
-  for (qint64 i = 0; i < read.rows.rows(); ++i)
-    ++bySum[int(read.rows.value(i, 0).toNumber())];
+  for (qint64 i = 0; i < read->rows(); ++i)
+    ++bySum[int(read->value(i, 0).toNumber())];
   return bySum;
 }
 
@@ -122,10 +122,10 @@ void reconcileAll(Store& store, const QHash<int, Told>& all, int bills, Tally& t
 
 void clearPayments(Store& store)
 {
-  if (const QString reason = store.runAll({QStringLiteral("delete from TabPayfundBill"), QStringLiteral("delete from TabPayfundBillInf"),
-                                           QStringLiteral("delete from TabWarrant"), QStringLiteral("delete from TabWarrantInf")});
-      !reason.isEmpty())
-    qFatal("%s", qPrintable(reason));
+  if (const auto done = store.runAll({QStringLiteral("delete from TabPayfundBill"), QStringLiteral("delete from TabPayfundBillInf"),
+                                      QStringLiteral("delete from TabWarrant"), QStringLiteral("delete from TabWarrantInf")});
+      !done)
+    qFatal("%s", qPrintable(done.error()));
 }
 
 } // namespace

@@ -76,7 +76,7 @@ struct SampleTemplates : OfficeFixture, testing::WithParamInterface<PrintedBill>
     for (const char* name : {"PrintTemp", "TempFile"})
       QDir(folder.path()).mkpath(name);
     QFile::remove(accountSetPath());
-    EXPECT_EQ(AccountSet::create(accountSetPath(), AccountSet::Content::Demo), "");
+    EXPECT_TRUE(AccountSet::create(accountSetPath(), AccountSet::Content::Demo));
     session.DotSet = LoadDotSet(session);
     session.params.OperateType = GetParam().mode;
     screen = screens.screen(GetParam().form);

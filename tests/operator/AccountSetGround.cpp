@@ -10,14 +10,14 @@ QList<QStringList> AccountSetGround::rowsOf(Store& store, const QString& sql)
   for (std::size_t i = 0; i + 1 < tokens.size(); ++i)
     if (tokens[i].isSymbol(u';'))
       throw Unmet(QStringLiteral("there is a second statement: %1").arg(sql.sliced(tokens[i + 1].text.data() - sql.data())));
-  const StatementResult result = store.run(sql);
-  if (result.error)
-    throw Unmet(QStringLiteral("the statement fails: %1").arg(result.error->description));
+  const auto found = store.run(sql);
+  if (!found)
+    throw Unmet(QStringLiteral("the statement fails: %1").arg(found.error()));
   QList<QStringList> rows;
-  for (qint64 row = 0; row < result.rows.rows(); ++row) {
+  for (qint64 row = 0; row < found->rows(); ++row) {
     rows.append(QStringList());
-    for (int i = 0; i < result.rows.names().size(); ++i) {
-      const Value value = result.rows.value(row, i);
+    for (int i = 0; i < found->names().size(); ++i) {
+      const Value value = found->value(row, i);
       rows.last().append(value.isNull() ? QStringLiteral("NULL") : value.toText());
     }
   }

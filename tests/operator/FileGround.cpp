@@ -23,8 +23,8 @@ public:
   {
     const QString kept = QDir(m_shelf).filePath(content == AccountSet::Content::Demo ? "demo" : "empty");
     if (!QFile::exists(kept))
-      if (const QString why = AccountSet::create(kept, content); !why.isEmpty())
-        throw Unmet(QStringLiteral("cannot make an account set: %1").arg(why));
+      if (const auto made = AccountSet::create(kept, content); !made)
+        throw Unmet(QStringLiteral("cannot make an account set: %1").arg(made.error()));
     QFile::remove(m_path);
     if (!QFile::copy(kept, m_path))
       throw Unmet(QStringLiteral("cannot copy the account set"));
@@ -32,10 +32,10 @@ public:
 
   QList<QStringList> run(const QString& sql) override
   {
-    const Store::Opening opening = Store::open({m_path, {}});
-    if (!opening.store)
-      throw Unmet(QStringLiteral("the statement fails: %1").arg(opening.reason));
-    return rowsOf(*opening.store, sql);
+    const auto store = Store::open({m_path, {}});
+    if (!store)
+      throw Unmet(QStringLiteral("the statement fails: %1").arg(store.error()));
+    return rowsOf(**store, sql);
   }
 
   QHash<QString, QString> sessionKeys() const override

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QUrl>
 
+#include <tuple>
+
 namespace {
 
 using AccountSet::Content;
@@ -24,7 +26,7 @@ public:
   {
     m_side.reset();
     if (m_maintenance)
-      m_maintenance->run(dropping());
+      std::ignore = m_maintenance->run(dropping());
   }
 
   bool stands() const override { return m_stands; }
@@ -53,17 +55,17 @@ public:
   }
 
 private:
-  static void require(const QString& reason)
+  template <typename Value> static Value require(tl::expected<Value, QString> result)
   {
-    if (!reason.isEmpty())
-      throw Unmet(QStringLiteral("cannot make an account set: %1").arg(reason));
+    if (!result)
+      throw Unmet(QStringLiteral("cannot make an account set: %1").arg(result.error()));
+    if constexpr (!std::is_void_v<Value>)
+      return *std::move(result);
   }
 
   std::unique_ptr<Store> open(const QString& database) const
   {
-    Store::Opening opening = Store::open(ServerAccountSet::withDatabase(m_server, database));
-    require(opening.reason);
-    return std::move(opening.store);
+    return require(Store::open(ServerAccountSet::withDatabase(m_server, database)));
   }
 
   Store& maintenance()
@@ -75,8 +77,8 @@ private:
 
   void makeOriginal(const QString& name, Content content)
   {
-    const StatementResult found = maintenance().run(QStringLiteral("select 1 from pg_database where datname='%1'").arg(name));
-    if (found.rows.rows() == 0)
+    const RowSet found = require(maintenance().run(QStringLiteral("select 1 from pg_database where datname='%1'").arg(name)));
+    if (found.rows() == 0)
       require(ServerAccountSet::create(ServerAccountSet::withDatabase(m_server, name), Cashier, content));
   }
 

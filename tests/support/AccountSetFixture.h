@@ -1,12 +1,13 @@
 #pragma once
 
-#include "accountset/EmbeddedSchema.h"
+#include "accountset/SchemaSql.h"
 #include "support/SessionFixture.h"
 
 // The session of SessionFixture over an account set with all its tables and no rows.
 struct AccountSetFixture : SessionFixture {
   AccountSetFixture()
   {
-    file.run(QStringLiteral("pragma synchronous=off; begin;") + EmbeddedSchema::sql(Schema::allTables()) + QStringLiteral("commit;"));
+    file.run(QStringLiteral("pragma synchronous=off; begin;") + SchemaSql::statements(Schema::allTables(), SchemaSql::Embedded).join(u';') +
+             QStringLiteral(";commit"));
   }
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/DatabaseError.h"
+
 #include <QByteArray>
 #include <QDate>
 #include <QString>
@@ -17,6 +19,16 @@ inline void PrintTo(const QString& text, std::ostream* out)
 inline void PrintTo(QStringView text, std::ostream* out)
 {
   PrintTo(text.toString(), out);
+}
+
+// The error of a result; empty if there is none.
+template <typename Value> QString errorOf(const tl::expected<Value, QString>& result)
+{
+  return result ? QString() : result.error();
+}
+template <typename Value> QString errorOf(const DatabaseResult<Value>& result)
+{
+  return result ? QString() : result.error().description;
 }
 
 // For the words behind an expectation.

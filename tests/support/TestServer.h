@@ -5,6 +5,7 @@
 #include "accountset/Store.h"
 
 #include <optional>
+#include <tuple>
 
 // The PostgreSQL server beside which the tests run (tools/with-server), if there is one.
 namespace TestServer {
@@ -20,21 +21,20 @@ inline std::optional<AccountSetLocation> administrator(const QString& database =
 // A database with all tables, gone again with this.
 struct Database {
   explicit Database(const QString& name, AccountSet::Content content = AccountSet::Content::Empty)
-      : administrator(*TestServer::administrator(name)), reason(ServerAccountSet::create(administrator, login, content)),
-        clerk(administrator)
+      : administrator(*TestServer::administrator(name)), made(ServerAccountSet::create(administrator, login, content)), clerk(administrator)
   {
     clerk.server.user = login.name;
     clerk.server.password = login.password;
   }
   ~Database()
   {
-    if (const auto opening = Store::open(*TestServer::administrator()); opening.store)
-      opening.store->run("drop database if exists \"" + administrator.server.database + "\" with (force)");
+    if (const auto store = Store::open(*TestServer::administrator()))
+      std::ignore = (*store)->run("drop database if exists \"" + administrator.server.database + "\" with (force)");
   }
 
   const ServerAccountSet::Login login{QStringLiteral("clerk"), QStringLiteral("p;w}x y")};
   const AccountSetLocation administrator;
-  const QString reason;     // why it could not be made
+  const tl::expected<void, QString> made;
   AccountSetLocation clerk; // who the program is
 };
 

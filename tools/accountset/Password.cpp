@@ -49,21 +49,22 @@ private:
 
 } // namespace
 
-QString supply(AccountSetLocation& location)
+tl::expected<void, QString> supply(AccountSetLocation& location)
 {
   if (!location.isServer())
     return {};
   if (!location.server.password.isEmpty())
-    return QStringLiteral("a password in an argument can be read by everybody on the machine; write server://user@host:port/database and "
-                          "set %1, or wait to be asked")
-        .arg(QLatin1String(Variable));
+    return tl::unexpected(
+        QStringLiteral("a password in an argument can be read by everybody on the machine; write server://user@host:port/database and "
+                       "set %1, or wait to be asked")
+            .arg(QLatin1String(Variable)));
   if (qEnvironmentVariableIsSet(Variable)) {
     location.server.password = qEnvironmentVariable(Variable);
     return {};
   }
   const Terminal terminal;
   if (!terminal.isQuiet() || !terminal.write(QStringLiteral("Password of %1 at %2: ").arg(location.server.user, location.text()).toUtf8()))
-    return QStringLiteral("there is no terminal on which to ask for the password; set %1").arg(QLatin1String(Variable));
+    return tl::unexpected(QStringLiteral("there is no terminal on which to ask for the password; set %1").arg(QLatin1String(Variable)));
   location.server.password = QString::fromUtf8(terminal.line());
   terminal.write("\n");
   return {};

@@ -52,12 +52,12 @@ int complain(const QString& text, int status)
   return status;
 }
 
-QString create(const AccountSetLocation& location, const Orders& orders)
+tl::expected<void, QString> create(const AccountSetLocation& location, const Orders& orders)
 {
   if (!location.isServer())
     return AccountSet::create(location.file, orders.content());
   if (orders.login.name.isEmpty())
-    return QStringLiteral("--login NAME is missing");
+    return tl::unexpected(QStringLiteral("--login NAME is missing"));
   return ServerAccountSet::create(location, orders.login, orders.content());
 }
 
@@ -66,10 +66,10 @@ int create(const Orders& orders)
   auto location = AccountSetLocation::read(orders.words.value(1));
   if (orders.words.size() != 2 || !location || location->isServer() != orders.server)
     return complain(QStringLiteral("usage: accountset create FILE | --server SERVER --login NAME [--demo]"), WrongUse);
-  if (const QString reason = Password::supply(*location); !reason.isEmpty())
-    return complain(reason, WrongUse);
-  if (const QString reason = create(*location, orders); !reason.isEmpty())
-    return complain(reason, Failed);
+  if (const auto done = Password::supply(*location); !done)
+    return complain(done.error(), WrongUse);
+  if (const auto done = create(*location, orders); !done)
+    return complain(done.error(), Failed);
   out() << location->text() << "\n";
   return Done;
 }
@@ -96,15 +96,14 @@ bool print(const Copy::Proof& proof)
 
 int prove(Store& from, Store& to)
 {
-  QString reason;
-  const QList<Copy::Proof> proofs = Copy::prove(from, to, reason);
-  if (!reason.isEmpty())
-    return complain(reason, Failed);
+  const auto proofs = Copy::prove(from, to);
+  if (!proofs)
+    return complain(proofs.error(), Failed);
   qsizetype same = 0;
-  for (const Copy::Proof& proof : proofs)
+  for (const Copy::Proof& proof : *proofs)
     same += print(proof);
-  out() << same << " of " << proofs.size() << " tables the same\n";
-  return same == proofs.size() ? Done : Failed;
+  out() << same << " of " << proofs->size() << " tables the same\n";
+  return same == proofs->size() ? Done : Failed;
 }
 
 int copy(const Orders& orders)
@@ -114,21 +113,21 @@ int copy(const Orders& orders)
   if (orders.words.size() != 3 || !source || !target)
     return complain(QStringLiteral("usage: accountset copy FROM TO [--login NAME]"), WrongUse);
   for (AccountSetLocation* location : {&*source, &*target})
-    if (const QString reason = Password::supply(*location); !reason.isEmpty())
-      return complain(reason, WrongUse);
+    if (const auto done = Password::supply(*location); !done)
+      return complain(done.error(), WrongUse);
   if (!source->isServer() && !QFile::exists(source->file))
     return complain(QStringLiteral("找不到账套文件：%1").arg(source->file), Failed);
-  const Store::Opening from = Store::openMoment(*source);
-  if (!from.store)
-    return complain(from.reason, Failed);
-  if (const QString reason = create(*target, orders); !reason.isEmpty())
-    return complain(reason, Failed);
-  const Store::Opening to = Store::open(*target);
-  if (!to.store)
-    return complain(to.reason, Failed);
-  if (const QString reason = Copy::rows(*from.store, *to.store); !reason.isEmpty())
-    return complain(reason, Failed);
-  return prove(*from.store, *to.store);
+  const auto from = Store::openMoment(*source);
+  if (!from)
+    return complain(from.error(), Failed);
+  if (const auto done = create(*target, orders); !done)
+    return complain(done.error(), Failed);
+  const auto to = Store::open(*target);
+  if (!to)
+    return complain(to.error(), Failed);
+  if (const auto done = Copy::rows(**from, **to); !done)
+    return complain(done.error(), Failed);
+  return prove(**from, **to);
 }
 
 int check(const Orders& orders)
@@ -136,19 +135,19 @@ int check(const Orders& orders)
   auto location = AccountSetLocation::read(orders.words.value(1));
   if (orders.words.size() != 2 || !location)
     return complain(QStringLiteral("usage: accountset check FILE-OR-SERVER"), WrongUse);
-  if (const QString reason = Password::supply(*location); !reason.isEmpty())
-    return complain(reason, WrongUse);
-  QString reason;
-  const QList<Check::Finding> findings = Check::run(*location, reason);
-  for (const Check::Finding& finding : findings) {
+  if (const auto done = Password::supply(*location); !done)
+    return complain(done.error(), WrongUse);
+  int broken = 0;
+  const auto checked = Check::run(*location, [&broken](const Check::Finding& finding) {
+    ++broken;
     out() << finding.what << "\n";
     for (const QString& row : finding.rows)
       out() << "  " << row << "\n";
-  }
-  if (!reason.isEmpty())
-    return complain(reason, Failed);
-  out() << (findings.isEmpty() ? QStringLiteral("all adds up\n") : QStringLiteral("%1 rules do not hold\n").arg(findings.size()));
-  return findings.isEmpty() ? Done : Failed;
+  });
+  if (!checked)
+    return complain(checked.error(), Failed);
+  out() << (broken == 0 ? QStringLiteral("all adds up\n") : QStringLiteral("%1 rules do not hold\n").arg(broken));
+  return broken == 0 ? Done : Failed;
 }
 
 } // namespace

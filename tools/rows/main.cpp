@@ -36,15 +36,15 @@ int main(int argc, char* argv[])
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() != 3)
     return complain(QStringLiteral("usage: rows FILE STATEMENT"), WrongUse);
-  const auto opening = EmbeddedEngine::open(arguments[1]);
-  if (!opening.engine)
-    return complain(opening.error.description, Failed);
-  const StatementResult result = opening.engine->execute(arguments[2]);
-  if (result.error)
-    return complain(result.error->description, Failed);
+  const auto engine = EmbeddedEngine::open(arguments[1]);
+  if (!engine)
+    return complain(engine.error().description, Failed);
+  const auto rows = (*engine)->execute(arguments[2]);
+  if (!rows)
+    return complain(rows.error().description, Failed);
   QTextStream out(stdout);
-  out << result.rows.names().join(QStringLiteral(" | ")) << "\n";
-  for (std::int64_t row = 0; row < result.rows.rows(); ++row)
-    out << line(result.rows, row) << "\n";
+  out << rows->names().join(QStringLiteral(" | ")) << "\n";
+  for (std::int64_t row = 0; row < rows->rows(); ++row)
+    out << line(*rows, row) << "\n";
   return Done;
 }

@@ -17,7 +17,7 @@ struct SampleFirmTest : testing::Test {
   {
     folder = std::make_unique<QTemporaryDir>();
     const QString path = folder->filePath(u"demo.mdb"_s);
-    ASSERT_EQ(AccountSet::create(path, AccountSet::Content::Demo), u""_s);
+    ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Demo));
     database = std::make_unique<RawDatabase>(path);
   }
   static void TearDownTestSuite()

@@ -29,18 +29,15 @@ struct AccountSetFileTest : testing::Test {
   void makeFile(const QString& changes)
   {
     QFile::remove(path);
-    ASSERT_EQ(AccountSet::create(path, AccountSet::Content::Empty), u""_s);
+    ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Empty));
     RawDatabase(path).run(u"insert into TabPayfundBill(Code) values('FKD1');"_s + changes);
   }
 
   // The error of opening the file or of running a statement; empty if neither failed.
   QString error(const QString& sql = u"select * from TabPayfundBill"_s)
   {
-    const auto opening = EmbeddedEngine::open(path, 20ms, 300ms);
-    if (!opening.engine)
-      return opening.error.description;
-    const StatementResult result = opening.engine->execute(sql);
-    return result.error ? result.error->description : u""_s;
+    const auto engine = EmbeddedEngine::open(path, 20ms, 300ms);
+    return engine ? errorOf((*engine)->execute(sql)) : errorOf(engine);
   }
 };
 

@@ -4,6 +4,7 @@
 #include "database/ConnectionText.h"
 #include "database/EmbeddedEngine.h"
 #include "database/Odbc.h"
+#include "database/SqlTokens.h"
 #include "support/Printing.h"
 #include "support/TestServer.h"
 
@@ -25,15 +26,15 @@ using namespace std::chrono_literals;
 namespace {
 
 // The rows of a query, or the error.
-QString told(const StatementResult& result)
+QString told(const DatabaseResult<RowSet>& read)
 {
-  if (result.error)
-    return u"error: "_s + result.error->description;
+  if (!read)
+    return u"error: "_s + read.error().description;
   QStringList rows;
-  for (qint64 row = 0; row < result.rows.rows(); ++row) {
+  for (qint64 row = 0; row < read->rows(); ++row) {
     QStringList values;
-    for (int i = 0; i < result.rows.names().size(); ++i)
-      values.append(result.rows.value(row, i).isNull() ? u"NULL"_s : result.rows.value(row, i).toText());
+    for (int i = 0; i < read->names().size(); ++i)
+      values.append(read->value(row, i).isNull() ? u"NULL"_s : read->value(row, i).toText());
     rows.append(values.join(u'|'));
   }
   return rows.join(u' ');
@@ -136,15 +137,14 @@ struct ServerEngineTest : testing::Test {
   {
     if (!database)
       GTEST_SKIP() << "tools/with-server runs these tests";
-    ASSERT_EQ(database->reason, u""_s);
-    engine = ServerEngine::open(database->clerk.server, waits).engine;
-    ASSERT_TRUE(engine);
+    ASSERT_EQ(errorOf(database->made), u""_s);
+    engine = *ServerEngine::open(database->clerk.server, waits);
     ASSERT_EQ(told(engine->execute(u"delete from TabPayfundBill"_s)), u""_s);
     ASSERT_EQ(told(engine->execute(u"delete from TabClient"_s)), u""_s);
   }
 
   // As the program opens it.
-  std::unique_ptr<DatabaseError> open(Connection& connection)
+  DatabaseResult<void> open(Connection& connection)
   {
     const ServerAddress& server = database->clerk.server;
     return connection.open("Driver={SQL Server};Server="_L1 + server.host + ',' + server.port + ";DataBase=" + server.database +
@@ -155,11 +155,11 @@ struct ServerEngineTest : testing::Test {
   void dropConnections()
   {
     const auto server = Store::open(*TestServer::administrator());
-    ASSERT_EQ(server.store->runAll({u"select pg_terminate_backend(pid) from pg_stat_activity where datname='engine_test'"_s}), u""_s);
+    ASSERT_TRUE((*server)->run(u"select pg_terminate_backend(pid) from pg_stat_activity where datname='engine_test'"_s));
     std::this_thread::sleep_for(50ms);
   }
 
-  QString countOfClients() { return told(ServerEngine::open(database->clerk.server).engine->execute(u"select count(*) from TabClient"_s)); }
+  QString countOfClients() { return told((*ServerEngine::open(database->clerk.server))->execute(u"select count(*) from TabClient"_s)); }
 
   static inline std::unique_ptr<TestServer::Database> database;
   static constexpr ServerWaits waits{.connect = 2s, .lock = 300ms, .statement = 3s};
@@ -175,8 +175,8 @@ TEST_F(ServerEngineTest, AnswersAsTheFileDoes)
 {
   const QTemporaryDir folder;
   const QString path = folder.filePath(u"set.mdb"_s);
-  ASSERT_EQ(AccountSet::create(path, AccountSet::Content::Empty), u""_s);
-  const std::unique_ptr<Engine> file = EmbeddedEngine::open(path).engine;
+  ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Empty));
+  const std::unique_ptr<Engine> file = *EmbeddedEngine::open(path);
   const auto both = [&](const QString& sql) {
     const QString expected = told(file->execute(sql));
     EXPECT_EQ(told(engine->execute(sql)), expected) << shown(sql);
@@ -219,48 +219,45 @@ TEST_F(ServerEngineTest, TextArrivesWhole)
   for (const QString& text : {u"中文，😀𠮷 é\t\r\nline"_s, u"a?b{c}$1$ \\' --x /*y*/"_s, QString(100'000, u'长'), QString(4095, u'a'),
                               QString(4096, u'a'), QString(1365, u'长')}) {
     ASSERT_EQ(told(engine->execute(u"delete from TabClient"_s)), u""_s);
-    const QString quoted = u"'"_s + QString(text).replace(u"'"_s, u"''"_s) + u"'"_s;
-    ASSERT_EQ(told(engine->execute(u"insert into TabClient(Code,Address) values('1',"_s + quoted + u")"_s)), u""_s);
-    const StatementResult result = engine->execute(u"select Address from TabClient"_s);
-    ASSERT_FALSE(result.error);
-    EXPECT_EQ(result.rows.value(0, 0).toText(), text);
+    const QString literal = SqlTokens::quoted(text, u'\'');
+    ASSERT_EQ(told(engine->execute(u"insert into TabClient(Code,Address) values('1',"_s + literal + u")"_s)), u""_s);
+    EXPECT_EQ(engine->execute(u"select Address from TabClient"_s)->value(0, 0).toText(), text);
   }
 }
 
 TEST_F(ServerEngineTest, TheLoginReadsAndWritesRowsAndNothingElse)
 {
-  const auto clerk = Odbc::open(database->clerk.server).connection;
-  ASSERT_TRUE(clerk);
+  const auto clerk = *Odbc::open(database->clerk.server);
   for (const char* sql : {"create table Mine(a integer)", "create temporary table Mine(a integer)", "drop table TabClient",
                           "truncate TabClient", "alter table TabClient add X integer", "create schema mine", "create database mine",
                           "select * into Mine from TabClient", "select pg_read_file('/etc/passwd')", "copy TabClient to '/tmp/x'"})
-    EXPECT_TRUE(clerk->run(sql).error) << sql;
+    EXPECT_FALSE(clerk->run(sql)) << sql;
   // The engine lets none of them, and no second statement in whatever quotes, come that far.
   for (const char* sql : {"create table Mine(a integer)", "select 1; select 2", "select $$'$$; delete from TabClient where Code<>'x'",
                           "select E'\\''; delete from TabClient where Code<>'x'", "{call x}"})
-    EXPECT_TRUE(engine->execute(QString::fromLatin1(sql)).error) << sql;
+    EXPECT_FALSE(engine->execute(QString::fromLatin1(sql))) << sql;
 }
 
 TEST_F(ServerEngineTest, ADroppedConnectionIsMadeAnewByTheNextStatement)
 {
   Connection connection;
-  ASSERT_FALSE(open(connection));
+  ASSERT_TRUE(open(connection));
   dropConnections();
-  auto read = connection.run(u"select count(*) as N from TabClient"_s);
-  ASSERT_FALSE(read.error) << shown(read.error->description);
-  EXPECT_EQ(read.recordset.number(u"N"_s), 0);
+  const auto read = connection.run(u"select count(*) as N from TabClient"_s);
+  ASSERT_EQ(errorOf(read), u""_s);
+  EXPECT_EQ(read->number(u"N"_s), 0);
 
   // A write behind a pause finds out before it is sent.
   dropConnections();
   std::this_thread::sleep_for(600ms);
-  EXPECT_FALSE(connection.run(u"insert into TabClient(Code) values('1')"_s).error);
+  EXPECT_TRUE(connection.run(u"insert into TabClient(Code) values('1')"_s));
   EXPECT_EQ(countOfClients(), u"1"_s);
 }
 
 TEST_F(ServerEngineTest, AWriteIsNeverSentTwice)
 {
   Connection connection;
-  ASSERT_FALSE(open(connection));
+  ASSERT_TRUE(open(connection));
   // Ended while it is being written: nobody can know, so it is told, and the next statement works.
   std::thread ending([this] {
     std::this_thread::sleep_for(300ms);
@@ -268,31 +265,31 @@ TEST_F(ServerEngineTest, AWriteIsNeverSentTwice)
   });
   const auto write = connection.run(u"insert into TabClient(Code) select '1' from (select pg_sleep(1)) s"_s);
   ending.join();
-  ASSERT_TRUE(write.error);
+  ASSERT_FALSE(write);
   EXPECT_FALSE(connection.isOpen());
   EXPECT_EQ(countOfClients(), u"0"_s);
-  ASSERT_FALSE(open(connection));
-  EXPECT_FALSE(connection.run(u"insert into TabClient(Code) values('1')"_s).error);
+  ASSERT_TRUE(open(connection));
+  EXPECT_TRUE(connection.run(u"insert into TabClient(Code) values('1')"_s));
   EXPECT_EQ(countOfClients(), u"1"_s);
 
   // Dropped just ahead of it: told or done once, but never both.
-  const auto first = connection.run(u"select 1 as N"_s);
+  ASSERT_TRUE(connection.run(u"select 1 as N"_s));
   dropConnections();
-  const bool failed = connection.run(u"insert into TabClient(Code) values('2')"_s).error != nullptr;
-  EXPECT_EQ(countOfClients(), failed ? u"1"_s : u"2"_s);
+  const bool done = connection.run(u"insert into TabClient(Code) values('2')"_s).has_value();
+  EXPECT_EQ(countOfClients(), done ? u"2"_s : u"1"_s);
 }
 
 TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
 {
   ASSERT_EQ(told(engine->execute(u"insert into TabClient(Code) values('1')"_s)), u""_s);
-  const auto holder = Store::open(database->administrator);
-  ASSERT_EQ(holder.store->runAll({u"begin"_s, u"update TabClient set Name='held'"_s}), u""_s);
+  const auto holder = *Store::open(database->administrator);
+  ASSERT_TRUE(holder->runAll({u"begin"_s, u"update TabClient set Name='held'"_s}));
   QElapsedTimer clock;
   clock.start();
-  EXPECT_TRUE(engine->execute(u"update TabClient set Name='mine'"_s).error);
+  EXPECT_FALSE(engine->execute(u"update TabClient set Name='mine'"_s));
   EXPECT_LT(clock.restart(), 2000);
   EXPECT_TRUE(engine->isOpen());
-  EXPECT_TRUE(engine->execute(u"select pg_sleep(60)"_s).error);
+  EXPECT_FALSE(engine->execute(u"select pg_sleep(60)"_s));
   EXPECT_LT(clock.restart(), 6000);
   EXPECT_EQ(told(engine->execute(u"select Name from TabClient"_s)), u"NULL"_s);
 
@@ -300,7 +297,7 @@ TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
   ServerAddress server = database->clerk.server;
   server.port = QString::number(silent.number());
   clock.restart();
-  EXPECT_FALSE(ServerEngine::open(server, waits).engine);
+  EXPECT_FALSE(ServerEngine::open(server, waits));
   EXPECT_LT(clock.elapsed(), 6000);
 }
 
@@ -308,18 +305,17 @@ TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
 TEST_F(ServerEngineTest, AStoppedServerIsGivenUp)
 {
   const QString given = u"服务器在 2 秒内没有应答，连接已断开"_s;
-  engine = ServerEngine::open(database->clerk.server, shortWaits).engine;
+  engine = *ServerEngine::open(database->clerk.server, shortWaits);
   const StoppedServer queried(told(engine->execute(u"select pg_backend_pid()"_s)));
-  const StatementResult query = engine->execute(u"select 1"_s);
+  const auto query = engine->execute(u"select 1"_s);
   EXPECT_EQ(told(query), u"error: "_s + given);
   EXPECT_FALSE(engine->isOpen());
-  EXPECT_FALSE(query.isRepeatable) << "it has had its time";
+  EXPECT_FALSE(query.error().isRepeatable) << "it has had its time";
 
   // A write that the server has got, and one that it has not even taken off the line.
   for (const QByteArray& sql : {"insert into TabClient(Code) values('1')"_ba,
                                 "insert into TabClient(Code,Address) values('2','"_ba + QByteArray(20'000'000, 'x') + "')"}) {
-    auto odbc = Odbc::open(database->clerk.server, shortWaits).connection;
-    ASSERT_TRUE(odbc);
+    const auto odbc = *Odbc::open(database->clerk.server, shortWaits);
     const StoppedServer stopped(told(odbc->run("select pg_backend_pid()")));
     EXPECT_EQ(told(odbc->run(sql)), u"error: "_s + given);
     EXPECT_TRUE(odbc->isLost());
@@ -329,12 +325,12 @@ TEST_F(ServerEngineTest, AStoppedServerIsGivenUp)
 
   // After a pause a write is not sent to it at all, and goes over a new connection.
   Connection connection;
-  ASSERT_FALSE(open(connection));
+  ASSERT_TRUE(open(connection));
   const auto outcome = connection.run(u"select pg_backend_pid() as Id"_s);
-  const StoppedServer stopped(outcome.recordset.text(u"Id"_s));
+  const StoppedServer stopped(outcome->text(u"Id"_s));
   std::this_thread::sleep_for(600ms);
-  EXPECT_FALSE(connection.run(u"insert into TabClient(Code) values('3')"_s).error);
-  EXPECT_EQ(connection.run(u"select * from TabClient where Code='3'"_s).recordset.recordCount(), 1);
+  EXPECT_TRUE(connection.run(u"insert into TabClient(Code) values('3')"_s));
+  EXPECT_EQ(connection.run(u"select * from TabClient where Code='3'"_s)->recordCount(), 1);
 }
 
 // While it is connected to, after any of its answers.
@@ -346,7 +342,7 @@ TEST_F(ServerEngineTest, AServerThatFallsSilentIsGivenUp)
     server.port = QString::number(between.port());
     QElapsedTimer clock;
     clock.start();
-    EXPECT_FALSE(ServerEngine::open(server, shortWaits).engine) << answers;
+    EXPECT_FALSE(ServerEngine::open(server, shortWaits)) << answers;
     EXPECT_LT(clock.elapsed(), 9000) << answers;
   }
 }

@@ -21,21 +21,20 @@ struct SqliteArithmeticTest : testing::Test {
     file.run(
         u"create table T(a numeric, b numeric, c numeric, n numeric, t text, whole numeric);"
         "insert into T values(200.02,120.05,79.97,null,'12.5x',3),(0.1,0.2,0.3,1.5,'',4),(1234567.8912,0.0001,6.8523,null,'abc',-5)"_s);
-    engine = EmbeddedEngine::open(path).engine;
+    engine = *EmbeddedEngine::open(path);
   }
 
   // All digits of the rows' values: "1" is a whole number, "1." is not; or the error.
   QString answer(const QString& sql)
   {
-    const StatementResult result = engine->execute(sql);
-    if (result.error)
-      return u"error: "_s + result.error->description;
+    const auto rows = engine->execute(sql);
+    if (!rows)
+      return u"error: "_s + rows.error().description;
     QStringList values;
-    for (qint64 row = 0; row < result.rows.rows(); ++row) {
-      const Value value = result.rows.value(row, 0);
-      QString text =
-          value.kind() == Value::Kind::Real ? QString::number(value.toNumber(), 'g', QLocale::FloatingPointShortest) : value.toText();
-      if (value.kind() == Value::Kind::Real && !text.contains(u'.') && !text.contains(u'e'))
+    for (qint64 row = 0; row < rows->rows(); ++row) {
+      const Value value = rows->value(row, 0);
+      QString text = value.is<double>() ? QString::number(value.toNumber(), 'g', QLocale::FloatingPointShortest) : value.toText();
+      if (value.is<double>() && !text.contains(u'.') && !text.contains(u'e'))
         text += u'.';
       values.append(value.isNull() ? u"NULL"_s : text);
     }

@@ -43,7 +43,7 @@ TEST_F(MoneyTest, ANumberIsShownByItsSetting)
        })
     EXPECT_EQ(FormatDotText(text, decimals), shownText) << shown(text) << ' ' << decimals;
   EXPECT_EQ(FormatDotText(Value(), 2), u""_s);
-  EXPECT_EQ(FormatDotText(Value::ofInteger(1234), 2), u"1,234.00"_s);
+  EXPECT_EQ(FormatDotText(Value(std::int64_t(1234)), 2), u"1,234.00"_s);
   EXPECT_EQ(FormatDotText(Currency::ofTenThousandths(9223372036854775807), 4), u"922,337,203,685,477.5807"_s) << "no digit is lost";
 }
 
