@@ -42,11 +42,11 @@ public:
     QFile file(m_folder.filePath(QString::fromLatin1(ModReadWriteParameters::FileName)));
     if (!file.open(QIODevice::WriteOnly))
       qFatal("cannot write the order");
-    file.write(ModReadWriteParameters::fileContent({{QStringLiteral("DatabaseType"), QStringLiteral("Access")},
-                                                    {QStringLiteral("ConDataName"), QStringLiteral("A001.mdb")},
-                                                    {QStringLiteral("UserName"), QStringLiteral("系统管理员")},
-                                                    {QStringLiteral("OperateDate"), QStringLiteral("2022-06-08")},
-                                                    {QStringLiteral("OperationsDirective"), QStringLiteral("付款")}}));
+    file.write(*ModReadWriteParameters::fileContent({{QStringLiteral("DatabaseType"), QStringLiteral("Access")},
+                                                     {QStringLiteral("ConDataName"), QStringLiteral("A001.mdb")},
+                                                     {QStringLiteral("UserName"), QStringLiteral("系统管理员")},
+                                                     {QStringLiteral("OperateDate"), QStringLiteral("2022-06-08")},
+                                                     {QStringLiteral("OperationsDirective"), QStringLiteral("付款")}}));
   }
 
 private:

@@ -158,19 +158,17 @@ bool ReadSystemParameters(const Machine& machine, SessionParams& params)
   return true;
 }
 
-QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless)
+std::optional<QByteArray> fileContent(const QHash<QString, QString>& values)
 {
   QByteArray content;
-  bool held = true;
   for (const QString& key : keys()) {
     const QString line = key + u'=' + values.value(key);
     const QByteArray scrambled = ModChangeStr::ChangeStrEncode(line);
     // Two control characters become line breaks when they are lowered, others open a pair.
-    held = held && ModChangeStr::ChangeStrDecode(scrambled) == Trim(line) && !scrambled.contains('\n') && !scrambled.contains('\r');
+    if (ModChangeStr::ChangeStrDecode(scrambled) != Trim(line) || scrambled.contains('\n') || scrambled.contains('\r'))
+      return std::nullopt;
     content += scrambled + "\r\n";
   }
-  if (lossless)
-    *lossless = held;
   return content;
 }
 
@@ -190,9 +188,8 @@ bool WriteSystemParameters(Session& session, const Directives& directives)
   QHash<QString, QString> values;
   for (const Field& field : Fields)
     values.insert(QString::fromLatin1(field.key), give(params, field));
-  bool lossless = false;
-  const QByteArray content = fileContent(values, &lossless);
-  if (lossless && writeFile(session.machine.programFolder(), content))
+  const auto content = fileContent(values);
+  if (content && writeFile(session.machine.programFolder(), *content))
     return true;
   QFile::remove(session.machine.inProgramFolder(QString::fromLatin1(FileName)));
   session.desk.stop(QStringLiteral("参数存取失败！"));

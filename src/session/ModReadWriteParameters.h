@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <optional>
+
 class Machine;
 struct Session;
 
@@ -21,18 +23,18 @@ QStringList keys();
 // Reads the file into `params` and deletes it. False, with nothing read, if there is no such file,
 // it cannot be read or deleted, it is no plain file or belongs to somebody else, it is too large to be
 // one, it ends inside a line, or not one of its lines carries a key.
-bool ReadSystemParameters(const Machine& machine, SessionParams& params);
+[[nodiscard]] bool ReadSystemParameters(const Machine& machine, SessionParams& params);
 
 // Writes the session with these orders for the program about to be started. On any error shows
-// "参数存取失败！", leaves no file and gives false; a text that does not survive the trip is one.
+// "参数存取失败！", leaves no file and returns false; a text that does not survive the trip is one.
 bool WriteSystemParameters(Session& session, const Directives& directives);
 
 // The bytes of a file with these values, by key; a key without one is empty. For whoever starts the
-// first program. `lossless` tells whether a reader will get every character back.
-QByteArray fileContent(const QHash<QString, QString>& values, bool* lossless = nullptr);
+// first program. Nothing if a reader would not get every character back.
+[[nodiscard]] std::optional<QByteArray> fileContent(const QHash<QString, QString>& values);
 
 // Writes the file with these bytes into a program folder, for this user alone: a password may be among
 // them. False if it could not be written.
-bool writeFile(const QString& folder, const QByteArray& content);
+[[nodiscard]] bool writeFile(const QString& folder, const QByteArray& content);
 
 } // namespace ModReadWriteParameters

@@ -58,11 +58,10 @@ int main(int argc, char* argv[])
       return complain(QStringLiteral("there are five orders at most"), WrongUse);
   }
 
-  bool lossless = false;
-  const QByteArray content = ModReadWriteParameters::fileContent(values, &lossless);
-  if (!lossless)
+  const auto content = ModReadWriteParameters::fileContent(values);
+  if (!content)
     return complain(QStringLiteral("a value holds what the file cannot"), Failed);
-  if (!ModReadWriteParameters::writeFile(arguments[0], content))
+  if (!ModReadWriteParameters::writeFile(arguments[0], *content))
     return complain(QStringLiteral("cannot write the parameter file into %1").arg(arguments[0]), Failed);
   return Done;
 }
