@@ -12,7 +12,7 @@ FilledAccountSet::FilledAccountSet()
 {
   QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
   const QString path = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-  if (const auto made = AccountSet::create(path, AccountSet::Content::Empty); !made)
+  if (const auto made = AccountSet::create(path); !made)
     qFatal("%s", qPrintable(made.error()));
   if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK ||
       SqliteArithmetic::registerAll(m_database) != SQLITE_OK)

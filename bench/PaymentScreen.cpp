@@ -1,6 +1,7 @@
 #include "PaymentScreen.h"
 
 #include "accountset/AccountSet.h"
+#include "samplefirm/SampleFirm.h"
 #include "screen/CellEditor.h"
 #include "screen/Controls.h"
 #include "screen/Grid.h"
@@ -16,7 +17,7 @@ const QString& sampleFirm()
   static const QTemporaryDir Folder{"figures-XXXXXX"};
   static const QString Path = [] {
     QString path = Folder.filePath(QStringLiteral("sample.mdb"));
-    if (const auto made = AccountSet::create(path, AccountSet::Content::Demo); !made)
+    if (const auto made = AccountSet::create(path, SampleFirm::write); !made)
       qFatal("%s", qPrintable(made.error()));
     return path;
   }();

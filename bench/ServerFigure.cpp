@@ -1,6 +1,7 @@
 #include "database/DialectTranslator.h"
 #include "database/Odbc.h"
 #include "database/ServerEngine.h"
+#include "samplefirm/SampleFirm.h"
 #include "support/TestServer.h"
 
 #include <benchmark/benchmark.h>
@@ -20,7 +21,7 @@ constexpr char Write[] = "update TabClient set Tel='1' where Code='G001'";
 // The sample firm with a long list of payments.
 const TestServer::Database& database()
 {
-  static const TestServer::Database Database(QStringLiteral("figures"), AccountSet::Content::Demo);
+  static const TestServer::Database Database(QStringLiteral("figures"), SampleFirm::write);
   static const bool Filled = [] {
     const auto store = Store::open(Database.administrator);
     return store && (*store)

@@ -1,7 +1,5 @@
 #include "accountset/AccountSet.h"
 
-#include "accountset/RowWriter.h"
-#include "accountset/SampleFirm.h"
 #include "accountset/SchemaSql.h"
 #include "database/Sqlite.h"
 #include "database/SqliteCollations.h"
@@ -31,24 +29,15 @@ Result run(sqlite3* database, const QByteArray& sql)
   return {};
 }
 
-Result writeSample(sqlite3* database)
-{
-  RowWriter rows(database);
-  SampleFirm::write(rows);
-  if (!rows.error().isEmpty())
-    return tl::unexpected(rows.error());
-  return {};
-}
-
 // In one transaction.
-Result fill(sqlite3* database, Content content)
+Result makeTables(sqlite3* database, const Fill& fill)
 {
   if (SqliteCollations::registerAll(database) != SQLITE_OK)
     return tl::unexpected(Sqlite::errorOf(database).description);
   const QString tables = SchemaSql::statements(Schema::allTables(), SchemaSql::Embedded).join(u';');
-  return run(database, "begin;" + tables.toUtf8())
-      .and_then([&] { return content == Content::Demo ? writeSample(database) : Result(); })
-      .and_then([&] { return run(database, "commit"); });
+  return run(database, "begin;" + tables.toUtf8()).and_then([&] { return fill ? fill(database) : Result(); }).and_then([&] {
+    return run(database, "commit");
+  });
 }
 
 Result writeNew(const QString& filePath, const Bytes& bytes, qint64 size)
@@ -65,15 +54,15 @@ Result writeNew(const QString& filePath, const Bytes& bytes, qint64 size)
 
 } // namespace
 
-Result create(const QString& filePath, Content content)
+Result create(const QString& filePath, const Fill& fill)
 {
   if (QFile::exists(filePath))
     return tl::unexpected(QStringLiteral("账套文件已存在：%1").arg(filePath));
   const Sqlite::Database database = openInMemory();
   if (!database)
     return tl::unexpected(QStringLiteral("内存不足"));
-  if (const auto filled = fill(database.get(), content); !filled)
-    return tl::unexpected(QStringLiteral("不能建立账套的数据表：%1").arg(filled.error()));
+  if (const auto made = makeTables(database.get(), fill); !made)
+    return tl::unexpected(QStringLiteral("不能建立账套的数据表：%1").arg(made.error()));
   sqlite3_int64 size = 0;
   const Bytes bytes(sqlite3_serialize(database.get(), "main", &size, 0));
   if (!bytes)

@@ -4,15 +4,18 @@
 
 #include <tl/expected.hpp>
 
+#include <functional>
+
+struct sqlite3;
+
 // Makes new account sets: the file on which the embedded engine works.
 namespace AccountSet {
 
-enum class Content {
-  Empty, // all tables, no rows
-  Demo,  // the sample firm
-};
+// Writes the first rows of a new account set, all of whose tables are there.
+using Fill = std::function<tl::expected<void, QString>(sqlite3* database)>;
 
-// Makes the file. An existing file is never written over, and after an error there is no new one.
-[[nodiscard]] tl::expected<void, QString> create(const QString& filePath, Content content);
+// Makes the file with all tables, and no rows without `fill`. An existing file is never written over, and after
+// an error there is no new one.
+[[nodiscard]] tl::expected<void, QString> create(const QString& filePath, const Fill& fill = {});
 
 } // namespace AccountSet

@@ -41,16 +41,17 @@ QStringList rightsOf(const AccountSetLocation& location, const Login& login)
           "grant select, insert, update, delete on all tables in schema public to " + name(login.name)};
 }
 
-Result fillWithSample(Store& server)
+// What writes rows knows the file alone, from which they are copied.
+Result fillServer(Store& server, const AccountSet::Fill& fill)
 {
   const QTemporaryDir folder;
-  const AccountSetLocation sample{folder.filePath(QStringLiteral("sample.mdb")), {}};
-  return AccountSet::create(sample.file, AccountSet::Content::Demo)
-      .and_then([&] { return Store::open(sample); })
-      .and_then([&](const std::unique_ptr<Store>& store) { return Copy::rows(*store, server); });
+  const AccountSetLocation file{folder.filePath(QStringLiteral("filled.mdb")), {}};
+  return AccountSet::create(file.file, fill).and_then([&] { return Store::open(file); }).and_then([&](const std::unique_ptr<Store>& store) {
+    return Copy::rows(*store, server);
+  });
 }
 
-Result fillDatabase(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
+Result fillDatabase(const AccountSetLocation& location, const Login& login, const AccountSet::Fill& fill)
 {
   const auto database = Store::open(location);
   if (!database)
@@ -60,9 +61,7 @@ Result fillDatabase(const AccountSetLocation& location, const Login& login, Acco
   statements += SchemaSql::statements(Schema::allTables(), SchemaSql::Server);
   statements += rightsOf(location, login);
   statements += QStringLiteral("commit");
-  return (*database)->runAll(statements).and_then([&] {
-    return content == AccountSet::Content::Demo ? fillWithSample(**database) : Result();
-  });
+  return (*database)->runAll(statements).and_then([&] { return fill ? fillServer(**database, fill) : Result(); });
 }
 
 } // namespace
@@ -74,7 +73,7 @@ AccountSetLocation withDatabase(const AccountSetLocation& location, const QStrin
   return other;
 }
 
-Result create(const AccountSetLocation& location, const Login& login, AccountSet::Content content)
+Result create(const AccountSetLocation& location, const Login& login, const AccountSet::Fill& fill)
 {
   const auto opened = Store::open(withDatabase(location, QLatin1String(Maintenance)));
   if (!opened)
@@ -86,7 +85,7 @@ Result create(const AccountSetLocation& location, const Login& login, AccountSet
   });
   if (!made)
     return tl::unexpected(QStringLiteral("不能建立账套数据库：%1").arg(made.error()));
-  const auto filled = fillDatabase(location, login, content);
+  const auto filled = fillDatabase(location, login, fill);
   if (filled)
     return {};
   std::ignore = server.run("drop database " + database);

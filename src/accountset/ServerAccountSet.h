@@ -16,7 +16,7 @@ struct Login {
 // indexes, and lets `login` select, insert, update and delete there, and nothing else. A login that is not
 // there yet is made; one that is keeps its password. A database that was there before is left as it
 // was.
-[[nodiscard]] tl::expected<void, QString> create(const AccountSetLocation& location, const Login& login, AccountSet::Content content);
+[[nodiscard]] tl::expected<void, QString> create(const AccountSetLocation& location, const Login& login, const AccountSet::Fill& fill = {});
 
 // The same server, but another database.
 AccountSetLocation withDatabase(const AccountSetLocation& location, const QString& database);

@@ -1,4 +1,5 @@
 #include "AccountSetOfTests.h"
+#include "samplefirm/SampleFirm.h"
 
 #include <QDir>
 
@@ -9,7 +10,7 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
   if (!isOnServer) {
     QDir(folder()).mkpath(QStringLiteral("Data"));
     m_location.file = m_folder.filePath(QStringLiteral("Data/A001.mdb"));
-    if (const auto made = AccountSet::create(m_location.file, AccountSet::Content::Demo); !made)
+    if (const auto made = AccountSet::create(m_location.file, SampleFirm::write); !made)
       qFatal("%s", qPrintable(made.error()));
     m_params.DatabaseType = QStringLiteral("Access");
     m_params.IsAccessSQL = true;
@@ -18,7 +19,7 @@ AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseNam
   }
   if (!TestServer::administrator())
     qFatal("tools/with-server runs this");
-  m_database = std::make_unique<TestServer::Database>(databaseName, AccountSet::Content::Demo);
+  m_database = std::make_unique<TestServer::Database>(databaseName, SampleFirm::write);
   m_location = m_database->administrator;
   const ServerAddress& server = m_database->clerk.server;
   m_params.DatabaseType = QStringLiteral("SQL");

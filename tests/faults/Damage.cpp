@@ -1,6 +1,7 @@
 #include "Faults.h"
 #include "accountset/AccountSet.h"
 #include "database/EmbeddedEngine.h"
+#include "samplefirm/SampleFirm.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -79,7 +80,7 @@ void damage(bool isLong, Tally& tally)
   const QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("set.mdb"));
   QFile file(path);
-  if (!AccountSet::create(path, AccountSet::Content::Demo) || !file.open(QIODevice::ReadOnly))
+  if (!AccountSet::create(path, SampleFirm::write) || !file.open(QIODevice::ReadOnly))
     qFatal("no sample");
   const QByteArray whole = file.readAll();
   file.close();

@@ -3,6 +3,7 @@
 #include "PayingOperator.h"
 #include "accountset/AccountSet.h"
 #include "accountset/Store.h"
+#include "samplefirm/SampleFirm.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,7 +25,7 @@ public:
   Scene()
   {
     QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    if (const auto made = AccountSet::create(path(), AccountSet::Content::Demo); !made)
+    if (const auto made = AccountSet::create(path(), SampleFirm::write); !made)
       qFatal("%s", qPrintable(made.error()));
     m_operator = std::make_unique<PayingOperator>(m_folder.path(), PayingOperator::onFile());
     m_operator->fillIn(Amounts);

@@ -2,6 +2,7 @@
 
 #include "accountset/AccountSet.h"
 #include "program/ProgramScreens.h"
+#include "samplefirm/SampleFirm.h"
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "session/ModuleADO.h"
@@ -76,7 +77,7 @@ struct SampleTemplates : OfficeFixture, testing::WithParamInterface<PrintedBill>
     for (const char* name : {"PrintTemp", "TempFile"})
       QDir(folder.path()).mkpath(name);
     QFile::remove(accountSetPath());
-    EXPECT_TRUE(AccountSet::create(accountSetPath(), AccountSet::Content::Demo));
+    EXPECT_TRUE(AccountSet::create(accountSetPath(), SampleFirm::write));
     session.DotSet = LoadDotSet(session);
     session.params.OperateType = GetParam().mode;
     screen = screens.screen(GetParam().form);

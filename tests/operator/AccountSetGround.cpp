@@ -3,6 +3,12 @@
 #include "Unmet.h"
 #include "accountset/Store.h"
 #include "database/SqlTokens.h"
+#include "samplefirm/SampleFirm.h"
+
+AccountSet::Fill AccountSetGround::fillOf(Content content)
+{
+  return content == Content::Demo ? AccountSet::Fill(SampleFirm::write) : AccountSet::Fill();
+}
 
 QList<QStringList> AccountSetGround::rowsOf(Store& store, const QString& sql)
 {

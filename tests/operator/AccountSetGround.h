@@ -15,6 +15,8 @@ class Store;
 // a server.
 class AccountSetGround {
 public:
+  enum class Content { Empty, Demo };
+
   static std::unique_ptr<AccountSetGround> onFile(const QString& programFolder, const QString& shelf);
   // `administrator` may make databases there.
   static std::unique_ptr<AccountSetGround> onServer(const ServerAddress& administrator);
@@ -23,7 +25,7 @@ public:
 
   virtual bool stands() const = 0;
   // Makes it, in place of the one that stands.
-  virtual void make(AccountSet::Content content) = 0;
+  virtual void make(Content content) = 0;
   // One statement of the account set's own engine, run beside the program with every right. Rows come as
   // texts, NULL as "NULL" and numbers in their shortest form. Unmet with the engine's words if it fails.
   virtual QList<QStringList> run(const QString& sql) = 0;
@@ -34,6 +36,7 @@ public:
   static std::optional<ServerAddress> readServer(const QString& text);
 
 protected:
+  static AccountSet::Fill fillOf(Content content);
   // `run` on an open account set.
   static QList<QStringList> rowsOf(Store& store, const QString& sql);
 };

@@ -19,11 +19,11 @@ public:
 
   bool stands() const override { return QFile::exists(m_path); }
 
-  void make(AccountSet::Content content) override
+  void make(Content content) override
   {
-    const QString kept = QDir(m_shelf).filePath(content == AccountSet::Content::Demo ? "demo" : "empty");
+    const QString kept = QDir(m_shelf).filePath(content == Content::Demo ? "demo" : "empty");
     if (!QFile::exists(kept))
-      if (const auto made = AccountSet::create(kept, content); !made)
+      if (const auto made = AccountSet::create(kept, fillOf(content)); !made)
         throw Unmet(QStringLiteral("cannot make an account set: %1").arg(made.error()));
     QFile::remove(m_path);
     if (!QFile::copy(kept, m_path))

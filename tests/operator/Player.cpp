@@ -147,7 +147,7 @@ void Player::makeAccountSet(const Directive& directive)
 {
   if (!m_stage->topForm().isEmpty())
     throw Unmet(QStringLiteral("the program still runs on the account set"));
-  m_scene.makeAccountSet(directive.word == u"demo" ? AccountSet::Content::Demo : AccountSet::Content::Empty);
+  m_scene.makeAccountSet(directive.word == u"demo" ? AccountSetGround::Content::Demo : AccountSetGround::Content::Empty);
 }
 
 void Player::start(const Directive& directive)

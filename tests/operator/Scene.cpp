@@ -77,7 +77,7 @@ QString Scene::file(const QString& name) const
   return QDir(m_folder).filePath(QString(name).replace(u'\\', u'/'));
 }
 
-void Scene::makeAccountSet(AccountSet::Content content)
+void Scene::makeAccountSet(AccountSetGround::Content content)
 {
   m_ground->make(content);
 }
@@ -85,7 +85,7 @@ void Scene::makeAccountSet(AccountSet::Content content)
 QList<QStringList> Scene::runSql(const QString& sql)
 {
   if (!m_ground->stands())
-    makeAccountSet(AccountSet::Content::Empty);
+    makeAccountSet(AccountSetGround::Content::Empty);
   return m_ground->run(sql);
 }
 
@@ -125,7 +125,7 @@ QString Scene::valueOf(const QString& key, const QStringList& directives) const
 void Scene::writeParameters(const QStringList& directives)
 {
   if (!m_ground->stands())
-    makeAccountSet(AccountSet::Content::Empty);
+    makeAccountSet(AccountSetGround::Content::Empty);
   QByteArray content;
   for (const QString& key : ModReadWriteParameters::keys())
     content += ModChangeStr::ChangeStrEncode(key + u'=' + valueOf(key, directives)) + "\r\n";

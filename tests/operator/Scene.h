@@ -28,7 +28,7 @@ public:
   QString file(const QString& name) const;
 
   // Makes the account set anew. One with no rows is made at first use if none was asked for.
-  void makeAccountSet(AccountSet::Content content);
+  void makeAccountSet(AccountSetGround::Content content);
   // One statement on the account set beside the program.
   QList<QStringList> runSql(const QString& sql);
 

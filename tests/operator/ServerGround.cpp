@@ -10,8 +10,6 @@
 
 namespace {
 
-using AccountSet::Content;
-
 // Who the program is.
 const ServerAccountSet::Login Cashier{QStringLiteral("cashier"), QStringLiteral("cashier")};
 
@@ -79,7 +77,7 @@ private:
   {
     const RowSet found = require(maintenance().run(QStringLiteral("select 1 from pg_database where datname='%1'").arg(name)));
     if (found.rows() == 0)
-      require(ServerAccountSet::create(ServerAccountSet::withDatabase(m_server, name), Cashier, content));
+      require(ServerAccountSet::create(ServerAccountSet::withDatabase(m_server, name), Cashier, fillOf(content)));
   }
 
   QString dropping() const { return QStringLiteral("drop database if exists %1 with (force)").arg(m_name); }

@@ -20,8 +20,8 @@ inline std::optional<AccountSetLocation> administrator(const QString& database =
 
 // A database with all tables, gone again with this.
 struct Database {
-  explicit Database(const QString& name, AccountSet::Content content = AccountSet::Content::Empty)
-      : administrator(*TestServer::administrator(name)), made(ServerAccountSet::create(administrator, login, content)), clerk(administrator)
+  explicit Database(const QString& name, const AccountSet::Fill& fill = {})
+      : administrator(*TestServer::administrator(name)), made(ServerAccountSet::create(administrator, login, fill)), clerk(administrator)
   {
     clerk.server.user = login.name;
     clerk.server.password = login.password;

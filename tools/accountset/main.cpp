@@ -1,9 +1,11 @@
+#include "Complaint.h"
 #include "Password.h"
 #include "accountset/AccountSet.h"
 #include "accountset/Check.h"
 #include "accountset/Copy.h"
 #include "accountset/ServerAccountSet.h"
 #include "platform/MemoryImage.h"
+#include "samplefirm/SampleFirm.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -13,10 +15,6 @@
 // Makes, copies and checks account sets from the shell.
 
 namespace {
-
-constexpr int Done = 0;
-constexpr int Failed = 1;
-constexpr int WrongUse = 2;
 
 constexpr char Description[] = "Makes, copies and checks account sets.\n\n"
                                "  accountset create FILE [--demo]\n"
@@ -37,7 +35,7 @@ struct Orders {
   bool server = false;
   ServerAccountSet::Login login;
 
-  AccountSet::Content content() const { return demo ? AccountSet::Content::Demo : AccountSet::Content::Empty; }
+  AccountSet::Fill fill() const { return demo ? AccountSet::Fill(SampleFirm::write) : AccountSet::Fill(); }
 };
 
 QTextStream& out()
@@ -46,19 +44,13 @@ QTextStream& out()
   return stream;
 }
 
-int complain(const QString& text, int status)
-{
-  QTextStream(stderr) << "accountset: " << text << "\n";
-  return status;
-}
-
 tl::expected<void, QString> create(const AccountSetLocation& location, const Orders& orders)
 {
   if (!location.isServer())
-    return AccountSet::create(location.file, orders.content());
+    return AccountSet::create(location.file, orders.fill());
   if (orders.login.name.isEmpty())
     return tl::unexpected(QStringLiteral("--login NAME is missing"));
-  return ServerAccountSet::create(location, orders.login, orders.content());
+  return ServerAccountSet::create(location, orders.login, orders.fill());
 }
 
 int create(const Orders& orders)

@@ -2,6 +2,7 @@
 
 #include "accountset/Schema.h"
 #include "database/SqliteCollations.h"
+#include "samplefirm/SampleFirm.h"
 #include "support/Printing.h"
 #include "support/RawDatabase.h"
 
@@ -20,7 +21,7 @@ namespace {
 struct AccountSetTest : testing::Test {
   void SetUp() override
   {
-    ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Empty));
+    ASSERT_TRUE(AccountSet::create(path));
     ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &database), SQLITE_OK);
     ASSERT_EQ(SqliteCollations::registerAll(database), SQLITE_OK);
     ASSERT_TRUE(takes(u"pragma synchronous=off"_s)); // many small statements, and nothing to lose
@@ -113,11 +114,11 @@ TEST(AccountSetCreation, NeverWritesOverAFileAndLeavesNoHalf)
   other.write("not ours");
   other.close();
 
-  EXPECT_TRUE(errorOf(AccountSet::create(path, AccountSet::Content::Demo)).contains(path));
+  EXPECT_TRUE(errorOf(AccountSet::create(path, SampleFirm::write)).contains(path));
   ASSERT_TRUE(other.open(QIODevice::ReadOnly));
   EXPECT_EQ(other.readAll(), "not ours");
-  EXPECT_FALSE(AccountSet::create(folder.path(), AccountSet::Content::Empty)) << "a folder";
-  EXPECT_FALSE(AccountSet::create(folder.filePath(u"absent/set.mdb"_s), AccountSet::Content::Empty));
+  EXPECT_FALSE(AccountSet::create(folder.path())) << "a folder";
+  EXPECT_FALSE(AccountSet::create(folder.filePath(u"absent/set.mdb"_s)));
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot), QStringList{u"set.mdb"_s});
 }
 

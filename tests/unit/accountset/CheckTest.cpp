@@ -2,6 +2,7 @@
 
 #include "accountset/AccountSet.h"
 #include "accountset/Copy.h"
+#include "samplefirm/SampleFirm.h"
 #include "support/Printing.h"
 #include "support/RawDatabase.h"
 #include "support/TestServer.h"
@@ -103,7 +104,7 @@ TEST(Check, ASoundAccountSetAddsUpAndEveryDisorderIsNamedOnBothEngines)
 {
   const QTemporaryDir folder;
   const AccountSetLocation file{folder.filePath(u"set.mdb"_s), {}};
-  ASSERT_TRUE(AccountSet::create(file.file, AccountSet::Content::Demo));
+  ASSERT_TRUE(AccountSet::create(file.file, SampleFirm::write));
   EXPECT_EQ(said(file), u""_s);
   for (const char* statements : Sound)
     EXPECT_EQ(said(sampleAfter(folder, statements)), u""_s) << statements;

@@ -1,6 +1,7 @@
 #include "accountset/Copy.h"
 
 #include "accountset/AccountSet.h"
+#include "samplefirm/SampleFirm.h"
 #include "support/Printing.h"
 #include "support/TestServer.h"
 
@@ -25,10 +26,10 @@ struct CopyTest : testing::Test {
       GTEST_SKIP() << "tools/with-server runs these tests";
   }
 
-  std::unique_ptr<Store> file(const QString& name, AccountSet::Content content)
+  std::unique_ptr<Store> file(const QString& name, const AccountSet::Fill& fill = {})
   {
     const AccountSetLocation location{folder.filePath(name), {}};
-    EXPECT_TRUE(AccountSet::create(location.file, content));
+    EXPECT_TRUE(AccountSet::create(location.file, fill));
     return *Store::open(location);
   }
 
@@ -122,7 +123,7 @@ void CopyTest::copyUnderWay(const char* name, const AccountSetLocation& source, 
 
 TEST_F(CopyTest, ThereAndBackIsTheSame)
 {
-  const auto source = file(u"a.mdb"_s, AccountSet::Content::Demo);
+  const auto source = file(u"a.mdb"_s, SampleFirm::write);
   // What is easily lost on the way: quotes, nothing, an empty text, bytes, long fractions, a blank ahead of a date.
   ASSERT_TRUE(source->runAll({u"insert into TabClient(Code,Name,Address) values('Z''1','a\\b''\"?{}',''),('Z2',null,'😀')"_s,
                               u"insert into TabExcelTable values('模板','付款单',1,x'00ff27275c')"_s,
@@ -132,7 +133,7 @@ TEST_F(CopyTest, ThereAndBackIsTheSame)
   ASSERT_EQ(errorOf(server.made), u""_s);
   const auto middle = *Store::open(server.administrator);
   ASSERT_TRUE(Copy::rows(*source, *middle));
-  const auto target = file(u"b.mdb"_s, AccountSet::Content::Empty);
+  const auto target = file(u"b.mdb"_s);
   ASSERT_TRUE(Copy::rows(*middle, *target));
   EXPECT_EQ(differing(*source, *middle), QStringList());
   EXPECT_EQ(differing(*source, *target), QStringList());
@@ -157,7 +158,7 @@ TEST_F(CopyTest, ThereAndBackIsTheSame)
 
 TEST_F(CopyTest, ARowThatDoesNotFitLeavesNothingBehind)
 {
-  const auto source = file(u"a.mdb"_s, AccountSet::Content::Demo);
+  const auto source = file(u"a.mdb"_s, SampleFirm::write);
   ASSERT_TRUE(source->runAll({u"update TabFee set SumMoney='abc'"_s}));
   const TestServer::Database server(u"copy_test"_s);
   const auto target = *Store::open(server.administrator);
@@ -168,8 +169,8 @@ TEST_F(CopyTest, ARowThatDoesNotFitLeavesNothingBehind)
 TEST_F(CopyTest, ALiveAccountSetIsCopiedAsItIsAtOneMoment)
 {
   const AccountSetLocation source{folder.filePath(u"a.mdb"_s), {}};
-  ASSERT_TRUE(AccountSet::create(source.file, AccountSet::Content::Empty));
-  copyUnderWay("file", source, *file(u"b.mdb"_s, AccountSet::Content::Empty));
+  ASSERT_TRUE(AccountSet::create(source.file));
+  copyUnderWay("file", source, *file(u"b.mdb"_s));
   const TestServer::Database server(u"copy_test"_s);
-  copyUnderWay("server", server.clerk, *file(u"c.mdb"_s, AccountSet::Content::Empty));
+  copyUnderWay("server", server.clerk, *file(u"c.mdb"_s));
 }

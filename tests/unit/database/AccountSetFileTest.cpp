@@ -29,7 +29,7 @@ struct AccountSetFileTest : testing::Test {
   void makeFile(const QString& changes)
   {
     QFile::remove(path);
-    ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Empty));
+    ASSERT_TRUE(AccountSet::create(path));
     RawDatabase(path).run(u"insert into TabPayfundBill(Code) values('FKD1');"_s + changes);
   }
 

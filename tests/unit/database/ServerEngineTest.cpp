@@ -175,7 +175,7 @@ TEST_F(ServerEngineTest, AnswersAsTheFileDoes)
 {
   const QTemporaryDir folder;
   const QString path = folder.filePath(u"set.mdb"_s);
-  ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Empty));
+  ASSERT_TRUE(AccountSet::create(path));
   const std::unique_ptr<Engine> file = *EmbeddedEngine::open(path);
   const auto both = [&](const QString& sql) {
     const QString expected = told(file->execute(sql));

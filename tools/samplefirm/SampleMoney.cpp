@@ -1,4 +1,4 @@
-#include "accountset/SampleMoney.h"
+#include "samplefirm/SampleMoney.h"
 
 namespace SampleFirm {
 

@@ -1,16 +1,18 @@
-#include "accountset/SampleFirm.h"
+#include "samplefirm/SampleFirm.h"
 
-#include "accountset/SampleCashBills.h"
-#include "accountset/SampleChart.h"
-#include "accountset/SampleGoodsBills.h"
-#include "accountset/SamplePartners.h"
-#include "accountset/SampleVouchers.h"
-#include "accountset/SampleWares.h"
+#include "samplefirm/RowWriter.h"
+#include "samplefirm/SampleCashBills.h"
+#include "samplefirm/SampleChart.h"
+#include "samplefirm/SampleGoodsBills.h"
+#include "samplefirm/SamplePartners.h"
+#include "samplefirm/SampleVouchers.h"
+#include "samplefirm/SampleWares.h"
 
 namespace SampleFirm {
 
-void write(RowWriter& rows)
+tl::expected<void, QString> write(sqlite3* database)
 {
+  RowWriter rows(database);
   writeSettings(rows);
   writeTemplates(rows);
   writeChart(rows);
@@ -24,6 +26,7 @@ void write(RowWriter& rows)
   writeGoodsBills(rows, goodsBills);
   writeCashBills(rows, cashBills);
   writeVouchers(rows, cashBills);
+  return rows.result();
 }
 
 } // namespace SampleFirm

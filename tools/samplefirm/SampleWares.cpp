@@ -1,7 +1,7 @@
-#include "accountset/SampleWares.h"
+#include "samplefirm/SampleWares.h"
 
-#include "accountset/RowWriter.h"
-#include "accountset/SampleMoney.h"
+#include "samplefirm/RowWriter.h"
+#include "samplefirm/SampleMoney.h"
 
 namespace SampleFirm {
 namespace {

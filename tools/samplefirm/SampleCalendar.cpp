@@ -1,4 +1,4 @@
-#include "accountset/SampleCalendar.h"
+#include "samplefirm/SampleCalendar.h"
 
 namespace SampleFirm {
 

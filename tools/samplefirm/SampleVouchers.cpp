@@ -1,11 +1,11 @@
-#include "accountset/SampleVouchers.h"
+#include "samplefirm/SampleVouchers.h"
 
-#include "accountset/RowWriter.h"
-#include "accountset/SampleCalendar.h"
-#include "accountset/SampleCashBills.h"
-#include "accountset/SampleChart.h"
-#include "accountset/SamplePartners.h"
 #include "platform/DateText.h"
+#include "samplefirm/RowWriter.h"
+#include "samplefirm/SampleCalendar.h"
+#include "samplefirm/SampleCashBills.h"
+#include "samplefirm/SampleChart.h"
+#include "samplefirm/SamplePartners.h"
 
 #include <map>
 

@@ -1,10 +1,10 @@
-#include "accountset/SampleCashBills.h"
+#include "samplefirm/SampleCashBills.h"
 
-#include "accountset/RowWriter.h"
-#include "accountset/SampleCalendar.h"
-#include "accountset/SampleChart.h"
-#include "accountset/SamplePartners.h"
 #include "platform/DateText.h"
+#include "samplefirm/RowWriter.h"
+#include "samplefirm/SampleCalendar.h"
+#include "samplefirm/SampleChart.h"
+#include "samplefirm/SamplePartners.h"
 
 // The rows of the money documents, column by column as the screens write them.
 namespace SampleFirm {

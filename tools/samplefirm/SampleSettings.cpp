@@ -1,6 +1,6 @@
-#include "accountset/SampleFirm.h"
+#include "samplefirm/SampleFirm.h"
 
-#include "accountset/RowWriter.h"
+#include "samplefirm/RowWriter.h"
 
 namespace SampleFirm {
 namespace {

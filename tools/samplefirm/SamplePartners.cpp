@@ -1,6 +1,6 @@
-#include "accountset/SamplePartners.h"
+#include "samplefirm/SamplePartners.h"
 
-#include "accountset/RowWriter.h"
+#include "samplefirm/RowWriter.h"
 
 namespace SampleFirm {
 namespace {

@@ -1,5 +1,6 @@
 #include "accountset/AccountSet.h"
 
+#include "samplefirm/SampleFirm.h"
 #include "support/Printing.h"
 #include "support/RawDatabase.h"
 
@@ -17,7 +18,7 @@ struct SampleFirmTest : testing::Test {
   {
     folder = std::make_unique<QTemporaryDir>();
     const QString path = folder->filePath(u"demo.mdb"_s);
-    ASSERT_TRUE(AccountSet::create(path, AccountSet::Content::Demo));
+    ASSERT_TRUE(AccountSet::create(path, SampleFirm::write));
     database = std::make_unique<RawDatabase>(path);
   }
   static void TearDownTestSuite()

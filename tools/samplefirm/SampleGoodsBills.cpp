@@ -1,11 +1,11 @@
-#include "accountset/SampleGoodsBills.h"
+#include "samplefirm/SampleGoodsBills.h"
 
-#include "accountset/RowWriter.h"
-#include "accountset/SampleCalendar.h"
-#include "accountset/SampleMoney.h"
-#include "accountset/SamplePartners.h"
-#include "accountset/SampleWares.h"
 #include "platform/DateText.h"
+#include "samplefirm/RowWriter.h"
+#include "samplefirm/SampleCalendar.h"
+#include "samplefirm/SampleMoney.h"
+#include "samplefirm/SamplePartners.h"
+#include "samplefirm/SampleWares.h"
 
 namespace SampleFirm {
 

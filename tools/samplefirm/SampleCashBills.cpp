@@ -1,8 +1,8 @@
-#include "accountset/SampleCashBills.h"
+#include "samplefirm/SampleCashBills.h"
 
-#include "accountset/SampleCalendar.h"
-#include "accountset/SampleMoney.h"
-#include "accountset/SamplePartners.h"
+#include "samplefirm/SampleCalendar.h"
+#include "samplefirm/SampleMoney.h"
+#include "samplefirm/SamplePartners.h"
 
 #include <algorithm>
 #include <map>

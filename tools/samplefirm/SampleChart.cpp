@@ -1,6 +1,6 @@
-#include "accountset/SampleChart.h"
+#include "samplefirm/SampleChart.h"
 
-#include "accountset/RowWriter.h"
+#include "samplefirm/RowWriter.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "accountset/RowWriter.h"
+#include "samplefirm/RowWriter.h"
 
 #include <QStringList>
 
@@ -13,18 +13,9 @@ bool RowWriter::Value::bind(sqlite3_stmt* statement, int place) const
   return sqlite3_bind_text16(statement, place, text, int(m_text.size() * 2), SQLITE_STATIC) == SQLITE_OK;
 }
 
-RowWriter::RowWriter(sqlite3* database) : m_database(database) {}
-
-RowWriter::~RowWriter() = default;
-
-void RowWriter::Finalize::operator()(sqlite3_stmt* statement) const
-{
-  sqlite3_finalize(statement);
-}
-
 void RowWriter::insert(const char* table, std::initializer_list<Value> values)
 {
-  if (!m_error.isEmpty())
+  if (!m_result)
     return;
   sqlite3_stmt* const statement = statementFor(table, values.size());
   bool good = statement;
@@ -32,23 +23,17 @@ void RowWriter::insert(const char* table, std::initializer_list<Value> values)
   for (const Value& value : values)
     good = good && value.bind(statement, ++place);
   if (!good || sqlite3_step(statement) != SQLITE_DONE)
-    return fail(table);
-  sqlite3_reset(statement);
+    m_result = tl::unexpected(QLatin1String(table) + QStringLiteral(": ") + Sqlite::errorOf(m_database).description);
+  else
+    sqlite3_reset(statement);
 }
 
 sqlite3_stmt* RowWriter::statementFor(const char* table, std::size_t columns)
 {
-  Statement& kept = m_statements[table];
+  Sqlite::Statement& kept = m_statements[table];
   if (!kept) {
     const QByteArray sql = QByteArray("insert into ") + table + " values(?" + QByteArray(",?").repeated(qsizetype(columns) - 1) + ")";
-    sqlite3_stmt* prepared = nullptr;
-    sqlite3_prepare_v2(m_database, sql.constData(), int(sql.size()), &prepared, nullptr);
-    kept.reset(prepared);
+    kept = Sqlite::prepare(m_database, sql).value_or(nullptr);
   }
   return kept.get();
-}
-
-void RowWriter::fail(const char* table)
-{
-  m_error = QStringLiteral("%1: %2").arg(QLatin1String(table), QString::fromUtf8(sqlite3_errmsg(m_database)));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "accountset/SampleGoodsBills.h"
+#include "samplefirm/SampleGoodsBills.h"
 
 // The money documents of the sample firm, and which goods bills they settle.
 namespace SampleFirm {
