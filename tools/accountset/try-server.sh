@@ -1,6 +1,7 @@
 #!/bin/sh
 # Makes, copies and checks account sets on the server that tools/with-server has started. Called with the tool.
 set -eu
+. "$(dirname "$0")/../refuses.sh"
 tool=$1
 user=${ZORVEK_SERVER%%:*}
 address=${ZORVEK_SERVER##*@}
@@ -9,12 +10,6 @@ password=${password%@*}
 server=server://$user@$address
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-refuses() {
-  if "$@" 2>/dev/null; then
-    echo "was not refused: $*" >&2
-    exit 1
-  fi
-}
 as_till() {
   ACCOUNTSET_PASSWORD='till 7;' "$@"
 }

@@ -1,8 +1,8 @@
+#include "Complaint.h"
 #include "platform/MemoryImage.h"
 #include "session/ModReadWriteParameters.h"
 
 #include <QCoreApplication>
-#include <QTextStream>
 
 #include <algorithm>
 
@@ -12,17 +12,8 @@
 
 namespace {
 
-constexpr int Done = 0;
-constexpr int Failed = 1;
-constexpr int WrongUse = 2;
 constexpr int MostOrders = 5;
 constexpr const char* Passwords[] = {"ConDataBasePWD", "UserPSW"};
-
-int complain(const QString& text, int status)
-{
-  QTextStream(stderr) << "order: " << text << "\n";
-  return status;
-}
 
 QString orderKey(qsizetype index)
 {

@@ -1,15 +1,10 @@
 #!/bin/sh
 # Nobody else reads the parameter file, and no password is taken from an argument. Called with the tool.
 set -eu
+. "$(dirname "$0")/../refuses.sh"
 order=$1
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-refuses() {
-  if "$@" 2>/dev/null; then
-    echo "was not refused: $*" >&2
-    exit 1
-  fi
-}
 size() {
   wc -c <"$folder/SysPar.dll"
 }

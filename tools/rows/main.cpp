@@ -1,3 +1,4 @@
+#include "Complaint.h"
 #include "database/EmbeddedEngine.h"
 
 #include <QCoreApplication>
@@ -7,16 +8,6 @@
 // one that writes is carried out.
 
 namespace {
-
-constexpr int Done = 0;
-constexpr int Failed = 1;
-constexpr int WrongUse = 2;
-
-int complain(const QString& text, int status)
-{
-  QTextStream(stderr) << "rows: " << text << "\n";
-  return status;
-}
 
 QString line(const RowSet& rows, std::int64_t row)
 {
