@@ -79,7 +79,7 @@ private:
 // One SQL statement, or a part of one: literals with values in their places. It is put together as plain text,
 // as all programs of the suite do it: nothing in a value is escaped. But every value has to stay the one
 // token that its place has for it, a text in its quotes, a number, a name; `violation` says whether all do, and
-// OpenRecordset asks before it runs a statement.
+// ModuleADO asks before it runs a statement.
 class Statement {
 public:
   Statement() = default;

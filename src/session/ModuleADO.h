@@ -8,22 +8,22 @@
 
 struct Session;
 
-// The only entry point to the database. Every statement of the program, writes included, is built by the
-// routine that needs it and goes through OpenRecordset; there is no transaction anywhere.
+// The only entry point to the database. Every statement is built by the routine that needs it; a read goes
+// through OpenRecordset, a write through Execute. There is no transaction anywhere.
 
-// The connection text of the session, after a warning if the account set or the server is not told.
+// The connection text of the session, after a warning if the account set or the server is not named.
 QString GetConnectionString(Session& session);
 
-// Runs one statement, opening the connection first if it is not open. A statement whose shape a value has
-// changed is not run. A failure shows "Error:" with number and description and returns a recordset that is not
-// open: reading that throws, while an insert, update or delete that failed lets the caller go on with its
-// next step.
+// Runs a select, opening the connection first if it is not open. A statement whose shape a value has changed is
+// not run. A failure shows "Error:" with number and description and returns a recordset that is not open, which
+// throws when it is read.
 Recordset OpenRecordset(Session& session, const Statement& statement);
 
-// The same for an insert, update or delete whose outcome counts: false if it failed.
+// The same for an insert, update or delete. False if it failed, which has been shown: most callers go on with
+// their next step all the same.
 bool Execute(Session& session, const Statement& statement);
 
-// The same for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
+// A select for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
 Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
 
 // Closes the connection, as a screen does when it goes; the next statement opens it again.
