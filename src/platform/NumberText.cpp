@@ -139,11 +139,6 @@ QString plain(double value)
   return (negative ? u'-' : u' ') + text;
 }
 
-QString fixed(double value, int decimals, bool grouped)
-{
-  return fixedOfDecimal(ofDouble(value), decimals, grouped);
-}
-
 QString fixedOfDecimal(const QString& decimal, int decimals, bool grouped)
 {
   const bool negative = decimal.startsWith(u'-');

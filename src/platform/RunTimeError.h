@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 // What reading a recordset that did not open, a field that is not there, an impossible date or an
-// overflowing amount throws. Before a screen stands it ends the program; once a screen stands, the
+// overflowing amount throws. Before a screen is shown it ends the program; once one is shown, the
 // operator's event in which it happened shows it and ends (see screen/Form.h).
 class RunTimeError : public std::runtime_error {
 public:
@@ -13,7 +13,6 @@ public:
     Overflow = 6,
     OutOfBounds = 9,
     TypeMismatch = 13,
-    PermissionDenied = 70,
     PathFileAccess = 75,
     NoSpreadsheet = 429,
     Automation = 440,

@@ -114,7 +114,7 @@ void readAmount(const QByteArray& bytes)
   const double value = NumberText::numericPrefix(text);
   require(std::isfinite(value), "an amount is finite");
   NumberText::isNumeric(text);
-  NumberText::fixed(value, 2, true);
+  NumberText::fixedOfDecimal(NumberText::ofDouble(value), 2, true);
   NumberText::plain(value);
   try {
     const Currency money = Currency::ofText(text);

@@ -94,5 +94,5 @@ TEST(NumberText, FixedRoundsHalfAwayFromZeroAsItReads)
            Row{12.5, 6, true, u"12.500000"},
            Row{1e15, 2, true, u"1,000,000,000,000,000.00"},
        })
-    EXPECT_EQ(NumberText::fixed(value, decimals, grouped), text);
+    EXPECT_EQ(NumberText::fixedOfDecimal(NumberText::ofDouble(value), decimals, grouped), text);
 }
