@@ -21,7 +21,12 @@ QStringList linesOf(const RowSet& rows)
 
 } // namespace
 
-QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values)
+Query queryOf(const Rule& rule, NamedValues values)
+{
+  return {filled(rule.words, values), filled(rule.sql, values)};
+}
+
+QString filled(const char* text, NamedValues values)
 {
   QString whole = QString::fromUtf8(text);
   for (const auto& [name, value] : values)

@@ -18,11 +18,6 @@ constexpr MoneyBill MoneyBills[] = {
     {"TabSustain", "TabSustainInf", "Code", true},
 };
 
-struct Rule {
-  const char* words;
-  const char* sql;
-};
-
 constexpr Rule Rules[] = {
     {"@header: 单据金额与明细合计不符（单号、单据金额、明细合计）",
      R"(select h.Code, h.SumMoney, l.Total
@@ -65,11 +60,8 @@ constexpr Rule PartnerRule = {"@header: 单据单位与明细单位不符（单�
 
 Query queryOf(const Rule& rule, const MoneyBill& bill)
 {
-  const auto fill = [&bill](const char* text) {
-    return filled(text,
-                  {{"@header", QLatin1String(bill.header)}, {"@lines", QLatin1String(bill.lines)}, {"@link", QLatin1String(bill.link)}});
-  };
-  return {fill(rule.words), fill(rule.sql)};
+  return queryOf(rule,
+                 {{"@header", QLatin1String(bill.header)}, {"@lines", QLatin1String(bill.lines)}, {"@link", QLatin1String(bill.link)}});
 }
 
 } // namespace

@@ -16,6 +16,16 @@ struct Query {
   QString sql;
 };
 
+// A rule as it is written: its words and its query, with names such as "@header" for what differs from one kind
+// of bill to the next.
+struct Rule {
+  const char* words;
+  const char* sql;
+};
+using NamedValues = std::initializer_list<std::pair<const char*, QString>>;
+
+Query queryOf(const Rule& rule, NamedValues values);
+
 // The tables of the bills that money bills settle.
 inline constexpr const char* GoodsBills[] = {"TabInBill",        "TabInCancleBill", "TabOutBill",
                                              "TabOutCancleBill", "TabElseInBill",   "TabElseOutBill"};
@@ -32,7 +42,7 @@ QList<Query> settlementQueries();
 [[nodiscard]] DatabaseResult<QString> lastClosedDay(Engine& engine);
 
 // `text` with each name such as "@header" replaced by its value.
-QString filled(const char* text, std::initializer_list<std::pair<const char*, QString>> values);
+QString filled(const char* text, NamedValues values);
 
 // "a header of one of these tables has this code".
 template <std::size_t N> QString isBillOf(const char* const (&tables)[N], const QString& code)

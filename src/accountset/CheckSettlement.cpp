@@ -6,11 +6,6 @@ namespace {
 // The tables whose bills have links to goods bills.
 constexpr const char* SettlingBills[] = {"TabPayfundBill", "TabGathefundBill", "TabSustain"};
 
-struct Rule {
-  const char* words;
-  const char* sql;
-};
-
 constexpr Rule OrphanRules[] = {
     {"核销记录的业务单据已不存在（业务单号、收付款单号、核销金额）",
      R"(select x.InOutBillCode, x.SFKBillCode, x.HXMoney
@@ -50,9 +45,7 @@ constexpr Rule AllocationRule = {"@header: 核销记录合计与收付款金额�
 
 Query queryOf(const Rule& rule, const char* header, const char* amount)
 {
-  const QString slack = filled(Slack, {{"@amount", QLatin1String(amount)}});
-  return {filled(rule.words, {{"@header", QLatin1String(header)}}),
-          filled(rule.sql, {{"@header", QLatin1String(header)}, {"@slack", slack}})};
+  return queryOf(rule, {{"@header", QLatin1String(header)}, {"@slack", filled(Slack, {{"@amount", QLatin1String(amount)}})}});
 }
 
 } // namespace
@@ -61,9 +54,8 @@ QList<Query> settlementQueries()
 {
   QList<Query> queries;
   for (const Rule& rule : OrphanRules)
-    queries.append(
-        {QString::fromUtf8(rule.words), filled(rule.sql, {{"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("x.InOutBillCode"))},
-                                                          {"@isSettlingBill", isBillOf(SettlingBills, QStringLiteral("x.SFKBillCode"))}})});
+    queries.append(queryOf(rule, {{"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("x.InOutBillCode"))},
+                                  {"@isSettlingBill", isBillOf(SettlingBills, QStringLiteral("x.SFKBillCode"))}}));
   for (const char* header : GoodsBills)
     queries.append(queryOf(GoodsRule, header, "coalesce(x.Total,0)"));
   for (const char* header : {"TabInBill", "TabOutBill"})

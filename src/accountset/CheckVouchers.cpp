@@ -24,11 +24,6 @@ constexpr VoucherKind VoucherKinds[] = {
     {"费用抵冲(供应商)", "TabSustain", "and h.SustainType='供应商'"},
 };
 
-struct Rule {
-  const char* words;
-  const char* sql;
-};
-
 constexpr Rule Rules[] = {
     {"凭证借贷不平（凭证号、借方、贷方）",
      R"(select l.BillCode, l.D, l.L
@@ -119,14 +114,11 @@ QString sameKind(const VoucherKind& kind)
 
 Query queryOf(const Rule& rule, const VoucherKind& kind, const QString& closed)
 {
-  const auto fill = [&](const char* text) {
-    return filled(text, {{"@header", QLatin1String(kind.header)},
-                         {"@kind", QString::fromUtf8(kind.name)},
-                         {"@only", QString::fromUtf8(kind.only)},
-                         {"@sameKind", sameKind(kind)},
-                         {"@closed", closed}});
-  };
-  return {fill(rule.words), fill(rule.sql)};
+  return queryOf(rule, {{"@header", QLatin1String(kind.header)},
+                        {"@kind", QString::fromUtf8(kind.name)},
+                        {"@only", QString::fromUtf8(kind.only)},
+                        {"@sameKind", sameKind(kind)},
+                        {"@closed", closed}});
 }
 
 constexpr const char* MoneyBills[] = {"TabPayfundBill", "TabGathefundBill", "TabKeepTake", "TabFee", "TabElseIncome", "TabSustain"};
@@ -137,11 +129,10 @@ QList<Query> voucherQueries(const QString& closed)
 {
   QList<Query> queries;
   for (const Rule& rule : Rules)
-    queries.append(
-        {QString::fromUtf8(rule.words), filled(rule.sql, {{"@isMoneyBill", isBillOf(MoneyBills, QStringLiteral("h.JXCBillCode"))},
-                                                          {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}})});
+    queries.append(queryOf(rule, {{"@isMoneyBill", isBillOf(MoneyBills, QStringLiteral("h.JXCBillCode"))},
+                                  {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}}));
   for (const QString& book : {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")})
-    queries.append({filled(NumberRule.words, {{"@n", book}}), filled(NumberRule.sql, {{"@n", book}})});
+    queries.append(queryOf(NumberRule, {{"@n", book}}));
   for (const VoucherKind& kind : VoucherKinds)
     for (const Rule& rule : KindRules)
       queries.append(queryOf(rule, kind, closed));
