@@ -22,20 +22,17 @@ int appendRow(void* rows, int columns, char** values, char**)
 
 RawDatabase::RawDatabase(const QString& path)
 {
-  if (sqlite3_open(path.toUtf8().constData(), &m_database) != SQLITE_OK || SqliteCollations::registerAll(m_database) != SQLITE_OK ||
-      SqliteArithmetic::registerAll(m_database) != SQLITE_OK)
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open(path.toUtf8().constData(), &opened);
+  m_database.reset(opened);
+  if (code != SQLITE_OK || SqliteCollations::registerAll(opened) != SQLITE_OK || SqliteArithmetic::registerAll(opened) != SQLITE_OK)
     qFatal("cannot open %s", qPrintable(path));
-}
-
-RawDatabase::~RawDatabase()
-{
-  sqlite3_close(m_database);
 }
 
 void RawDatabase::run(const QString& sql)
 {
   char* error = nullptr;
-  if (sqlite3_exec(m_database, sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK)
+  if (sqlite3_exec(m_database.get(), sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK)
     qFatal("%s: %s", error, qPrintable(sql));
 }
 
@@ -43,7 +40,7 @@ QString RawDatabase::rows(const QString& sql)
 {
   QStringList found;
   char* error = nullptr;
-  if (sqlite3_exec(m_database, sql.toUtf8().constData(), appendRow, &found, &error) != SQLITE_OK)
+  if (sqlite3_exec(m_database.get(), sql.toUtf8().constData(), appendRow, &found, &error) != SQLITE_OK)
     qFatal("%s: %s", error, qPrintable(sql));
   return found.join(u'\n');
 }
