@@ -14,7 +14,7 @@ namespace {
 using Result = tl::expected<void, QString>;
 using Bytes = Sqlite::Handle<unsigned char>;
 
-// In memory, so that the file is written in one piece and a failure leaves nothing behind.
+// In memory, so that the file is written in one piece and a failure leaves no file.
 Sqlite::Database openInMemory()
 {
   sqlite3* opened = nullptr;

@@ -53,7 +53,7 @@ constexpr Column SustainInf[] = {
     {"MoneyName", Text},      {"MoneyRate", Single},    {"Auditing", Text},
 };
 
-// The day of the link is kept as its writer put it, with the blank ahead of it.
+// The day of the link is kept as its writer put it, with the space before it.
 constexpr Column SFKHeXiao[] = {
     {"HXDatee", Date}, {"InOutBillCode", Text}, {"SFKBillCode", Text}, {"HXMoney", Money}, {"InOutBillDatee", Date}, {"SFKBillDatee", Date},
 };
@@ -71,7 +71,7 @@ constexpr Table Tables[] = {
     {"TabElseIncomeInf", FeeBillInf, "Code, LineNo"},
     {"TabSustain", Sustain, "Code", {"Datee, Code"}},
     {"TabSustainInf", SustainInf, "Code, LineNo", {"UnitCode, Datee"}},
-    // A pair of bills stands once because its writer deletes before it inserts, not by a key.
+    // A pair of bills occurs once because its writer deletes before it inserts, not by a key.
     {"TabSFKHeXiao", SFKHeXiao, "", {"InOutBillCode", "SFKBillCode"}},
 };
 

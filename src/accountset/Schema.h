@@ -39,7 +39,7 @@ constexpr int MaxIndexes = 4;
 struct Table {
   const char* name;
   std::span<const Column> columns;
-  // The columns that no two rows share, parted by ", "; empty if a row may stand twice. A row that
+  // The columns that no two rows share, separated by ", "; empty if a row may occur twice. A row that
   // leaves out its line number clashes with no other.
   const char* key;
   // Further indexes, each a list of columns like the key, led by the column that is asked by. Unused

@@ -41,7 +41,7 @@ QStringList rightsOf(const AccountSetLocation& location, const Login& login)
           "grant select, insert, update, delete on all tables in schema public to " + name(login.name)};
 }
 
-// What writes rows knows the file alone, from which they are copied.
+// `fill` writes into a file, from which the rows are copied.
 Result fillServer(Store& server, const AccountSet::Fill& fill)
 {
   const QTemporaryDir folder;

@@ -28,7 +28,7 @@ constexpr int LongestValue = 64 << 20; // a bill template has some megabytes
 constexpr std::size_t LargestResult = 256 << 20;
 constexpr std::chrono::seconds LongestStatement{30}; // of computing: waiting for a lock is not counted
 
-// The time and room of one statement, from here to the end of this.
+// The limits of one statement in time and memory, during the lifetime of this object.
 class Share {
 public:
   Share(sqlite3* database, std::chrono::nanoseconds time);

@@ -4,7 +4,7 @@
 
 namespace {
 
-// End of a value that starts at `at`: the next ";", or for a value in braces the one behind its brace.
+// End of a value that starts at `at`: the next ";", or for a value in braces the one after its brace.
 qsizetype endOfValue(QStringView text, qsizetype at)
 {
   while (at < text.size() && text[at] == u' ')

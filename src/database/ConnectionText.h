@@ -5,8 +5,8 @@
 #include <QHash>
 #include <QString>
 
-// A connection text read back: the words between its ";", each a name and a value. A value may stand
-// in braces, and then holds what it likes.
+// A connection text read back: the words between its ";", each a name and a value. A value may be
+// in braces, and then holds any character.
 class ConnectionText {
 public:
   explicit ConnectionText(const QString& text);

@@ -207,7 +207,7 @@ private:
     replace(*close, QStringLiteral(" as integer)"));
   }
 
-  // "select top n ..." becomes "select ... limit n", at the end of its own select: ahead of the
+  // "select top n ..." becomes "select ... limit n", at the end of its own select: before the
   // bracket that closes it, or of what ends the statement.
   void rewriteTop(std::size_t select)
   {
@@ -223,7 +223,7 @@ private:
     m_edits.push_back({end, end, QStringLiteral(" limit %1 ").arg(m_tokens[count].text), 1});
   }
 
-  // The system's databases sort what is null ahead of all values, PostgreSQL behind them.
+  // The system's databases sort null before all values, PostgreSQL after them.
   void rewriteOrder(std::size_t by)
   {
     const std::size_t end = endOfSelect(by);
@@ -251,7 +251,7 @@ private:
     return end;
   }
 
-  // An insertion stands ahead of what replaces the token behind it.
+  // An insertion comes before what replaces the token after it.
   QString written()
   {
     std::stable_sort(m_edits.begin(), m_edits.end(), [](const SqlEdit& a, const SqlEdit& b) {

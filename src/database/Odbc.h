@@ -7,7 +7,7 @@
 #include <memory>
 
 // One connection through the machine's ODBC driver manager, with the words and the limits of time that
-// the kinds of server want. What is run goes to the server as it stands: the engine, and the makers of
+// the kinds of server want. What is run goes to the server unchanged: the engine, and the makers of
 // account sets, say what may be run.
 //
 // Nothing waits without an end: connecting, a lock and a statement each have their limit, and a server
@@ -32,7 +32,7 @@ public:
   bool isGivenUp() const;
 
   // The text that a driver of some library takes: each writes host and port, and its limits, in its own
-  // way. Values that need it stand in braces.
+  // way. Values that need it are put in braces.
   static QString driverText(const ServerAddress& server, const ServerWaits& waits, const QString& library);
 
 private:

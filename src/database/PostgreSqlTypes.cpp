@@ -36,7 +36,7 @@ begin
   return (y * 12 + m) * 31 + d;
 end $body$ language plpgsql immutable strict parallel safe)";
 
-// Days by their order, and behind them, as text, what is no day.
+// Days by their order, and after them, as text, what is no day.
 constexpr char SlowOrder[] = R"(create function zdate_slow_order(a text, b text) returns integer as $body$
 declare
   daya integer := public.zdate_day(a);
@@ -52,7 +52,7 @@ begin
   return case when a < b then -1 when a = b then 0 else 1 end;
 end $body$ language plpgsql immutable strict parallel safe)";
 
-// Both are days in the short form, in which nearly all are written, and in order as they stand. A list of a
+// Both are days in the short form, in which nearly all are written, and in order as texts. A list of a
 // month compares thousands of times: this is one expression, and the 29th of February goes the slow way.
 constexpr char AreShort[] = R"(octet_length(a::text) = 10 and (a::text || b::text) ~
   '^(?:[1-9]\d{3}-(?:(?:0[1-9]|1[0-2])-(?:0[1-9]|1\d|2[0-8])|(?:0[13-9]|1[0-2])-(?:29|30)|(?:0[13578]|1[02])-31)){2}$')";

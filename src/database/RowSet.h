@@ -21,7 +21,7 @@ public:
   Value value(std::int64_t row, int column) const;
   // Memory in bytes.
   std::size_t size() const { return m_cells.size() * sizeof(Cell) + m_texts.size(); }
-  // A text as the engine gave it, byte by byte; empty for any other value.
+  // A text as the engine returned it, byte by byte; empty for any other value.
   QByteArray bytes(std::int64_t row, int column) const;
 
   // Values come row by row, each row from its first column to its last.

@@ -12,7 +12,7 @@ using DialectTranslator::Target;
 // The number of a statement that is not let through.
 constexpr int Refused = -2147217900;
 
-// Behind a pause of this length a connection is tried before something is written: servers and the
+// After a pause of this length a connection is tried before something is written: servers and the
 // network end what is idle, and a write that was on its way cannot be told from one that was done.
 constexpr std::chrono::milliseconds TrustedPause{500};
 

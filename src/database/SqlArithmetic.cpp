@@ -166,7 +166,7 @@ private:
     const SqlToken& token = m_tokens[m_at];
     if (token.kind == SqlToken::Word)
       return endsCase() ? close() : token.isWord(QLatin1String("collate")) ? continueForeign() : delimit();
-    // x'00' is one operand; with a blank between them the text is a name.
+    // x'00' is one operand; with a space between them the text is a name.
     if (token.kind == SqlToken::Text)
       return endOf(m_at - 1) == startOf(m_at) ? void() : delimit();
     if (token.kind != SqlToken::Symbol) {

@@ -18,8 +18,8 @@ bool isWordPart(QChar c)
   return isWordStart(c) || isDigit(c) || c == u'$';
 }
 
-// A full-width blank is none: the engine does not take it for one either.
-bool isBlank(QChar c)
+// A full-width space is none: the engine does not take it for one either.
+bool isSpace(QChar c)
 {
   return c == u' ' || (c >= u'\t' && c <= u'\r');
 }
@@ -99,7 +99,7 @@ std::vector<SqlToken> read(QStringView sql)
   std::vector<SqlToken> tokens;
   tokens.reserve(std::size_t(sql.size()) / 6);
   for (qsizetype at = 0; at < sql.size();) {
-    if (isBlank(sql[at])) {
+    if (isSpace(sql[at])) {
       ++at;
       continue;
     }

@@ -8,7 +8,7 @@
 struct SqlToken {
   enum Kind : quint8 { Word, Number, Text, Date, Symbol, Comment };
 
-  QStringView text; // as it stands in the statement, quotes and # included
+  QStringView text; // as in the statement, quotes and # included
   Kind kind;
   bool open = false; // the closing quote or # is missing
 
@@ -31,8 +31,8 @@ struct SqlEdit {
 
 namespace SqlTokens {
 
-// The tokens in their order, without the blanks between them. Their texts are views of `sql`, which
-// must outlive them: the large statements have a thousand tokens and are cut anew each time.
+// The tokens in their order, without the spaces between them. Their texts are views of `sql`, which
+// must outlive them: the large statements have a thousand tokens and are tokenized every time.
 std::vector<SqlToken> read(QStringView sql);
 
 // A text that `read` takes for one token: in these quotes, with those inside doubled.

@@ -23,7 +23,7 @@ int twoDigits(const char* text)
 }
 
 // "yyyy-MM-dd" and nothing else, the form in which this system writes, compared byte by byte. It must
-// be a day that exists, or it would stand among the dates here and behind them elsewhere; the 29th of
+// be a day that exists, or it would sort among the dates here and after them elsewhere; the 29th of
 // February is left to the slow way.
 bool isIsoDay(const char* text, int size)
 {

@@ -6,7 +6,7 @@ struct sqlite3;
 namespace SqliteCollations {
 
 // Compares dates by the day, however they are written ("2022-6-1" and "2022-06-01" are one), and
-// what is no date as text behind all dates.
+// what is no date as text after all dates.
 constexpr char Date[] = "ZDATE";
 // Text without regard to the case of Latin letters.
 constexpr char Text[] = "NOCASE";

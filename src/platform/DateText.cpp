@@ -20,7 +20,7 @@ int readNumber(QStringView text, qsizetype& at, int most)
   return at == start ? -1 : value;
 }
 
-// "9:30", "09:30:00" or "09:30:00.000": what may stand behind a date.
+// "9:30", "09:30:00" or "09:30:00.000": what may follow a date.
 bool isTime(QStringView text)
 {
   qsizetype at = 0;

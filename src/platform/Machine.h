@@ -5,7 +5,7 @@
 #include <QString>
 
 // The machine that the program runs on, as far as the program asks it: the clock, the program
-// folder, the start of another program, its own identity. Tests give one whose clock stands still.
+// folder, the start of another program, its own identity. Tests have one whose clock is set by hand.
 class Machine {
 public:
   virtual ~Machine() = default;

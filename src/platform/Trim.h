@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Cuts blanks, and nothing else, from both ends: the only trimming that the system knows. A line
-// break or a full-width blank stays.
+// Removes spaces, and nothing else, from both ends: the only trimming that the system does. A line
+// break or a full-width space stays.
 inline QString Trim(QStringView text)
 {
   while (text.startsWith(u' '))

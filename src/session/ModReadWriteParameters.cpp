@@ -71,11 +71,11 @@ public:
         line.chop(1);
       m_lines.append(ModChangeStr::ChangeStrDecode(line));
     }
-    // What stands behind the last line break is no line.
+    // What follows the last line break is no line.
     m_lines.removeLast();
   }
 
-  // True if at least one line has the name of a key, wherever it stands: otherwise this is no
+  // True if at least one line has the name of a key, in any order: otherwise this is no
   // parameter file at all.
   bool carriesAnyKey() const
   {

@@ -35,7 +35,7 @@ public:
   virtual void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) = 0;
   // Breaks the lines of these cells, and makes their rows as high as they need.
   virtual void showWhole(const QString& sheet, const QList<Cell>& cells) = 0;
-  // New rows ahead of `row`, each looking like the one above.
+  // New rows before `row`, each looking like the one above.
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;
 

@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
-// Shows what stands in an account set: rows FILE "select ...". The statement may be in either dialect;
+// Shows what an account set holds: rows FILE "select ...". The statement may be in either dialect;
 // one that writes is carried out.
 
 namespace {

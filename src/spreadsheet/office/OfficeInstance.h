@@ -4,7 +4,7 @@
 
 // Where an office program of ours lives: its profile, and the pipe on which it listens. It is never the
 // operator's own profile, so that ending it closes nothing of his. Instances are numbered, since two offices
-// can't share a profile; the first one free is taken, so that a profile is made anew as rarely as can be.
+// can't share a profile; the first one free is taken, so that a new profile is made as rarely as possible.
 struct OfficeInstance {
   QString profileFolder;
   QString pipe;

@@ -37,7 +37,7 @@ private:
 
   Reference<com::sun::star::sheet::XSpreadsheet> sheetCalled(const QString& name);
   Reference<com::sun::star::table::XCellRange> range(const QString& sheet, int row, int column, qsizetype rows, qsizetype columns);
-  // None is the one that cells have unless someone gives them another.
+  // None is the default format of a cell.
   enum class CellFormat { None, Text, Own };
   CellFormat formatOf(const Reference<com::sun::star::table::XCellRange>& cells);
   void formatLike(const Reference<com::sun::star::table::XCellRange>& cell, const QString& amount);
