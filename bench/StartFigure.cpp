@@ -1,6 +1,6 @@
 #include "PaymentScreen.h"
 
-#include "session/ModReadWriteParameters.h"
+#include "startup/ModReadWriteParameters.h"
 
 #include <QFile>
 #include <QProcess>

@@ -2,8 +2,8 @@
 #include "desktop/DesktopDesk.h"
 #include "platform/Machine.h"
 #include "program/ProgramScreens.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/Session.h"
+#include "startup/Entry.h"
 
 #include <QApplication>
 #include <QEvent>

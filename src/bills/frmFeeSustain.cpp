@@ -1,125 +1,142 @@
 #include "bills/frmFeeSustain.h"
 
+#include "bills/LineAccounts.h"
 #include "platform/Trim.h"
-#include "session/ModuleADO.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString CustomerMode = QStringLiteral("费用抵冲(客户)");
-const QString SupplierMode = QStringLiteral("费用抵冲(供应商)");
-const QString CustomerTitle = QStringLiteral("费用抵冲单--客户");
-const QString SupplierTitle = QStringLiteral("费用抵冲单--供应商");
+using namespace SaveChecks;
+using BillKinds::CustomerOffset;
+using BillKinds::SupplierOffset;
+
+// The name comes ahead of the total here.
+constexpr SaveCheck Checks[] = {operatorMayEdit, dateIsOpen,     amountsFit,  partnerIsNamed,
+                                totalIsNotZero,  partnerIsKnown, hasLines,    lineAccountsAreLeaves,
+                                currencyIsGiven, numberNewBill,  codeIsGiven, codeHasPrefix};
+
+constexpr LineTraits Lines{
+    .accountCodeHeading = u"抵冲账户编号",
+    .accountNameHeading = u"抵冲账户名称",
+    .attention = u"注意：在列表中输入数据后击回车键确定！在帐户编号或帐户名称列双击可直接选择。",
+    .accountFilter = FeeAccountFilter,
+    .accountPickerTitle = u"费用科目",
+    .noLines = u"没有数据输入！",
+    .wrongAccount = u"抵冲账户为  ",
+};
+
+constexpr PartnerTraits Partner{
+    .unknown = u"抵冲单位名称在往来单位名称中不存在，请检查！",
+    .pickerSql = u"select Code,Name from TabClient  ",
+    .pickerTitle = u"选择客户",
+    .infoTool = "ToolProvideClientInf",
+    .infoToolTip = u"供应商或客户基础资料",
+};
+
+constexpr const char* EmptyAfterDelete[] = {"TxtBillCode", "TxtCode", "TxtName", "TxtOperator", "TxtMemo"};
+
+constexpr BillTraits Traits{
+    .kind = BillKinds::FeeOffset,
+    .formCaption = u"费用抵冲",
+    .headFrame = u"抵冲单位信息",
+    .saleManPickerTitle = u"选择制单人",
+    .checks = Checks,
+    .partner = &Partner,
+    .lines = &Lines,
+    .printHead = PartnerHead,
+    .printFoot = TotalFoot,
+    .templateWords = PartnerWords,
+    .duplicateCode = u"费用抵冲单编号重复，请修改！",
+    .missingAtVoid = u"费用抵冲单编号不存在，作废失败！",
+    .asksRightAtVoid = false,
+    .tellsSavedLast = true,
+    .isTurnedByBill = true,
+    .emptyAfterDelete = EmptyAfterDelete,
+};
+
+bool is(QStringView text, const char16_t* other)
+{
+  return text == QStringView(other);
+}
 
 } // namespace
 
-frmFeeSustain::frmFeeSustain(Session& ofSession) : PartnerBillForm(ofSession, FeeOffsetTraits)
+frmFeeSustain::frmFeeSustain(Session& ofSession) : BillScreen(ofSession, Traits) {}
+
+bool frmFeeSustain::hasBillMode() const
 {
-  buildPartner();
-  buildSaleManAndMemo();
-  buildLines();
-  buildFooter();
+  return is(BillMode, CustomerOffset.name) || is(BillMode, SupplierOffset.name);
 }
 
-QString frmFeeSustain::mode() const
+std::optional<QString> frmFeeSustain::mode() const
 {
-  if (BillMode == CustomerMode || BillMode == SupplierMode)
-    return BillMode;
-  return billName() == CustomerTitle ? CustomerMode : billName() == SupplierTitle ? SupplierMode : BillMode;
+  for (const OffsetMode& byTitle : {CustomerOffset, SupplierOffset})
+    if (!hasBillMode() && is(billName(), byTitle.title))
+      return QString::fromUtf16(byTitle.name);
+  return BillMode;
 }
 
 bool frmFeeSustain::isSupplierMode() const
 {
-  return mode() == SupplierMode;
+  return is(*mode(), SupplierOffset.name);
 }
 
 bool frmFeeSustain::isCustomerMode() const
 {
-  return mode() == CustomerMode;
+  return is(*mode(), CustomerOffset.name);
 }
 
 void frmFeeSustain::showTitle()
 {
-  LabBillName->setCaption(BillMode == SupplierMode ? SupplierTitle : CustomerTitle);
+  LabBillName.setCaption(QString::fromUtf16(is(BillMode, SupplierOffset.name) ? SupplierOffset.title : CustomerOffset.title));
 }
 
 void frmFeeSustain::Form_Load()
 {
   BillMode = Trim(session.params.OperateType);
-  if (isCustomerMode() || isSupplierMode())
+  if (hasBillMode())
     showTitle();
-  loadHeader();
-}
-
-// A stored bill may have changed the mode by now, and with it the templates.
-void frmFeeSustain::frm_Initialize(bool keepScreen)
-{
-  PartnerBillForm::frm_Initialize(keepScreen);
-  fillTemplateMenus();
+  BillScreen::Form_Load();
 }
 
 // Every new bill is of the mode that the screen was started with.
 void frmFeeSustain::InitLineGrid()
 {
-  PartnerBillForm::InitLineGrid();
+  BillScreen::InitLineGrid();
   BillMode = Trim(session.params.OperateType);
 }
 
 // The stored row decides the mode.
-void frmFeeSustain::fillOwnFields(const Recordset& header)
+void frmFeeSustain::showHeader(const Recordset& header)
 {
-  PartnerBillForm::fillOwnFields(header);
-  const QString type = header.trimmed("SustainType");
-  if (type != u"客户" && type != u"供应商")
-    return;
-  BillMode = type == u"客户" ? CustomerMode : SupplierMode;
-  showTitle();
+  BillScreen::showHeader(header);
+  for (const OffsetMode& stored : {CustomerOffset, SupplierOffset})
+    if (is(header.trimmed("SustainType"), stored.type)) {
+      BillMode = QString::fromUtf16(stored.name);
+      showTitle();
+    }
 }
 
 Statement frmFeeSustain::billListClause() const
 {
-  return {u" and SustainType='{}' ", isSupplierMode() ? "供应商" : "客户"};
+  return {u" and SustainType='{}' ", QString::fromUtf16(isSupplierMode() ? SupplierOffset.type : CustomerOffset.type)};
 }
 
-QList<BillForm::SaveCheck> frmFeeSustain::saveChecks() const
+QString frmFeeSustain::offsetType() const
 {
-  return {
-      step(&frmFeeSustain::operatorMayEdit),
-      step(&frmFeeSustain::dateIsOpen),
-      step(&frmFeeSustain::amountsFit),
-      // The name comes ahead of the total here.
-      step(&frmFeeSustain::partnerIsNamed),
-      step(&frmFeeSustain::totalIsNotZero),
-      step(&frmFeeSustain::partnerIsKnown),
-      step(&frmFeeSustain::hasLines),
-      step(&frmFeeSustain::lineAccountsAreLeaves),
-      step(&frmFeeSustain::currencyIsGiven),
-      step(&frmFeeSustain::numberNewBill),
-      step(&frmFeeSustain::codeIsGiven),
-      step(&frmFeeSustain::codeHasPrefix),
-      step(&frmFeeSustain::voucherIsAllowed),
-  };
-}
-
-QList<Statement> frmFeeSustain::kindValues() const
-{
-  return {sqlText(isCustomerMode() ? "客户" : "供应商")};
-}
-
-SqlLiteral frmFeeSustain::partnerColumns() const
-{
-  // A customer's own salesman is not asked for.
-  return isSupplierMode() ? SqlLiteral(u"Code,Name,SaleMan") : SqlLiteral(u"Code,Name");
+  return QString::fromUtf16(isCustomerMode() ? CustomerOffset.type : SupplierOffset.type);
 }
 
 QString frmFeeSustain::noPartnerMessage() const
 {
-  return isSupplierMode() ? "请先确定供应商！" : "请先确定客户！";
+  return isSupplierMode() ? u"请先确定供应商！"_s : u"请先确定客户！"_s;
 }
 
 void frmFeeSustain::FJXCAccount_Click()
 {
-  if (BillMode == CustomerMode || BillMode == SupplierMode)
-    PartnerBillForm::FJXCAccount_Click();
+  if (hasBillMode())
+    BillScreen::FJXCAccount_Click();
   else
-    session.desk.inform(QStringLiteral("不退确定设置类型，请退出后重新设置！"));
+    desk().inform(u"不退确定设置类型，请退出后重新设置！"_s);
 }

@@ -1,22 +1,14 @@
 #include "ledger/AccountingCalendar.h"
 
 #include "platform/DateText.h"
-#include "platform/NumberText.h"
 #include "platform/RunTimeError.h"
-#include "platform/Trim.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
 #include <limits>
-#include <optional>
 
 namespace ModFuntion {
 namespace {
-
-int numberOf(const QString& text)
-{
-  return int(qBound(-1.0e6, NumberText::numericPrefix(text), 1.0e6));
-}
 
 // The day on which an accounting month ends by the settings.
 std::optional<int> settledEndDay(Session& session, int month)
@@ -25,16 +17,9 @@ std::optional<int> settledEndDay(Session& session, int month)
   return rs.eof() ? std::nullopt : std::optional(int(rs.field("DateeD").toInteger()));
 }
 
-int lastCalendarDay(const Session& session, int month, const QString& year)
-{
-  const int ofYear = Trim(year).isEmpty() ? session.machine.today().year() : numberOf(Trim(year));
-  return DateText::build(ofYear, month, 1).daysInMonth();
-}
-
 QDate endOfPeriod(Session& session, int year, int month)
 {
-  const auto day = settledEndDay(session, month);
-  return DateText::build(year, month, day ? *day : lastCalendarDay(session, month, QString::number(year)));
+  return DateText::build(year, month, settledEndDay(session, month).value_or(QDate(year, month, 1).daysInMonth()));
 }
 
 QDate endOfPeriodBefore(Session& session, int year, int month)
@@ -60,51 +45,48 @@ bool isClosedBy(Session& session, const char* table, const QDate& date)
 
 } // namespace
 
-QDate GetPeriodStartDate(Session& session, const QString& year, const QString& month)
+QDate GetPeriodStartDate(Session& session, int year, int month)
 {
-  return endOfPeriodBefore(session, numberOf(year), numberOf(month)).addDays(1);
+  return endOfPeriodBefore(session, year, month).addDays(1);
 }
 
-QDate GetPeriodEndDate(Session& session, const QString& year, const QString& month)
+QDate GetPeriodEndDate(Session& session, int year, int month)
 {
-  return endOfPeriod(session, numberOf(year), numberOf(month));
+  return endOfPeriod(session, year, month);
 }
 
-QString GetAccountingMonth(Session& session, const QDate& date)
+int GetAccountingMonth(Session& session, const QDate& date)
 {
   if (!date.isValid())
-    return {};
+    return 0;
   const int month = date.month() + periodShift(session, date);
-  return QString::number(month < 1 ? 12 : month > 12 ? 1 : month);
+  return month < 1 ? 12 : month > 12 ? 1 : month;
 }
 
-QString GetAccountingYear(Session& session, const QDate& date)
+int GetAccountingYear(Session& session, const QDate& date)
 {
   if (!date.isValid())
-    return {};
+    return 0;
   const int month = date.month() + periodShift(session, date);
-  return QString::number(date.year() + (month < 1 ? -1 : month > 12 ? 1 : 0));
+  return date.year() + (month < 1 ? -1 : month > 12 ? 1 : 0);
 }
 
-QString GetPeriodEndDay(Session& session, const QString& month, const QString& year)
+int GetPeriodEndDay(Session& session, int month, int year)
 {
-  const int ofMonth = qBound(1, numberOf(month), 12);
-  const auto day = settledEndDay(session, ofMonth);
-  return QString::number(day ? *day : lastCalendarDay(session, ofMonth, year));
+  const int ofMonth = qBound(1, month, 12);
+  return settledEndDay(session, ofMonth).value_or(QDate(year, ofMonth, 1).daysInMonth());
 }
 
-QString LastDayOfMonth(const Session& session, const QString& month, const QString& year)
+Statement lastClosingQuery(const Session& session, const char* table, const QDate& until)
 {
-  const int ofMonth = numberOf(month);
-  return ofMonth <= 0 ? QString() : QString::number(lastCalendarDay(session, qMin(ofMonth, 12), year));
+  return {u"select max(Datee) as Datee from {}  where Datee<={}", SqlName(table), SqlDialect::date(session, until)};
 }
 
 std::optional<QDate> LastClosing(Session& session, const char* table)
 {
   // A text that is not a date sorts after all dates.
   const QDate lastOfAll(9999, 12, 31);
-  const Recordset rs = OpenRecordset(
-      session, {u"select max(Datee) as Datee from {}  where Datee<={}", SqlName(table), SqlDialect::date(session, lastOfAll)});
+  const Recordset rs = OpenRecordset(session, lastClosingQuery(session, table, lastOfAll));
   return rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
 }
 
@@ -113,7 +95,7 @@ bool GetClosingGuard(Session& session, const QDate& date, bool showMessage)
   if (!isClosedBy(session, "TabTurn", date) && !isClosedBy(session, "TabTurnDay", date))
     return false;
   if (showMessage)
-    session.desk.inform(QStringLiteral("今天已结转，禁止当前操作！"));
+    session.desk.inform(QString::fromUtf16(ClosedMessage));
   return true;
 }
 

@@ -1,5 +1,6 @@
 #include "ledger/Balance.h"
 
+#include "ledger/AccountingCalendar.h"
 #include "ledger/BalanceStatement.h"
 #include "ledger/BillFilter.h"
 #include "platform/DateText.h"
@@ -31,9 +32,8 @@ QString mainBook(Session& session)
 
 std::optional<QDate> lastClosing(Session& session, const QDate& date)
 {
-  const Recordset rs =
-      OpenRecordset(session, {u"select max(Datee) as Dateee from TabTurn  where Datee<={}", SqlDialect::date(session, date)});
-  return hasRow(rs) ? DateText::parse(rs.text("Dateee")) : std::nullopt;
+  const Recordset rs = OpenRecordset(session, lastClosingQuery(session, "TabTurn", date));
+  return hasRow(rs) ? DateText::parse(rs.text("Datee")) : std::nullopt;
 }
 
 // The first row, not a sum: with all currencies taken together only one of them is opened with.

@@ -2,6 +2,7 @@
 
 #include "ledger/Balance.h"
 #include "ledger/BillFilter.h"
+#include "ledger/BillKinds.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
@@ -19,28 +20,29 @@ enum class Source { GoodsBills, FundLines, OffsetLines, Vouchers };
 // One kind of a partner's movements, and which sums they move. A sum that they do not move is empty.
 struct Arm {
   Source source;
-  const char16_t* of;  // the table; of offsets their SustainType; of vouchers the kind of account
-  SqlLiteral accounts; // of fund lines: how the account's code begins
+  const char* table;    // that is asked alone
+  const char16_t* type; // of offsets their SustainType; of vouchers the kind of account
+  SqlLiteral accounts;  // of fund lines: how the account's code begins
   Amounts amounts;
 };
 
 // Cash accounts begin with 1001, bank accounts with 1002; money on any other account leaves the
 // balance as it is.
 constexpr Arm Arms[] = {
-    {Source::GoodsBills, u"TabOutBill", u"", {u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
-    {Source::GoodsBills, u"TabOutCancleBill", u"", {u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
-    {Source::FundLines, u"TabGathefundBillInf", u"1001", {None, u"Moneyy"}},
-    {Source::FundLines, u"TabGathefundBillInf", u"1002", {None, None, u"Moneyy"}},
-    {Source::OffsetLines, u"客户", u"", {None, None, u"TabSustainInf.Moneyy"}},
-    {Source::Vouchers, u"应收", u"", {u"(Debtor-Lender)"}},
-    {Source::Vouchers, u"预收", u"", {u"(Debtor-Lender)"}},
-    {Source::GoodsBills, u"TabInBill", u"", {None, None, None, u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
-    {Source::GoodsBills, u"TabInCancleBill", u"", {None, None, None, u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
-    {Source::FundLines, u"TabPayfundBillInf", u"1001", {None, None, None, None, u"Moneyy"}},
-    {Source::FundLines, u"TabPayfundBillInf", u"1002", {None, None, None, None, None, u"Moneyy"}},
-    {Source::OffsetLines, u"供应商", u"", {None, None, None, None, None, u"TabSustainInf.Moneyy"}},
-    {Source::Vouchers, u"预付", u"", {None, None, None, u"(Lender-Debtor)"}},
-    {Source::Vouchers, u"应付", u"", {None, None, None, u"(Lender-Debtor)"}},
+    {Source::GoodsBills, "TabOutBill", u"", u"", {u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
+    {Source::GoodsBills, "TabOutCancleBill", u"", u"", {u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
+    {Source::FundLines, BillKinds::ReceiptLines.table, u"", u"1001", {None, u"Moneyy"}},
+    {Source::FundLines, BillKinds::ReceiptLines.table, u"", u"1002", {None, None, u"Moneyy"}},
+    {Source::OffsetLines, "", BillKinds::CustomerOffset.type, u"", {None, None, u"TabSustainInf.Moneyy"}},
+    {Source::Vouchers, "", u"应收", u"", {u"(Debtor-Lender)"}},
+    {Source::Vouchers, "", u"预收", u"", {u"(Debtor-Lender)"}},
+    {Source::GoodsBills, "TabInBill", u"", u"", {None, None, None, u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
+    {Source::GoodsBills, "TabInCancleBill", u"", u"", {None, None, None, u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
+    {Source::FundLines, BillKinds::PaymentLines.table, u"", u"1001", {None, None, None, None, u"Moneyy"}},
+    {Source::FundLines, BillKinds::PaymentLines.table, u"", u"1002", {None, None, None, None, None, u"Moneyy"}},
+    {Source::OffsetLines, "", BillKinds::SupplierOffset.type, u"", {None, None, None, None, None, u"TabSustainInf.Moneyy"}},
+    {Source::Vouchers, "", u"预付", u"", {None, None, None, u"(Lender-Debtor)"}},
+    {Source::Vouchers, "", u"应付", u"", {None, None, None, u"(Lender-Debtor)"}},
 };
 
 // What all arms of one source have in common: their days, their currency, their audit.
@@ -51,23 +53,23 @@ struct Scopes {
 };
 
 // The days of the movements. A closing on the very day of the balance leaves nothing to add.
-Statement range(const Session& session, const MovementQuestion& question, SqlLiteral dateColumn)
+Statement range(const Session& session, const MovementQuery& query, SqlLiteral dateColumn)
 {
   const Statement column(dateColumn);
-  const Statement after = SqlDialect::date(session, question.lastClosing);
-  const Statement until = SqlDialect::date(session, question.date);
-  return question.lastClosing == question.date ? Statement(u"{}>{} and {}<{}", column, after, column, until)
-                                               : Statement(u"{}>{} and {}<={}", column, after, column, until);
+  const Statement after = SqlDialect::date(session, query.lastClosing);
+  const Statement until = SqlDialect::date(session, query.date);
+  return query.lastClosing == query.date ? Statement(u"{}>{} and {}<{}", column, after, column, until)
+                                         : Statement(u"{}>{} and {}<={}", column, after, column, until);
 }
 
-Scopes scopesOf(const Session& session, const MovementQuestion& question)
+Scopes scopesOf(const Session& session, const MovementQuery& query)
 {
-  const bool auditedOnly = question.auditedOnly;
-  return {range(session, question, u"Datee") + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = question.moneyName}),
-          range(session, question, u"TabSustainInf.Datee") +
-              BuildBillFilter({.table = "TabSustainInf", .auditedOnly = auditedOnly, .moneyName = question.moneyName}),
-          range(session, question, u"TabWarrant.Datee") + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
-              BuildBillFilter({.table = "TabWarrantInf", .moneyName = question.moneyName})};
+  const bool auditedOnly = query.auditedOnly;
+  return {range(session, query, u"Datee") + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = query.moneyName}),
+          range(session, query, u"TabSustainInf.Datee") +
+              BuildBillFilter({.table = "TabSustainInf", .auditedOnly = auditedOnly, .moneyName = query.moneyName}),
+          range(session, query, u"TabWarrant.Datee") + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
+              BuildBillFilter({.table = "TabWarrantInf", .moneyName = query.moneyName})};
 }
 
 Statement selectList(const Arm& arm, SqlLiteral rate)
@@ -79,30 +81,30 @@ Statement selectList(const Arm& arm, SqlLiteral rate)
   return Statement::joined(sums, u", ");
 }
 
-Statement goodsBills(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement goodsBills(const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
-  return {u" from {}  where UnitCode='{}' and State='正常'    and  {}", SqlName(QString::fromUtf16(arm.of)), question.code, scopes.bills};
+  return {u" from {}  where UnitCode='{}' and State='正常'    and  {}", SqlName(arm.table), query.code, scopes.bills};
 }
 
-Statement fundLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement fundLines(const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
-  return {u" from {}  where UnitCode='{}'  and AccountantCode like '{}%'   and  {}  and  State='正常'", SqlName(QString::fromUtf16(arm.of)),
-          question.code, arm.accounts.view().toString(), scopes.bills};
+  return {u" from {}  where UnitCode='{}'  and AccountantCode like '{}%'   and  {}  and  State='正常'", SqlName(arm.table), query.code,
+          arm.accounts.view().toString(), scopes.bills};
 }
 
-Statement offsetLines(const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement offsetLines(const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
   return {u" from TabSustainInf,TabSustain  where TabSustainInf.UnitCode='{}'   and  {}"
           u"  and  TabSustainInf.State='正常'  and  TabSustain.SustainType='{}'"
           u"  and  TabSustain.Code=TabSustainInf.Code",
-          question.code, scopes.offsets, QString::fromUtf16(arm.of)};
+          query.code, scopes.offsets, QString::fromUtf16(arm.type)};
 }
 
 // Vouchers made by hand: those of bills would count a movement twice.
-Statement vouchers(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement vouchers(Session& session, const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
-  const QString kind = QString::fromUtf16(arm.of);
-  const bool keptByPartners = IsClientAccountWLHS(session, question.code, kind);
+  const QString kind = QString::fromUtf16(arm.type);
+  const bool keptByPartners = IsClientAccountWLHS(session, query.code, kind);
   return {u" from  TabWarrant,TabWarrantInf ,TabAccountantType,TabClient "
           u" where (TabWarrant.JXCBillCode='' or {})   and {}"
           u" and  TabAccountantType.Code =TabClient.{}   and TabClient.Code=  '{}' {}"
@@ -112,44 +114,44 @@ Statement vouchers(Session& session, const MovementQuestion& question, const Sco
           SqlDialect::isNull(session, u"TabWarrant.JXCBillCode"),
           scopes.vouchers,
           SqlName(partnerAccountColumn(kind)),
-          question.code,
-          keptByPartners ? Statement(u" and TabWarrantInf.WLHS=  '{}' ", question.code) : Statement(),
-          SqlName("AccountBook" + question.book)};
+          query.code,
+          keptByPartners ? Statement(u" and TabWarrantInf.WLHS=  '{}' ", query.code) : Statement(),
+          SqlName("AccountBook" + query.book)};
 }
 
-Statement fromWhere(Session& session, const MovementQuestion& question, const Scopes& scopes, const Arm& arm)
+Statement fromWhere(Session& session, const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
   switch (arm.source) {
-  case Source::GoodsBills: return goodsBills(question, scopes, arm);
-  case Source::FundLines: return fundLines(question, scopes, arm);
-  case Source::OffsetLines: return offsetLines(question, scopes, arm);
-  case Source::Vouchers: return vouchers(session, question, scopes, arm);
+  case Source::GoodsBills: return goodsBills(query, scopes, arm);
+  case Source::FundLines: return fundLines(query, scopes, arm);
+  case Source::OffsetLines: return offsetLines(query, scopes, arm);
+  case Source::Vouchers: return vouchers(session, query, scopes, arm);
   }
   return {};
 }
 
-SqlLiteral rateOf(const MovementQuestion& question, const Arm& arm)
+SqlLiteral rateOf(const MovementQuery& query, const Arm& arm)
 {
-  if (!isAllCurrencies(question.moneyName))
+  if (!isAllCurrencies(query.moneyName))
     return {};
   return arm.source == Source::OffsetLines ? SqlLiteral(u"*TabSustainInf.MoneyRate") : SqlLiteral(u"*MoneyRate");
 }
 
 // In inventory kept separately from finance, vouchers do not count.
-bool takesPart(const Session& session, const MovementQuestion& question, const Arm& arm)
+bool takesPart(const Session& session, const MovementQuery& query, const Arm& arm)
 {
-  return arm.source != Source::Vouchers || (!question.code.isEmpty() && !session.params.IsJXC);
+  return arm.source != Source::Vouchers || (!query.code.isEmpty() && !session.params.IsJXC);
 }
 
 } // namespace
 
-Statement movementStatement(Session& session, const MovementQuestion& question)
+Statement movementStatement(Session& session, const MovementQuery& query)
 {
-  const Scopes scopes = scopesOf(session, question);
+  const Scopes scopes = scopesOf(session, query);
   QList<Statement> arms;
   for (const Arm& arm : Arms)
-    if (takesPart(session, question, arm))
-      arms.append({u"select {}{}", selectList(arm, rateOf(question, arm)), fromWhere(session, question, scopes, arm)});
+    if (takesPart(session, query, arm))
+      arms.append({u"select {}{}", selectList(arm, rateOf(query, arm)), fromWhere(session, query, scopes, arm)});
   return {u"select sum(SumMoneyy) as SumMoneyy,  sum(SumCashh) as SumCashh,  sum(SumCreditt) as SumCreditt,  "
           u" sum(SumMoneyy_G) as SumMoneyy_G,  sum(SumCashh_G) as SumCashh_G,  sum(SumCreditt_G) as SumCreditt_G   "
           u" from ( {} ) tmpTab ",

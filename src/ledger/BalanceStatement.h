@@ -10,7 +10,7 @@ struct Session;
 namespace ModFuntion {
 
 // What the movements behind a balance are asked for.
-struct MovementQuestion {
+struct MovementQuery {
   QString code;
   QDate lastClosing; // the movements begin on the day after
   QDate date;        // and end on this day
@@ -22,7 +22,7 @@ struct MovementQuestion {
 // One statement for all movements of a partner between two days, over every table that moves what he
 // owes. It gives one row of six sums: SumMoneyy, SumCashh, SumCreditt of the sales side, and the same
 // with "_G" of the purchase side. A sum is null if nothing moved.
-Statement movementStatement(Session& session, const MovementQuestion& question);
+Statement movementStatement(Session& session, const MovementQuery& query);
 
 // The column of TabClient that names the partner's account of a kind ("应收", "预收", "应付",
 // "预付"); empty for any other kind.

@@ -9,5 +9,7 @@ namespace ModFuntion {
 QString GetBillHeaderTable(const QString& billName);
 // Line table; empty for an unknown name and for a bill without lines.
 QString GetBillLineTable(const QString& billName);
+// The kind under which images of a bill are stored, and the order to the image manager.
+QString GetBillImageKind(const QString& billName);
 
 } // namespace ModFuntion

@@ -3,10 +3,10 @@
 #include "database/Recordset.h"
 #include "platform/Trim.h"
 #include "screen/WheelPaging.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
 #include "session/OperateRight.h"
 #include "session/Session.h"
+#include "startup/Launcher.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "pickers/frmWarehouseSelect.h"
 
 #include "platform/Trim.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
+#include "startup/Launcher.h"
 
 namespace {
 
@@ -12,8 +12,8 @@ constexpr char16_t ChartOfAccounts[] = u"TabAccountantType";
 } // namespace
 
 frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, const TreePickerCall& call)
-    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), TreeTable(call.TreeTable), TreeWhere(call.TreeWhere),
-      TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
+    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), SelectedCode(ofSession.kept<LastPickedNode>().code),
+      TreeTable(call.TreeTable), TreeWhere(call.TreeWhere), TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
 {
   setCaption(QStringLiteral("选择会计科目"));
   File.setCaption(QStringLiteral("文件(&S)"));
@@ -32,7 +32,7 @@ void frmWarehouseSelect::wire()
   ToolSelect.onClick = [this] { Select(); };
   ToolAdd.onClick = [this] { ToolAdd_Click(); };
   ToolRefresh.onClick = [this] { cmdLoad_Click(); };
-  TreeView.onNodeClick = [this](const QString& key) { session.SelectedCode = key.chopped(1); };
+  TreeView.onNodeClick = [this](const QString& key) { SelectedCode = key.chopped(1); };
   TreeView.onNodeDoubleClick = [this](const QString&) { Select(); };
   onKey = [this](const Key& key) {
     if (key.code == Key::Escape)
@@ -101,8 +101,8 @@ void frmWarehouseSelect::addRoot(const QString& code)
 
 void frmWarehouseSelect::Select()
 {
-  const QString code = Trim(session.SelectedCode);
-  if (session.SelectedCode.isEmpty()) {
+  const QString code = Trim(SelectedCode);
+  if (SelectedCode.isEmpty()) {
     desk().inform(QStringLiteral("请选择名称！"));
     return;
   }

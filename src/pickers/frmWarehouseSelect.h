@@ -11,7 +11,7 @@ struct Session;
 // warehouse. Any node below the top level can be taken, a group as well as a leaf; the bill refuses
 // groups when it is saved. Arrows move in the tree, Enter takes the node, Esc leaves.
 //
-// The node clicked last is kept in the session, so that it can be taken again when the dialog next
+// The node clicked last is kept for the run, so that it can be taken again when the dialog next
 // comes up.
 class frmWarehouseSelect : public Form {
   Q_OBJECT
@@ -34,6 +34,7 @@ private:
   void ToolAdd_Click();
 
   Session& session;
+  QString& SelectedCode; // of the node clicked last
   const QString TreeTable;
   const Statement TreeWhere;
   const QString TreeKind;
@@ -48,4 +49,9 @@ private:
   ToolButton ToolRefresh{&Toolbar1, "ToolRefresh"};
   ToolButton ToolExit{&Toolbar1, "ToolExit"};
   Tree TreeView{this, "TreeView"};
+};
+
+// What the account picker keeps for the run.
+struct LastPickedNode {
+  QString code; // of the node clicked last
 };

@@ -126,6 +126,16 @@ bool isStored(Session& session, const Job& job)
 
 } // namespace
 
+QStringList namesOf(Session& session, const QString& templateType)
+{
+  Recordset rs =
+      OpenRecordset(session, {u"select TabName from TabExcelTable where TabType= '{}'  order by  OrderBy,TabName ", Trim(templateType)});
+  QStringList names;
+  for (; !rs.eof(); rs.moveNext())
+    names.append(rs.trimmed("TabName"));
+  return names;
+}
+
 QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placeholders)
 {
   for (const Placeholder& placeholder : placeholders)

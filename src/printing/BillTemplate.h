@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -33,6 +33,9 @@ struct Job {
   int amountColumn; // of the grid
   Finish finish = Finish::Print;
 };
+
+// The names of the templates of a kind of bill, in their stored order.
+QStringList namesOf(Session& session, const QString& templateType);
 
 // Prints, previews or hands over the filled workbook. Every failure is shown. Only a workbook that was
 // handed over stays in TempFile; the unpacked one stays in PrintTemp.

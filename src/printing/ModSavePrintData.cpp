@@ -8,9 +8,21 @@
 #include "session/Session.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ModSavePrintData {
 namespace {
+
+constexpr int LastLine = 20;
+// Counted from 1; index 0 is not used.
+using Lines = std::array<QString, LastLine + 1>;
+
+// The lines above and below the grid of a printout. They stay between the print jobs of a run: a later
+// job that sets fewer of them keeps the older ones beyond its own.
+struct PrintStrings {
+  Lines head = {};
+  Lines foot = {};
+};
 
 // The lines of the file: headers end in a colon, values stand behind an equals sign.
 class PrintFile {
@@ -26,7 +38,7 @@ private:
 
 // Counts the strings that hold something and writes as many from the first on: behind a gap the last
 // one is lost.
-void writeStrings(PrintFile& file, const QString& which, const PrintStrings::Lines& lines)
+void writeStrings(PrintFile& file, const QString& which, const Lines& lines)
 {
   const auto count = std::count_if(lines.begin() + 1, lines.end(), [](const QString& line) { return !line.isEmpty(); });
   file.header(which + "count");
@@ -77,9 +89,9 @@ void writeGrid(PrintFile& file, const PrintGrid& printed)
   writeCells(file, printed);
 }
 
-void setString(PrintStrings::Lines& lines, const QString& text, int index)
+void setString(Lines& lines, const QString& text, int index)
 {
-  if (index < 0 || index > PrintStrings::Last)
+  if (index < 0 || index > LastLine)
     throw RunTimeError(RunTimeError::OutOfBounds, QStringLiteral("下标越界"));
   lines[std::size_t(index)] = text;
 }
@@ -104,12 +116,12 @@ int PrintGrid::mshcols() const
 
 void SetPrintHeadString(Session& session, const QString& text, int index)
 {
-  setString(session.printStrings.head, text, index);
+  setString(session.kept<PrintStrings>().head, text, index);
 }
 
 void SetPrintFootString(Session& session, const QString& text, int index)
 {
-  setString(session.printStrings.foot, text, index);
+  setString(session.kept<PrintStrings>().foot, text, index);
 }
 
 void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType,
@@ -120,8 +132,8 @@ void WritePrintFile(Session& session, const PrintGrid& printed, const QString& p
   content.value("printtablename", Trim(printTableName));
   content.header("打印类别");
   content.value("printtype", Trim(printType));
-  writeStrings(content, "head", session.printStrings.head);
-  writeStrings(content, "foot", session.printStrings.foot);
+  writeStrings(content, "head", session.kept<PrintStrings>().head);
+  writeStrings(content, "foot", session.kept<PrintStrings>().foot);
   writeGrid(content, printed);
   content.header("批量连续打印");
   content.value("accountantprintsign", Trim(accountantPrintSign));

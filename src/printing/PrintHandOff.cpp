@@ -2,8 +2,8 @@
 
 #include "platform/Trim.h"
 #include "screen/Grid.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/Session.h"
+#include "startup/Launcher.h"
 
 ModSavePrintData::PrintGrid printedLines(const Grid& grid)
 {

@@ -21,7 +21,6 @@ struct Maker {
   std::unique_ptr<Screen> (*make)(Session&);
 };
 
-// The entry names the screens; here they get their forms.
 constexpr Maker Makers[] = {
     {"frmPayfund", make<frmPayfund>},
     {"frmGathefund", make<frmGathefund>},
@@ -35,12 +34,10 @@ constexpr Maker Makers[] = {
 
 } // namespace
 
-Screen* ProgramScreens::screen(const QString& name)
+std::unique_ptr<Screen> makeProgramScreen(Session& session, const QString& name)
 {
-  if (const auto made = m_screens.find(name); made != m_screens.end())
-    return made->second.get();
   for (const Maker& maker : Makers)
     if (name == QLatin1String(maker.name))
-      return m_screens.emplace(name, maker.make(m_session)).first->second.get();
+      return maker.make(session);
   return nullptr;
 }

@@ -3,8 +3,9 @@
 #include "platform/Machine.h"
 #include "platform/MemoryImage.h"
 #include "program/ProgramScreens.h"
-#include "session/Mod_ZORVEKMain.h"
+#include "screen/Form.h"
 #include "session/Session.h"
+#include "startup/Entry.h"
 
 #include <QApplication>
 
@@ -21,10 +22,9 @@ int main(int argc, char** argv)
   ThisMachine machine;
   DesktopDesk desk;
   Session session{desk, machine};
-  ProgramScreens screens(session);
-  const Mod_ZORVEKMain::Start start = Mod_ZORVEKMain::Main(session, screens);
-  if (!start.screen || !start.screen->isOpen())
+  const Mod_ZORVEKMain::Start start = Mod_ZORVEKMain::Main(session, makeProgramScreen);
+  if (!start.screen || !start.screen->form().isOpen())
     return start.exitStatus;
-  QObject::connect(start.screen, &Form::closed, &application, &QApplication::quit);
+  QObject::connect(&start.screen->form(), &Form::closed, &application, &QApplication::quit);
   return QApplication::exec();
 }

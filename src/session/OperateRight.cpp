@@ -31,38 +31,56 @@ bool isAllowed(Session& session, const QString& operatorName, const QString& fun
   return !rs.eof() && rs.number("Allow") == 1;
 }
 
-} // namespace
-
-bool CheckOperateRight(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
-{
-  const bool isCloudSession = !Trim(session.params.CloudAccount).isEmpty() && !Trim(session.params.CloudAccount2).isEmpty();
-  if (isCloudSession && !CheckCloudAccountLogin(session))
-    return false;
-  if (operatorName == Administrator || isAllowed(session, operatorName, functionName, kind))
-    return true;
-  session.desk.inform(QStringLiteral("没有操作权限！"));
-  return false;
-}
-
-bool CheckCloudAccountLogin(Session& session)
+std::optional<QString> cloudRefusal(Session& session)
 {
   const SessionParams& params = session.params;
-  if (Trim(params.CloudAccount).isEmpty()) {
-    session.desk.inform(QStringLiteral("不能确定云账号，请退出软件重新登陆！"));
-    return false;
-  }
-  if (Trim(params.CloudAccount2).isEmpty()) {
-    session.desk.inform(QStringLiteral("不能确定子账号，请退出软件重新登陆！"));
-    return false;
-  }
+  if (Trim(params.CloudAccount).isEmpty())
+    return QStringLiteral("不能确定云账号，请退出软件重新登陆！");
+  if (Trim(params.CloudAccount2).isEmpty())
+    return QStringLiteral("不能确定子账号，请退出软件重新登陆！");
   const QString localCode = Trim(GetTerminalCode(session));
   const Recordset rs = OpenRecordset(session, {u"select UserCode from TabCloudAccountLoginInf  where Account='{}'  and Account2='{}' ",
                                                params.CloudAccount, params.CloudAccount2});
   const QString storedCode = rs.eof() ? QString() : rs.trimmed("UserCode");
   if (!storedCode.isEmpty() && storedCode == localCode)
-    return true;
-  session.desk.inform(QStringLiteral("本云账号已在别的终端设备上登陆，本终端自动终止操作！"));
-  return false;
+    return std::nullopt;
+  return QStringLiteral("本云账号已在别的终端设备上登陆，本终端自动终止操作！");
+}
+
+std::optional<QString> refusalOf(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
+{
+  const bool isCloudSession = !Trim(session.params.CloudAccount).isEmpty() && !Trim(session.params.CloudAccount2).isEmpty();
+  if (isCloudSession)
+    if (auto refusal = cloudRefusal(session))
+      return refusal;
+  if (operatorName == Administrator || isAllowed(session, operatorName, functionName, kind))
+    return std::nullopt;
+  return QStringLiteral("没有操作权限！");
+}
+
+// True if there is none; otherwise it is shown.
+bool showRefusal(Session& session, const std::optional<QString>& refusal)
+{
+  if (refusal)
+    session.desk.inform(*refusal);
+  return !refusal;
+}
+
+} // namespace
+
+bool CheckOperateRight(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
+{
+  return showRefusal(session, refusalOf(session, operatorName, functionName, kind));
+}
+
+std::optional<QString> OperateRefusal(Session& session, const QString& functionName, RightKind kind)
+{
+  return refusalOf(session, session.params.UserName, functionName, kind);
+}
+
+bool CheckCloudAccountLogin(Session& session)
+{
+  return showRefusal(session, cloudRefusal(session));
 }
 
 QString GetTerminalCode(const Session& session)

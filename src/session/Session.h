@@ -4,9 +4,12 @@
 #include "platform/Machine.h"
 #include "screen/Desk.h"
 #include "session/DotType.h"
-#include "session/PrintStrings.h"
 #include "session/SessionParams.h"
 #include "spreadsheet/Spreadsheet.h"
+
+#include <map>
+#include <memory>
+#include <typeindex>
 
 // Everything that one run asks of its surroundings, made at start and handed down by reference.
 struct Session {
@@ -15,11 +18,16 @@ struct Session {
   SessionParams params = {};
   DotType DotSet = {};
   Connection connection = {};
-  // The node clicked last in the tree picker; it outlives the dialog.
-  QString SelectedCode = {};
-  PrintStrings printStrings = {};
   Spreadsheet spreadsheet = Spreadsheet();
 
-  // The date of the session; today if it is none.
-  QDate operateDate() const;
+  // What a module keeps for the run: one object of each type, made at first use.
+  template <typename State> State& kept()
+  {
+    auto& state = keptState[typeid(State)];
+    if (!state)
+      state = std::make_shared<State>();
+    return *static_cast<State*>(state.get());
+  }
+
+  std::map<std::type_index, std::shared_ptr<void>> keptState = {};
 };

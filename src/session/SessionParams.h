@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 // The session as the starting program hands it over in SysPar.dll: which account set, which
@@ -30,7 +31,7 @@ struct SessionParams {
   QString UserName;
   QString UserPSW;
   qint16 UserNum = 0;
-  QString OperateDate; // always a date
+  QDate OperateDate; // valid once the file is read
   QString CloudAccount;
   QString CloudAccount2;
   QString OperationsDirective;
@@ -38,13 +39,4 @@ struct SessionParams {
   QString OperationsDirective3;
   QString OperationsDirective4;
   QString OperationsDirective5;
-};
-
-// The five orders that one program of the family hands to another.
-struct Directives {
-  QString first;
-  QString second = {};
-  QString third = {};
-  QString fourth = {};
-  QString fifth = {};
 };

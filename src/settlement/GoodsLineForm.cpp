@@ -3,8 +3,8 @@
 #include "ledger/BillCatalogue.h"
 #include "pickers/CodePicker.h"
 #include "platform/Trim.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
+#include "startup/Launcher.h"
 
 namespace {
 

@@ -10,6 +10,8 @@ class GoodsLineForm : public ListForm {
   Q_OBJECT
 
 public:
+  void Form_Load() override { SetGridHead(); }
+
   CheckBox* ChZZSFP = nullptr;
   CheckBox* ChPTFP = nullptr;
   CheckBox* ChSJ = nullptr;
@@ -23,18 +25,17 @@ protected:
                 std::span<const char* const> foreignOrders);
 
   // The tables that the statement reads, and what follows its columns: from these tables, under the conditions.
-  struct Source {
+  struct Tables {
     SqlName header;
     SqlName line;
     Statement fromWhere;
   };
-  virtual Statement statement(const Source& source) const = 0;
+  virtual Statement statement(const Tables& tables) const = 0;
   // True if what the statement gave is as good as nothing.
   virtual bool isNothing(const Recordset& rs) const { return rs.eof(); }
   // Shows the rows below the headings, and the totals row below them.
   virtual void showRows(Recordset& rs) = 0;
 
-  void Form_Load() override { SetGridHead(); }
   Statement BuildQuerySql() override;
   void FillMSH(const Statement& list) override;
   std::span<const ListColumn> columns() const override;

@@ -1,10 +1,13 @@
 #include "settlement/HXLinks.h"
 
+#include "ledger/BillKinds.h"
 #include "platform/DateText.h"
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
+
+#include <algorithm>
 
 namespace HXLinks {
 namespace {
@@ -19,14 +22,17 @@ float single(Session& session, const Statement& statement, const QString& field)
 void restateHXMoney(Session& session, const QString& billCode, const QString& billType)
 {
   const SqlNumber sum(NumberText::ofSingle(GetBillHXSum(session, billCode)));
-  OpenRecordset(session, {u"update {}  set HXMoney= {}  where Code='{}' ", SqlName(BillTableOfType(billType)), sum, Trim(billCode)});
+  Execute(session, {u"update {}  set HXMoney= {}  where Code='{}' ", SqlName(BillTableOfType(billType)), sum, Trim(billCode)});
 }
 
 } // namespace
 
 QString BillTableOfType(const QString& billType)
 {
-  return billType == u"购买入库" || billType == u"采购入库" ? QStringLiteral("TabInBill") : QStringLiteral("TabOutBill");
+  const BillWriteOff& payment = *BillKinds::Payment.writeOff;
+  const bool isPurchase =
+      std::any_of(payment.goodsTypes.begin(), payment.goodsTypes.end(), [&](QStringView type) { return billType == type; });
+  return QString::fromLatin1((isPurchase ? payment : *BillKinds::Receipt.writeOff).goodsTable);
 }
 
 float GetBillHXSum(Session& session, const QString& billCode)
@@ -43,8 +49,7 @@ float GetBillDueMoney(Session& session, const QString& billCode, const QString& 
 
 void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode)
 {
-  OpenRecordset(session,
-                {u" delete   from TabSFKHeXiao   where InOutBillCode='{}'  and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
+  Execute(session, {u" delete   from TabSFKHeXiao   where InOutBillCode='{}'  and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
   restateHXMoney(session, billCode, billType);
 }
 
@@ -52,9 +57,9 @@ void SaveHXRow(Session& session, const Link& link)
 {
   DeleteHXLink(session, link.billCode, link.billType, link.SFKBillCode);
   // The blank inside the quotes of the first date is part of the stored value.
-  OpenRecordset(session, {u" insert into TabSFKHeXiao values (   ' {}'  , '{}'  , '{}' , {} , '{}'  , '{}'  ) ",
-                          DateText::shortForm(session.machine.today()), link.billCode, link.SFKBillCode, SqlNumber(link.money),
-                          link.billDatee, DateText::shortForm(link.SFKBillDatee)});
+  Execute(session, {u" insert into TabSFKHeXiao values (   ' {}'  , '{}'  , '{}' , {} , '{}'  , '{}'  ) ",
+                    DateText::shortForm(session.machine.today()), link.billCode, link.SFKBillCode, SqlNumber(link.money), link.billDatee,
+                    DateText::shortForm(link.SFKBillDatee)});
   restateHXMoney(session, link.billCode, link.billType);
 }
 

@@ -1,16 +1,15 @@
 #include "settlement/ListForm.h"
 
-#include "ledger/FieldHelp.h"
 #include "pickers/CodePicker.h"
 #include "platform/DateText.h"
 #include "platform/Trim.h"
-#include "printing/GridLayout.h"
 #include "printing/PrintHandOff.h"
 #include "printing/frmExport.h"
 #include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
 
-ListForm::ListForm(Session& ofSession, const ListTraits& traits) : Screen(ofSession, QString::fromLatin1(traits.form)), m_traits(traits)
+ListForm::ListForm(Session& ofSession, const ListTraits& traits)
+    : Form(ofSession.desk, QString::fromLatin1(traits.form)), session(ofSession), m_traits(traits)
 {
   setCaption(traits.caption);
 }
@@ -23,12 +22,12 @@ void ListForm::buildHead()
 
 void ListForm::buildConditions()
 {
-  TxtDateeFrom = addDate("TxtDateeFrom");
-  TxtDateeTo = addDate("TxtDateeTo");
-  TxtBillCode = addEntry("TxtBillCode");
-  TxtUnitCode = addEntry("TxtUnitCode");
+  TxtDateeFrom = new EntryBox(FrameCondition, "TxtDateeFrom", ".0123456789-");
+  TxtDateeTo = new EntryBox(FrameCondition, "TxtDateeTo", ".0123456789-");
+  TxtBillCode = new EntryBox(FrameCondition, "TxtBillCode");
+  TxtUnitCode = new EntryBox(FrameCondition, "TxtUnitCode");
   ImgUnitCode = addPartnerButton("ImgUnitCode", PartnerBox::Code);
-  TxtUnitName = addEntry("TxtUnitName");
+  TxtUnitName = new EntryBox(FrameCondition, "TxtUnitName");
   ImgUnitName = addPartnerButton("ImgUnitName", PartnerBox::Name);
   add<Button>(FrameCondition, "CmdQuery", m_traits.queryCaption)->onClick = [this] { CmdQuery_Click(); };
   add<Label>(FrameCondition, "Label16", m_traits.hint);
@@ -75,38 +74,15 @@ ComboBox* ListForm::addDropDown(const char* name, const QStringList& items)
   return box;
 }
 
-TextBox* ListForm::addEntry(const char* name)
-{
-  TextBox* const box = add<TextBox>(FrameCondition, name);
-  box->onKey = [this](const Key& key) { return moveOn(key); };
-  return box;
-}
-
-TextBox* ListForm::addDate(const char* name)
-{
-  TextBox* const box = add<TextBox>(FrameCondition, name);
-  box->onKey = [this](const Key& key) { return moveOn(key) || !ModFuntion::FilterKeyPress(desk(), key, ".0123456789-", true); };
-  return box;
-}
-
 ImageButton* ListForm::addPartnerButton(const char* name, PartnerBox box)
 {
-  ImageButton* const button = add<ImageButton>(FrameCondition, name, {}, "点击选择");
-  button->onClick = [this, box] {
+  return new PickButton(FrameCondition, name, [this, box] {
     if (!offersPartners())
       return;
     const Statement partners(u"select Code,Name from TabClient order by code");
     if (const auto picked = CodePicker::pick(session, {partners, "TabClient", "选择往来单位", true}))
       takePartner(*picked, box);
-  };
-  return button;
-}
-
-bool ListForm::moveOn(const Key& key)
-{
-  if (key.code == Key::Enter)
-    focusNext();
-  return key.code == Key::Enter;
+  });
 }
 
 void ListForm::CmdQuery_Click()
@@ -120,23 +96,10 @@ void ListForm::CmdQuery_Click()
 
 void ListForm::SetGridHead()
 {
-  Recordset layout = OpenRecordset(
-      session, {u"select * from TabPrintMSHSet where TabName='{}' order by ColOrder ", GridLayout::keyOf(LabTabName->caption())});
-  const auto heads = columns();
-  if (heads.empty())
+  if (columns().empty())
     return;
-  MSH->setCols(int(heads.size()));
+  GridLayout::apply(session, *MSH, LabTabName->caption(), columns());
   MSH->setFixed(1, 1);
-  const bool isStored = !layout.eof();
-  for (int col = 0; col < MSH->cols(); ++col) {
-    const ListColumn& head = heads[std::size_t(col)];
-    MSH->setColWidth(col, isStored ? int(layout.field("ColWidth").toInteger()) : head.width);
-    MSH->setText(0, col, isStored ? layout.text("ColElseName") : head.caption);
-    if (isStored) {
-      MSH->setColAlignment(col, int(layout.field("ContentAlign").toInteger()));
-      layout.moveNext();
-    }
-  }
 }
 
 void ListForm::emptyGrid()
@@ -197,5 +160,5 @@ void ListForm::tellNoData()
 void ListForm::onUnload()
 {
   session.params.OperateType.clear();
-  Screen::onUnload();
+  CloseConnection(session);
 }

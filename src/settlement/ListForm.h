@@ -1,19 +1,19 @@
 #pragma once
 
 #include "database/Statement.h"
+#include "layouts/GridLayout.h"
 #include "screen/Controls.h"
+#include "screen/EntryBox.h"
+#include "screen/Form.h"
 #include "screen/Grid.h"
-#include "session/Screen.h"
+#include "session/Session.h"
+#include "startup/Screen.h"
 
 #include <span>
 
 struct PickedRecord;
 
-// One column of a list as it is laid out without a stored layout; the width is in twips.
-struct ListColumn {
-  const char* caption;
-  int width;
-};
+using ListColumn = GridLayout::Column;
 
 // What a list screen has of its own, as data.
 struct ListTraits {
@@ -36,10 +36,11 @@ struct ListTraits {
 //
 // Always holds: the grid has at least the heading row and one row; after a fill its last row holds the
 // totals.
-class ListForm : public Screen {
+class ListForm : public Form, public Screen {
   Q_OBJECT
 
 public:
+  Form& form() final { return *this; }
   // Lists what the conditions find. A refused condition has shown its message, and a second one follows.
   void CmdQuery_Click();
 
@@ -87,6 +88,8 @@ protected:
   ComboBox* addDropDown(const char* name, const QStringList& items);
   void onTool(const char* name, std::function<void()> press) { find<ToolButton>(QString::fromLatin1(name))->onClick = std::move(press); }
 
+  Session& session;
+
   // Lays the grid out: columns, fixed places, widths, headings. The data stay.
   void SetGridHead();
   // Takes all rows away but the headings and one blank row.
@@ -104,12 +107,9 @@ protected:
   Grid* MSH = nullptr;
 
 private:
-  TextBox* addEntry(const char* name);
-  TextBox* addDate(const char* name);
   ImageButton* addPartnerButton(const char* name, PartnerBox box);
   void buildMenus();
   void addPrintItem(Menu* menu, const char* name, const QString& operation);
-  bool moveOn(const Key& key);
   bool isBlankOrDate(const TextBox& box, const QString& label);
   void FDeleteMSHFormat_Click();
   void PrintGrid(const QString& operation);

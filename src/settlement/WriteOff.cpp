@@ -1,5 +1,6 @@
 #include "settlement/WriteOff.h"
 
+#include "ledger/BillKinds.h"
 #include "ledger/Money.h"
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
@@ -10,7 +11,7 @@
 namespace WriteOff {
 namespace {
 
-bool isStored(Session& session, const Kind& kind, const QString& code)
+bool isStored(Session& session, const BillKind& kind, const QString& code)
 {
   return !OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(kind.headerTable), Trim(code)}).eof();
 }
@@ -32,7 +33,7 @@ void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
 
 } // namespace
 
-void open(Session& session, const Kind& kind, const Bill& bill)
+void open(Session& session, const BillKind& kind, const Bill& bill)
 {
   if (!isStored(session, kind, bill.code)) {
     session.desk.inform("尚未保存数据，请先保存数据后重新执行核销！");
@@ -40,12 +41,11 @@ void open(Session& session, const Kind& kind, const Bill& bill)
   }
   const float total = SingleMoney::of(ModFuntion::StripMoneyText(bill.total));
   if (total == 0) {
-    session.desk.inform(kind.zeroMessage);
+    session.desk.inform(QString::fromUtf16(kind.operation) + "金额为0不能执行核销！");
     return;
   }
-  frmSFKHeXiao bench(session);
-  bench.HXMode = kind.HXMode;
-  bench.load();
+  frmSFKHeXiao bench(session, kind.writeOff->mode);
+  bench.Form_Load();
   handOver(bench, bill, total);
   bench.CmdQuery_Click();
   bench.goToFirstAmount();

@@ -11,11 +11,11 @@
 namespace {
 
 constexpr ListColumn Columns[MatchingLines::ColumnCount] = {
-    {"", 300},          {"单据编号", 1500}, {"单据类型", 1500}, {"录单日期", 1500}, {"单位编号", 1000},
-    {"单位名称", 2000}, {"发票类型", 1000}, {"次序", 500},      {"商品编号", 1000}, {"商品名称", 2000},
-    {"规格", 1000},     {"属性", 1500},     {"单位", 1000},     {"数量", 1000},     {"单价", 1000},
-    {"金额", 1500},     {"折扣", 800},      {"折后单价", 1000}, {"折后金额", 1000}, {"税率(%)", 800},
-    {"税额", 1000},     {"含税单价", 1000}, {"含税金额", 1500}, {"备注", 1000},     {"开票勾对", 1000},
+    {u"", 300},          {u"单据编号", 1500}, {u"单据类型", 1500}, {u"录单日期", 1500}, {u"单位编号", 1000},
+    {u"单位名称", 2000}, {u"发票类型", 1000}, {u"次序", 500},      {u"商品编号", 1000}, {u"商品名称", 2000},
+    {u"规格", 1000},     {u"属性", 1500},     {u"单位", 1000},     {u"数量", 1000},     {u"单价", 1000},
+    {u"金额", 1500},     {u"折扣", 800},      {u"折后单价", 1000}, {u"折后金额", 1000}, {u"税率(%)", 800},
+    {u"税额", 1000},     {u"含税单价", 1000}, {u"含税金额", 1500}, {u"备注", 1000},     {u"开票勾对", 1000},
 };
 
 constexpr ListTraits::Tool Tools[] = {
@@ -39,10 +39,10 @@ frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits, Colu
   MSH->onClick = [this] { MSH_Click(); };
 }
 
-Statement frmGouDui::statement(const Source& source) const
+Statement frmGouDui::statement(const Tables& tables) const
 {
-  const SqlName& H = source.header;
-  const SqlName& L = source.line;
+  const SqlName& H = tables.header;
+  const SqlName& L = tables.line;
   return {u"  select {}.Code as BillCode  ,{}.BillType as BillType  ,{}.Datee as BillDatee  ,{}.UnitCode as UnitCode "
           u" ,{}.UnitName as UnitName  ,{}.InvoiceType as InvoiceType  ,{}.* {} order by {}.UnitCode, {}.Datee,{}.Code,{}.Num ",
           H,
@@ -52,7 +52,7 @@ Statement frmGouDui::statement(const Source& source) const
           H,
           H,
           L,
-          source.fromWhere,
+          tables.fromWhere,
           H,
           H,
           H,
@@ -83,8 +83,8 @@ void frmGouDui::MSH_Click()
     return;
   MSH->setText(row, MatchingLines::GouDui, wasTicked ? "" : Tick);
   const auto number = qint64(NumberText::numericPrefix(MSH->text(row, MatchingLines::Num)));
-  OpenRecordset(session, {u"update {} set GouDui={}  where BillCode='{}' and Num={} ", SqlName(lineTable()), SqlNumber(wasTicked ? 0 : 1),
-                          billCodeOf(row), SqlNumber(number)});
+  Execute(session, {u"update {} set GouDui={}  where BillCode='{}' and Num={} ", SqlName(lineTable()), SqlNumber(wasTicked ? 0 : 1),
+                    billCodeOf(row), SqlNumber(number)});
 }
 
 // The code stands on the first line of a bill only.

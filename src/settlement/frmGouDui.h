@@ -12,7 +12,7 @@ public:
   explicit frmGouDui(Session& ofSession);
 
 protected:
-  Statement statement(const Source& source) const override;
+  Statement statement(const Tables& tables) const override;
   void showRows(Recordset& rs) override;
 
 private:

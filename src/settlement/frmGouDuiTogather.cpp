@@ -6,7 +6,7 @@
 namespace {
 
 constexpr ListColumn Columns[] = {
-    {"", 300}, {"单位编号", 1500}, {"单位名称", 2000}, {"金额", 2000}, {"折后金额", 2000}, {"税额", 2000}, {"含税金额", 2000},
+    {u"", 300}, {u"单位编号", 1500}, {u"单位名称", 2000}, {u"金额", 2000}, {u"折后金额", 2000}, {u"税额", 2000}, {u"含税金额", 2000},
 };
 constexpr int FirstSum = 3;
 constexpr const char* Sums[] = {"SumMoneyy", "SumMoneyyDiscount", "SumTax", "SumMoneyyTax"};
@@ -38,10 +38,10 @@ frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSessi
   };
 }
 
-Statement frmGouDuiTogather::statement(const Source& source) const
+Statement frmGouDuiTogather::statement(const Tables& tables) const
 {
-  const SqlName& H = source.header;
-  const SqlName& L = source.line;
+  const SqlName& H = tables.header;
+  const SqlName& L = tables.line;
   return {u"  select {}.UnitCode as UnitCode  ,{}.UnitName as UnitName  ,sum({}.Moneyy) as SumMoneyy "
           u" ,sum({}.Moneyy_Discount) as SumMoneyyDiscount  ,sum({}.Tax) as SumTax  ,sum({}.Moneyy_Tax) as sumMoneyyTax {}"
           u" group by {}.UnitCode,{}.UnitName   order by {}.UnitCode ",
@@ -51,7 +51,7 @@ Statement frmGouDuiTogather::statement(const Source& source) const
           L,
           L,
           L,
-          source.fromWhere,
+          tables.fromWhere,
           H,
           H,
           H};
@@ -94,9 +94,10 @@ void frmGouDuiTogather::ToolInf_Click()
 {
   if (!isOnRow())
     return;
-  if (!m_detail || !m_detail->isOpen())
+  if (!m_detail || !m_detail->isOpen()) {
     m_detail = std::make_unique<frmGouDui>(session);
-  m_detail->load();
+    m_detail->Form_Load();
+  }
   copyConditions(*m_detail);
   m_detail->LabTabName->setCaption(DetailTitle);
   m_detail->setCaption(DetailTitle);

@@ -11,7 +11,7 @@ public:
   explicit frmGouDuiTogather(Session& ofSession);
 
 protected:
-  Statement statement(const Source& source) const override;
+  Statement statement(const Tables& tables) const override;
   bool isNothing(const Recordset& rs) const override;
   void showRows(Recordset& rs) override;
   void onUnload() override;

@@ -1,26 +1,26 @@
 #include "settlement/frmSFKHeXiao.h"
 
+#include "ledger/BillKinds.h"
 #include "platform/DateText.h"
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
-#include "session/Mod_ZORVEKMain.h"
 #include "session/ModuleADO.h"
 #include "settlement/BenchQuery.h"
 #include "settlement/HXLinks.h"
 #include "settlement/SingleMoney.h"
+#include "startup/Launcher.h"
 
 namespace {
 
-constexpr char QueryMode[] = "收付款核销查询";
 constexpr char Unsettled[] = "未核销";
 constexpr char Settled[] = "已核销";
 
 enum Column { RowNumber, BillCode, BillType, BillDatee, BillSumMoney = 7, Due, WrittenOff, Amount, Open, SFKCode };
 
 constexpr ListColumn Columns[] = {
-    {"行次", 500},          {"单据编号", 1500},   {"单据类型", 1500},   {"录单日期", 1500},     {"单位编号", 1500},
-    {"单位名称", 3000},     {"单据备注", 2000},   {"单据金额", 1500},   {"应核销金额", 1500},   {"已核销金额", 1500},
-    {"本次核销金额", 1500}, {"未核销金额", 1500}, {"收付款单号", 1500}, {"收付款单日期", 1500},
+    {u"行次", 500},          {u"单据编号", 1500},   {u"单据类型", 1500},   {u"录单日期", 1500},     {u"单位编号", 1500},
+    {u"单位名称", 3000},     {u"单据备注", 2000},   {u"单据金额", 1500},   {u"应核销金额", 1500},   {u"已核销金额", 1500},
+    {u"本次核销金额", 1500}, {u"未核销金额", 1500}, {u"收付款单号", 1500}, {u"收付款单日期", 1500},
 };
 constexpr std::size_t WorkingColumns = 12;
 
@@ -32,32 +32,14 @@ constexpr ListTraits::Tool Tools[] = {
 constexpr ListTraits Traits{"frmSFKHeXiao", "收付款核销", "查询", "注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
                             "YYYY-MM-DD",   Tools};
 
-// Which columns a mode of the bench lists.
-struct Mode {
-  const char* name;
-  std::size_t columns;
-};
-constexpr Mode Modes[] = {
-    {"收付款核销", WorkingColumns}, {"收款核销", WorkingColumns}, {"付款核销", WorkingColumns}, {QueryMode, std::size(Columns)}};
-
-// The orders that open the money bill behind a link, by the type of the goods bill.
-struct SourceBill {
-  const char* billType;
-  const char* operation;
-  const char* view;
-  const char* table;
-};
-constexpr SourceBill SourceBills[] = {
-    {"销售出库", "收款单原单查看", "收款核销查询原单", "TabGathefundBill"},
-    {"采购入库", "付款单原单查看", "付款核销查询原单", "TabPayfundBill"},
-    {"购买入库", "付款单原单查看", "付款核销查询原单", "TabPayfundBill"},
-};
-
-const SourceBill* sourceBill(const QString& billType)
+// The kind of money bill that goods bills of this type are settled by; null if there is none.
+const BillKind* settlingKind(const QString& goodsType)
 {
-  for (const SourceBill& bill : SourceBills)
-    if (billType == bill.billType)
-      return &bill;
+  for (const BillKind* const kind : BillKinds::All)
+    if (kind->writeOff)
+      for (const char16_t* const type : kind->writeOff->goodsTypes)
+        if (goodsType == QStringView(type))
+          return kind;
   return nullptr;
 }
 
@@ -65,7 +47,7 @@ constexpr int Red = 255;
 
 } // namespace
 
-frmSFKHeXiao::frmSFKHeXiao(Session& ofSession) : ListForm(ofSession, Traits)
+frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode) : ListForm(ofSession, Traits), HXMode(QString::fromUtf16(mode))
 {
   buildHead();
   LabSFKMoney = add<Label>(this, "LabSFKMoney", "核销金额");
@@ -75,8 +57,8 @@ frmSFKHeXiao::frmSFKHeXiao(Session& ofSession) : ListForm(ofSession, Traits)
   buildConditions();
   buildList();
   Text2 = new CellEditor(this, *MSH);
-  m_editor = std::make_unique<AllocationEditor>(*MSH, *Text2, Amount, [this] { Txt2ToMSH(); });
-  find("ToolSFKBill")->setVisible(false);
+  m_editor = std::make_unique<AllocationEditor>(*MSH, *Text2, Amount, [this] { takeAmount(); });
+  find("ToolSFKBill")->setVisible(isQuery());
   onTool("ToolInOutBill", [this] { ShowInOutBill(); });
   onTool("ToolSFKBill", [this] { ShowSFKBill(); });
   onTool("ToolHX", [this] { CommitHX(); });
@@ -85,26 +67,18 @@ frmSFKHeXiao::frmSFKHeXiao(Session& ofSession) : ListForm(ofSession, Traits)
 void frmSFKHeXiao::Form_Load()
 {
   CombHXState->setText(Unsettled);
-  CombHXType->setIndex(HXMode == "付款核销" ? 1 : 0);
+  CombHXType->setIndex(HXMode == QStringView(BillKinds::Payment.writeOff->mode) ? 1 : 0);
   LabTabName->setCaption(HXMode);
-  const QDate day = session.operateDate();
+  const QDate day = session.params.OperateDate;
   const QDate first(day.year(), day.month(), 1);
   TxtDateeFrom->setText(QString::number(day.year()) + "-" + QString::number(day.month()) + "-1");
   TxtDateeTo->setText(DateText::shortForm(first.addMonths(1)));
   SetGridHead();
 }
 
-bool frmSFKHeXiao::isQuery() const
-{
-  return HXMode == QueryMode;
-}
-
 std::span<const ListColumn> frmSFKHeXiao::columns() const
 {
-  for (const Mode& mode : Modes)
-    if (HXMode == mode.name)
-      return std::span(Columns).first(mode.columns);
-  return {};
+  return isQuery() ? std::span(Columns) : std::span(Columns).first(WorkingColumns);
 }
 
 QString frmSFKHeXiao::cell(int row, int col) const
@@ -114,7 +88,8 @@ QString frmSFKHeXiao::cell(int row, int col) const
 
 QString frmSFKHeXiao::goodsTable() const
 {
-  return CombHXType->text() == "付款核销" ? "TabInBill" : "TabOutBill";
+  const bool isPayment = CombHXType->text() == QStringView(BillKinds::Payment.writeOff->mode);
+  return QString::fromLatin1((isPayment ? BillKinds::Payment : BillKinds::Receipt).writeOff->goodsTable);
 }
 
 Statement frmSFKHeXiao::BuildQuerySql()
@@ -232,7 +207,7 @@ void frmSFKHeXiao::RefreshTotals()
   Text2->hide();
 }
 
-void frmSFKHeXiao::Txt2ToMSH()
+void frmSFKHeXiao::takeAmount()
 {
   const int row = MSH->row();
   const float amount = SingleMoney::of(cell(row, Amount));
@@ -280,7 +255,7 @@ void frmSFKHeXiao::SaveHXRow(int row)
 void frmSFKHeXiao::ShowInOutBill()
 {
   const QString billType = cell(MSH->row(), BillType);
-  if (!isOnRow() || !sourceBill(billType))
+  if (!isOnRow() || !settlingKind(billType))
     return;
   Mod_ZORVEKMain::RunSiblingProgram(session, billType + "原单查看",
                                     {"收付款核销", billType, HXLinks::BillTableOfType(billType), textUnder("单据编号")});
@@ -295,8 +270,9 @@ void frmSFKHeXiao::ShowSFKBill()
     desk().inform("不能确定收付款单号，请先点击选择需要显示的行！");
     return;
   }
-  if (const SourceBill* const bill = sourceBill(cell(MSH->row(), BillType)))
-    Mod_ZORVEKMain::RunSiblingProgram(session, bill->operation, {"收付款核销", bill->view, bill->table, code});
+  if (const BillKind* const kind = settlingKind(cell(MSH->row(), BillType)))
+    Mod_ZORVEKMain::RunSiblingProgram(session, QString::fromUtf16(kind->name) + "原单查看",
+                                      {"收付款核销", QString::fromUtf16(kind->writeOff->sourceOrder), kind->headerTable, code});
 }
 
 void frmSFKHeXiao::goToFirstAmount()

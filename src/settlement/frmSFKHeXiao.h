@@ -4,7 +4,7 @@
 #include "settlement/ListForm.h"
 
 // The write-off bench: allocates one payment or receipt (the SFK bill) over the goods bills that it
-// settles, and lists all write-offs. HXMode says which; it is set before the form is loaded.
+// settles, and lists all write-offs. HXMode says which.
 //
 // Rows 1 to rows - 2 are goods bills, the last row holds totals. An amount set to 0 drops its link at
 // once; any other amount is written by the commit, which demands that the money bill is used up to the
@@ -13,7 +13,9 @@ class frmSFKHeXiao : public ListForm {
   Q_OBJECT
 
 public:
-  explicit frmSFKHeXiao(Session& ofSession);
+  static constexpr char16_t QueryMode[] = u"收付款核销查询";
+
+  explicit frmSFKHeXiao(Session& ofSession, const char16_t* mode = QueryMode);
 
   // The money bill that is allocated; none in the query mode.
   QString SFKBillCode;
@@ -26,8 +28,9 @@ public:
   // Puts the operator on the first amount, if anything is listed.
   void goToFirstAmount();
 
-protected:
   void Form_Load() override;
+
+protected:
   // The choice is dropped: the boxes stay as they were.
   void takePartner(const PickedRecord&, PartnerBox) override {}
   Statement BuildQuerySql() override;
@@ -36,14 +39,14 @@ protected:
   bool offersPartners() const override { return isQuery(); }
 
 private:
-  bool isQuery() const;
+  bool isQuery() const { return HXMode == QueryMode; }
   QString goodsTable() const;
   QList<Statement> conditions() const;
   Statement stateCondition() const;
   void showRows(const Recordset& rs);
   QStringList settledLine(QStringList line);
 
-  void Txt2ToMSH();
+  void takeAmount();
   void RefreshTotals();
   void CommitHX();
   bool allocatesWholeBill();
@@ -54,6 +57,7 @@ private:
   int lastDataRow() const { return MSH->rows() - 2; }
   QString cell(int row, int col) const;
 
+  const QString HXMode;
   ComboBox* CombHXState = nullptr;
   CellEditor* Text2 = nullptr;
   std::unique_ptr<AllocationEditor> m_editor;

@@ -1,10 +1,10 @@
 #include "vouchers/ShowVoucher.h"
 
 #include "platform/Trim.h"
-#include "session/Mod_ZORVEKMain.h"
-#include "session/ModuleADO.h"
 #include "session/OperateRight.h"
 #include "session/Session.h"
+#include "startup/Launcher.h"
+#include "vouchers/Voucher.h"
 
 namespace Vouchers {
 
@@ -15,12 +15,11 @@ void ShowVoucher(Session& session, const QString& billCode)
     return session.desk.inform(QStringLiteral("单据编号不存在，不能查看凭证！"));
   if (session.params.IsJXC)
     return session.desk.inform(QStringLiteral("本账套是进销存与财务分离账套，不允许查看凭证！"));
-  const Recordset rs = OpenRecordset(session, {u"select Code from TabWarrant Where JXCBillCode='{}'", code});
-  const QString voucherCode = rs.eof() ? QString() : rs.trimmed("Code");
-  if (voucherCode.isEmpty())
+  const auto voucher = voucherOf(session, code);
+  if (!voucher || Trim(voucher->code).isEmpty())
     return session.desk.inform(QStringLiteral("本单据没有对应的凭证！"));
   const QString operation = QStringLiteral("查看会计凭证");
-  Mod_ZORVEKMain::RunSiblingProgram(session, operation, {operation, voucherCode});
+  Mod_ZORVEKMain::RunSiblingProgram(session, operation, {operation, Trim(voucher->code)});
 }
 
 void FSeeWarrent_Click(Session& session, const QString& billCode)

@@ -2,7 +2,6 @@
 
 #include "ledger/AccountingCalendar.h"
 #include "platform/DateText.h"
-#include "platform/NumberText.h"
 #include "platform/RunTimeError.h"
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
@@ -30,25 +29,24 @@ bool periodIsClosed(Session& session, const SourceBill& bill)
                               SqlDialect::integer(session, u"DateeY"), SqlDialect::integer(session, u"DateeM")});
   if (closed.eof())
     return false;
-  const double year = closed.number("DateeY");
-  const double month = closed.number("DateeM");
-  const double billYear = NumberText::numericPrefix(bill.DateeY);
-  const double billMonth = NumberText::numericPrefix(bill.DateeM);
-  if (billYear > year || (billYear == year && billMonth > month))
+  const auto year = closed.field("DateeY").toInteger();
+  const auto month = closed.field("DateeM").toInteger();
+  if (bill.DateeY > year || (bill.DateeY == year && bill.DateeM > month))
     return false;
   session.desk.inform(QStringLiteral("最后一次会计期末结转为 %1 年 %2 月，本凭证录入日期有误！（不应小于最后一次结转会计期），"
                                      "将跳过自动生成会计凭证！")
-                          .arg(NumberText::ofDouble(year), NumberText::ofDouble(month)));
+                          .arg(year)
+                          .arg(month));
   return true;
 }
 
 // The first voucher of an accounting period opens the period's row.
 void openPeriod(Session& session, const SourceBill& bill)
 {
-  const Recordset period =
-      OpenRecordset(session, {u"select State from TabWriteAccountant where  DateeY='{}'  and DateeM='{}' ", bill.DateeY, bill.DateeM});
-  if (period.eof())
-    OpenRecordset(session, {u"insert into TabWriteAccountant values( '{}','{}','未审核') ", bill.DateeY, bill.DateeM});
+  const QString year = QString::number(bill.DateeY);
+  const QString month = QString::number(bill.DateeM);
+  if (OpenRecordset(session, {u"select State from TabWriteAccountant where  DateeY='{}'  and DateeM='{}' ", year, month}).eof())
+    Execute(session, {u"insert into TabWriteAccountant values( '{}','{}','未审核') ", year, month});
 }
 
 // False if the period is closed or no code is free: then nothing was written. The numbers are counted over the period
@@ -56,10 +54,8 @@ void openPeriod(Session& session, const SourceBill& bill)
 bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& row)
 {
   const SourceBill source = sourceOf(session, row);
-  const QString year = QString::number(source.Datee.year());
-  const QString month = QString::number(source.Datee.month());
-  const QDate start = ModFuntion::GetPeriodStartDate(session, year, month);
-  const QDate end = ModFuntion::GetPeriodEndDate(session, year, month);
+  const QDate start = ModFuntion::GetPeriodStartDate(session, source.Datee.year(), source.Datee.month());
+  const QDate end = ModFuntion::GetPeriodEndDate(session, source.Datee.year(), source.Datee.month());
   if (periodIsClosed(session, source))
     return false;
   const auto settings = drawVoucherSettings(session, bill.JXCTabName, start, end);
@@ -68,7 +64,7 @@ bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& ro
   const auto entry = writeVoucherHeader(session, source, *settings);
   if (!entry)
     return false;
-  WriteVoucherLines(session, bill, {u"select * from {} Where Code='{}'", SqlName(bill.headerTable), source.Code}, *entry);
+  WriteVoucherLines(session, bill, source, row, *entry);
   openPeriod(session, source);
   return true;
 }
@@ -84,19 +80,32 @@ void GenerateVoucher(Session& session, const VoucherBill& bill)
     return;
   if (row.number("SumMoney") != 0 && !writeVoucher(session, bill, row))
     return;
-  OpenRecordset(session, {u"update {} set Report='已生成会计凭证'  where Code='{}'", SqlName(bill.headerTable), row.text("Code")});
+  Execute(session, {u"update {} set Report='已生成会计凭证'  where Code='{}'", SqlName(bill.headerTable), row.text("Code")});
+}
+
+std::optional<StoredVoucher> voucherOf(Session& session, const QString& billCode)
+{
+  if (Trim(billCode).isEmpty())
+    return std::nullopt;
+  const Recordset rs = OpenRecordset(session, {u"select Code,State from TabWarrant where JXCBillCode='{}'", billCode});
+  if (rs.eof())
+    return std::nullopt;
+  return StoredVoucher{rs.text("Code"), rs.trimmed("State") == u"已登账"};
+}
+
+void deleteVoidedVoucher(Session& session, const QString& voucherCode)
+{
+  Execute(session, {u"delete from TabWarrant where Code ='{}'", Trim(voucherCode)});
+  Execute(session, {u" delete from TabWarrantInf where BillCode='{}'", Trim(voucherCode)});
 }
 
 void DeleteVoucher(Session& session, const QString& billCode)
 {
-  if (Trim(billCode).isEmpty())
+  const auto voucher = voucherOf(session, billCode);
+  if (!voucher || Trim(voucher->code).isEmpty())
     return;
-  const Recordset voucher = OpenRecordset(session, {u"select Code from TabWarrant where JXCBillCode='{}'", billCode});
-  const QString code = voucher.eof() ? QString() : voucher.text("Code");
-  if (Trim(code).isEmpty())
-    return;
-  OpenRecordset(session, {u"delete from TabWarrantInf where BillCode='{}'", code});
-  OpenRecordset(session, {u"delete from TabWarrant where Code='{}'", code});
+  Execute(session, {u"delete from TabWarrantInf where BillCode='{}'", voucher->code});
+  Execute(session, {u"delete from TabWarrant where Code='{}'", voucher->code});
 }
 
 } // namespace Vouchers

@@ -1,8 +1,10 @@
 #include "vouchers/VoucherDecision.h"
 
+#include "ledger/BillKinds.h"
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
+#include "vouchers/Voucher.h"
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherSettings.h"
 
@@ -18,19 +20,19 @@ struct PartnerCheck {
 };
 
 constexpr PartnerCheck PartnerChecks[] = {
-    {u"付款单", "YingFuCode",
+    {BillKinds::Payment.name, BillKinds::Payment.partnerAccount,
      u"付款时，必须设置本供应商的应付账款科目，但您在往来单位信息录入"
      u"中并没有设置本供应商的应付账款科目，请先到往来单位信息录入中设置好本供应商"
      u"的应付账款科目编号再保存本单据！"},
-    {u"收款单", "YingShouCode",
+    {BillKinds::Receipt.name, BillKinds::Receipt.partnerAccount,
      u"收款时，必须设置本客户的应收账款科目，但您在往来单位信息录入"
      u"中并没有设置本客户的应收账款科目，请先到往来单位信息录入中设置好本客户"
      u"的应收账款科目编号再保存本单据！"},
-    {u"费用抵冲(供应商)", "YingFuCode",
+    {BillKinds::SupplierOffset.name, BillKinds::SupplierOffset.partnerAccount,
      u"供应商费用抵冲时，在会计账务中必须生成抵冲本供应商的应付账款，但您在往来单位信息录入"
      u"中并没有设置本供应商的应付账款科目，请先到往来单位信息录入中设置好本供应"
      u"商的应付账款科目编号再保存本单据！"},
-    {u"费用抵冲(客户)", "YingShouCode",
+    {BillKinds::CustomerOffset.name, BillKinds::CustomerOffset.partnerAccount,
      u"客户费用抵冲时，在会计账务中必须生成抵冲本客户的应收账款，但您在往来单位信息录入"
      u"中并没有设置本客户的应收账款科目，请先到往来单位信息录入中设置好本客户"
      u"的应收账款科目编号再保存本单据！"},
@@ -61,10 +63,8 @@ bool partnerIsRefused(Session& session, const VoucherBill& bill)
 
 bool postedIsRefused(Session& session, const VoucherBill& bill)
 {
-  if (bill.code.isEmpty())
-    return false;
-  const Recordset rs = OpenRecordset(session, {u"select State from TabWarrant Where JXCBillCode='{}' ", bill.code});
-  if (rs.eof() || rs.trimmed("State") != u"已登账")
+  const auto voucher = voucherOf(session, bill.code);
+  if (!voucher || !voucher->isPosted)
     return false;
   session.desk.inform(QStringLiteral("当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"));
   return true;

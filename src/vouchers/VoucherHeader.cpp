@@ -14,14 +14,13 @@ void updateHeader(Session& session, const SourceBill& bill, const VoucherSetting
   const VoucherBooks& books = settings.books;
   const auto number = [](qint16 value) { return SqlNumber(value); };
   const SqlNumber sum(bill.SumMoney);
-  OpenRecordset(session,
-                {u"update TabWarrant set  Datee='{}' , DateeY='{}' , DateeM='{}' ,"
-                 u"AffixNum1={},AffixNum2={},AffixNum3={},AccountBook1={},AccountBook2={},AccountBook3={},"
-                 u" WriteWarrant='{}', Auditing='', RecordAccountant='', ZG='', State='未审核',"
-                 u" SumDebtor={},SumLender= {}, Type='{}', ZD='{}', IsLoss=0  where JXCBillCode='{}'",
-                 DateText::shortForm(bill.Datee), bill.DateeY, bill.DateeM, number(books.AffixNum[0]), number(books.AffixNum[1]),
-                 number(books.AffixNum[2]), number(books.AccountBook[0]), number(books.AccountBook[1]), number(books.AccountBook[2]),
-                 Trim(session.params.UserName), sum, sum, settings.WarrantType, settings.Zi, bill.Code});
+  Execute(session, {u"update TabWarrant set  Datee='{}' , DateeY='{}' , DateeM='{}' ,"
+                    u"AffixNum1={},AffixNum2={},AffixNum3={},AccountBook1={},AccountBook2={},AccountBook3={},"
+                    u" WriteWarrant='{}', Auditing='', RecordAccountant='', ZG='', State='未审核',"
+                    u" SumDebtor={},SumLender= {}, Type='{}', ZD='{}', IsLoss=0  where JXCBillCode='{}'",
+                    DateText::shortForm(bill.Datee), QString::number(bill.DateeY), QString::number(bill.DateeM), number(books.AffixNum[0]),
+                    number(books.AffixNum[1]), number(books.AffixNum[2]), number(books.AccountBook[0]), number(books.AccountBook[1]),
+                    number(books.AccountBook[2]), Trim(session.params.UserName), sum, sum, settings.WarrantType, settings.Zi, bill.Code});
 }
 
 // The numbers that a stored voucher has.
@@ -40,12 +39,12 @@ void insertRow(Session& session, const SourceBill& bill, const VoucherSettings& 
   const VoucherBooks& books = settings.books;
   const auto number = [](qint16 value) { return SqlNumber(value); };
   const SqlNumber sum(bill.SumMoney);
-  OpenRecordset(session, {u"insert into TabWarrant values('{}','{}','{}','{}',{},1,'{}','','','记账凭证','未审核',{},{},'{}',"
-                          u"{},{},{},{},{},{},{},'{}','','{}',0)",
-                          voucherCode, DateText::shortForm(bill.Datee), bill.DateeY, bill.DateeM, number(books.WarrantNum[0]),
-                          Trim(session.params.UserName), sum, sum, bill.Code, number(books.WarrantNum[1]), number(books.AffixNum[1]),
-                          number(books.WarrantNum[2]), number(books.AffixNum[2]), number(books.AccountBook[0]),
-                          number(books.AccountBook[1]), number(books.AccountBook[2]), settings.WarrantType, settings.Zi});
+  Execute(session, {u"insert into TabWarrant values('{}','{}','{}','{}',{},1,'{}','','','记账凭证','未审核',{},{},'{}',"
+                    u"{},{},{},{},{},{},{},'{}','','{}',0)",
+                    voucherCode, DateText::shortForm(bill.Datee), QString::number(bill.DateeY), QString::number(bill.DateeM),
+                    number(books.WarrantNum[0]), Trim(session.params.UserName), sum, sum, bill.Code, number(books.WarrantNum[1]),
+                    number(books.AffixNum[1]), number(books.WarrantNum[2]), number(books.AffixNum[2]), number(books.AccountBook[0]),
+                    number(books.AccountBook[1]), number(books.AccountBook[2]), settings.WarrantType, settings.Zi});
 }
 
 bool isOfAnotherBill(Session& session, const QString& voucherCode, const QString& billCode)

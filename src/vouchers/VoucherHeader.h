@@ -2,21 +2,9 @@
 
 #include "vouchers/VoucherSettings.h"
 
-#include <QDate>
-#include <QString>
-
 struct Session;
 
 namespace Vouchers {
-
-// The stored bill, as the header of its voucher repeats it.
-struct SourceBill {
-  QString Code;
-  QDate Datee;
-  QString DateeY; // the accounting year and month of the date
-  QString DateeM;
-  QString SumMoney; // as it is stored
-};
 
 // Writes the header: a bill that has a voucher keeps its code and the numbers it had, also when the
 // bill has moved to another period or book; otherwise a new one takes the numbers of the settings.

@@ -8,71 +8,57 @@ using enum Side;
 
 // Of two rows for one table the first that fits holds: of fee offsets the supplier's, then all others.
 constexpr VoucherRules AllRules[] = {
-    {.headerTable = "TabPayfundBill",
+    {.kind = BillKinds::Payment,
      .suffix = u"号付款单",
      .partnerAccounts = u"YingFuCode ,YuFuCode",
-     .rowTable = "TabPayfundBillInf",
-     .rowKey = "BillCode",
      .lines = {{
-         {Partner, "YingFuCode", "UnitName", "SumMoney", Debtor, 1, true},
-         {Rows, "AccountantCode", "AccountantName", "Moneyy", Lender},
+         {Partner, BillKinds::Payment.partnerAccount, "UnitName", "SumMoney", Debtor, 1, true},
+         {Rows, BillKinds::PaymentLines.accountCode, BillKinds::PaymentLines.accountName, "Moneyy", Lender},
      }}},
-    {.headerTable = "TabGathefundBill",
+    {.kind = BillKinds::Receipt,
      .suffix = u"号收款单",
      .partnerAccounts = u"YingShouCode ,YuShouCode",
-     .rowTable = "TabGathefundBillInf",
-     .rowKey = "BillCode",
      .lines = {{
-         {Partner, "YingShouCode", "UnitName", "SumMoney", Lender, 1, true},
-         {Rows, "AccountantCode", "AccountantName", "Moneyy", Debtor},
+         {Partner, BillKinds::Receipt.partnerAccount, "UnitName", "SumMoney", Lender, 1, true},
+         {Rows, BillKinds::ReceiptLines.accountCode, BillKinds::ReceiptLines.accountName, "Moneyy", Debtor},
      }}},
     // A bill without lines: its header joins the chart twice, out of account C and into account R.
-    {.headerTable = "TabKeepTake",
+    {.kind = BillKinds::Bank,
      .suffix = u"号银行存取单",
      .inBaseMoney = true,
-     .rowTable = "TabKeepTake",
-     .rowKey = "Code",
      .lines = {{
          {Rows, "AccountCodeC", "AccountNameC", "SumMoney", Lender},
          {Rows, "AccountCodeR", "AccountNameR", "SumMoney", Debtor},
      }}},
-    {.headerTable = "TabFee",
+    {.kind = BillKinds::Expense,
      .suffix = u"号费用开支单",
-     .rowTable = "TabFeeInf",
-     .rowKey = "Code",
      .lines = {{
          {Header, "CashCode", "CashName", "Cash", Lender},
          {Header, "CreditCode", "CreditName", "Credit", Lender},
-         {Rows, "AccountCode", "AccountName", "Moneyy", Debtor},
+         {Rows, BillKinds::ExpenseLines.accountCode, BillKinds::ExpenseLines.accountName, "Moneyy", Debtor},
      }}},
     // Unlike an expense: the cash and the bank line have their numbers whether they are written or not.
-    {.headerTable = "TabElseIncome",
+    {.kind = BillKinds::OtherIncome,
      .suffix = u"号其他收入单",
-     .rowTable = "TabElseIncomeInf",
-     .rowKey = "Code",
      .lines = {{
          {Header, "CashCode", "CashName", "Cash", Debtor, 1},
          {Header, "CreditCode", "CreditName", "Credit", Debtor, 2},
-         {Rows, "AccountCode", "AccountName", "Moneyy", Lender},
+         {Rows, BillKinds::OtherIncomeLines.accountCode, BillKinds::OtherIncomeLines.accountName, "Moneyy", Lender},
      }}},
-    {.headerTable = "TabSustain",
-     .SustainType = u"供应商",
+    {.kind = BillKinds::FeeOffset,
+     .mode = &BillKinds::SupplierOffset,
      .suffix = u"号费用抵冲单",
      .partnerAccounts = u"YingFuCode,YingShouCode",
-     .rowTable = "TabSustainInf",
-     .rowKey = "Code",
      .lines = {{
-         {Partner, "YingFuCode", "UnitName", "SumMoney", Debtor, 1},
-         {Rows, "AccountantCode", "AccountantName", "Moneyy", Lender},
+         {Partner, BillKinds::SupplierOffset.partnerAccount, "UnitName", "SumMoney", Debtor, 1},
+         {Rows, BillKinds::FeeOffsetLines.accountCode, BillKinds::FeeOffsetLines.accountName, "Moneyy", Lender},
      }}},
-    {.headerTable = "TabSustain",
+    {.kind = BillKinds::FeeOffset,
      .suffix = u"号费用抵冲单",
      .partnerAccounts = u"YingFuCode,YingShouCode",
-     .rowTable = "TabSustainInf",
-     .rowKey = "Code",
      .lines = {{
-         {Partner, "YingShouCode", "UnitName", "SumMoney", Lender, 1},
-         {Rows, "AccountantCode", "AccountantName", "Moneyy", Debtor},
+         {Partner, BillKinds::CustomerOffset.partnerAccount, "UnitName", "SumMoney", Lender, 1},
+         {Rows, BillKinds::FeeOffsetLines.accountCode, BillKinds::FeeOffsetLines.accountName, "Moneyy", Debtor},
      }}},
 };
 
@@ -81,8 +67,7 @@ constexpr VoucherRules AllRules[] = {
 const VoucherRules* voucherRulesFor(const QString& headerTable, const QString& SustainType)
 {
   for (const VoucherRules& rules : AllRules) {
-    const QStringView ofType(rules.SustainType);
-    if (headerTable == QLatin1String(rules.headerTable) && (ofType.isEmpty() || SustainType == ofType))
+    if (headerTable == QLatin1String(rules.kind.headerTable) && (!rules.mode || SustainType == QStringView(rules.mode->type)))
       return &rules;
   }
   return nullptr;

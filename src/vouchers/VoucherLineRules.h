@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/Statement.h"
+#include "ledger/BillKinds.h"
 
 #include <QString>
 
@@ -16,7 +17,7 @@ enum class LineSource {
   None,
   Partner, // in a column of TabClient; the line bears the partner's name
   Header,  // in a column of the bill's header
-  Rows,    // in each row of `rowTable` that belongs to the bill; one that the chart does not have drops out
+  Rows,    // in each of the bill's lines, or else in its header; one that the chart does not have drops out
 };
 
 // The line takes the number behind that of the line written last.
@@ -33,19 +34,17 @@ struct VoucherLineRule {
 };
 
 struct VoucherRules {
-  const char* headerTable;
-  const char16_t* SustainType = u""; // empty: any
-  const char16_t* suffix;            // of the text of every line
+  const BillKind& kind;
+  const OffsetMode* mode = nullptr; // of fee offsets; null: any
+  const char16_t* suffix;           // of the text of every line
   // The partner's accounts that are read; with them the lines name the partner where an account asks
   // for one. Empty for a bill without a partner.
   SqlLiteral partnerAccounts = {};
   bool inBaseMoney = false; // otherwise in the currency on screen
-  const char* rowTable;
-  const char* rowKey; // column that holds the bill's code
   std::array<VoucherLineRule, 3> lines;
 };
 
-// The rules of a kind of bill; null if its header table makes no vouchers.
+// The rules of a kind of bill; null if its header table makes no vouchers. `SustainType` is that of a fee offset.
 const VoucherRules* voucherRulesFor(const QString& headerTable, const QString& SustainType);
 
 } // namespace Vouchers

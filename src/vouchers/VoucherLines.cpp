@@ -1,6 +1,5 @@
 #include "vouchers/VoucherLines.h"
 
-#include "ledger/AccountingCalendar.h"
 #include "ledger/MasterData.h"
 #include "ledger/Money.h"
 #include "platform/DateText.h"
@@ -19,7 +18,7 @@ struct Frame {
   QString Datee;
   QString DateeY;
   QString DateeM;
-  QString Summary;
+  QString Summary = {};
   QString MoneyName = {};
   SqlNumber MoneyRate = SqlNumber(0);
 };
@@ -40,19 +39,18 @@ public:
   }
 
   // `accounts` are the partner's, not open for a bill without one.
-  void write(const Recordset& header, const Recordset& accounts)
+  void write(const SourceBill& source, const Recordset& header, const Recordset& accounts)
   {
-    m_frame = frameOf(header);
+    m_frame = frameOf(source);
     for (const VoucherLineRule& rule : m_rules.lines)
       write(rule, header, accounts);
   }
 
 private:
-  Frame frameOf(const Recordset& header)
+  Frame frameOf(const SourceBill& source)
   {
-    const QDate date = DateText::parse(header.text("Datee")).value_or(QDate());
-    Frame frame{DateText::shortForm(date), ModFuntion::GetAccountingYear(m_session, date), ModFuntion::GetAccountingMonth(m_session, date),
-                "第" + header.trimmed("Code") + QString::fromUtf16(m_rules.suffix)};
+    Frame frame{DateText::shortForm(source.Datee), QString::number(source.DateeY), QString::number(source.DateeM),
+                "第" + Trim(source.Code) + QString::fromUtf16(m_rules.suffix)};
     if (m_rules.inBaseMoney) {
       frame.MoneyName = ModFuntion::GetBaseMoneyName(m_session);
       frame.MoneyRate = SqlNumber(NumberText::ofSingle(ModFuntion::GetBaseMoneyRate(m_session)));
@@ -85,13 +83,14 @@ private:
 
   void writeRows(const VoucherLineRule& rule, const QString& billCode)
   {
-    const SqlName table(m_rules.rowTable);
+    const BillLines* const lines = m_rules.kind.lines;
+    const SqlName table(lines ? lines->table : m_rules.kind.headerTable);
     const SqlName account(rule.account);
     Recordset rows = OpenRecordset(m_session, {u"select {}.{} as AccountantCode, {}.{} as AccountantName,{}.{} as Moneyy,"
                                                u" TabAccountantType.AllName as AccountantAllName  from {},TabAccountantType "
                                                u" where {}.{}='{}' and {}.{}=TabAccountantType.Code ",
                                                table, account, table, SqlName(rule.name), table, SqlName(rule.amount), table, table,
-                                               SqlName(m_rules.rowKey), billCode, table, account});
+                                               SqlName(lines ? lines->billCode : "Code"), billCode, table, account});
     for (; !rows.eof(); rows.moveNext())
       if (rows.number("Moneyy") != 0)
         insert(rule, {rows.text("AccountantCode"), rows.text("AccountantName"), rows.text("AccountantAllName"), rows.field("Moneyy")});
@@ -115,30 +114,30 @@ private:
     const auto number = [](int value) { return SqlNumber(value); };
     const auto& numbers = m_voucher.WarrantNum;
     const auto& books = m_voucher.AccountBook;
-    OpenRecordset(m_session, {u"insert into TabWarrantInf values({},'{}','{}','{}','{}','{}','{}','{}','{}',{},{},'未审核',"
-                              u"{},{},{},{},{},{},'{}','{}','','',0,0,'{}','{}',{} )",
-                              number(m_number),
-                              m_frame.Datee,
-                              m_frame.DateeY,
-                              m_frame.DateeM,
-                              Trim(m_voucher.Code),
-                              m_frame.Summary,
-                              entry.account,
-                              entry.name,
-                              entry.allName,
-                              rule.side == Side::Debtor ? amount : zero,
-                              rule.side == Side::Lender ? amount : zero,
-                              number(numbers[0]),
-                              number(numbers[1]),
-                              number(numbers[2]),
-                              number(books[0]),
-                              number(books[1]),
-                              number(books[2]),
-                              m_voucher.ZD,
-                              trackedPartner(entry.account),
-                              ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {}),
-                              m_frame.MoneyName,
-                              m_frame.MoneyRate});
+    Execute(m_session, {u"insert into TabWarrantInf values({},'{}','{}','{}','{}','{}','{}','{}','{}',{},{},'未审核',"
+                        u"{},{},{},{},{},{},'{}','{}','','',0,0,'{}','{}',{} )",
+                        number(m_number),
+                        m_frame.Datee,
+                        m_frame.DateeY,
+                        m_frame.DateeM,
+                        Trim(m_voucher.Code),
+                        m_frame.Summary,
+                        entry.account,
+                        entry.name,
+                        entry.allName,
+                        rule.side == Side::Debtor ? amount : zero,
+                        rule.side == Side::Lender ? amount : zero,
+                        number(numbers[0]),
+                        number(numbers[1]),
+                        number(numbers[2]),
+                        number(books[0]),
+                        number(books[1]),
+                        number(books[2]),
+                        m_voucher.ZD,
+                        trackedPartner(entry.account),
+                        ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {}),
+                        m_frame.MoneyName,
+                        m_frame.MoneyRate});
   }
 
   Session& m_session;
@@ -149,26 +148,20 @@ private:
   int m_number = 0;
 };
 
-Recordset partnerAccounts(Session& session, const VoucherBill& bill)
-{
-  const VoucherRules* const rules = voucherRulesFor(bill.headerTable, {});
-  if (!rules || rules->partnerAccounts.isEmpty())
-    return {};
-  return OpenRecordset(session, {u"select {} from TabClient where code='{}' ", Statement(rules->partnerAccounts), Trim(bill.TxtCode)});
-}
-
 } // namespace
 
-void WriteVoucherLines(Session& session, const VoucherBill& bill, const Statement& billSelect, const VoucherEntry& voucher)
+void WriteVoucherLines(Session& session, const VoucherBill& bill, const SourceBill& source, const Recordset& header,
+                       const VoucherEntry& voucher)
 {
-  const Recordset accounts = partnerAccounts(session, bill);
-  OpenRecordset(session, {u"delete from TabWarrantInf where BillCode='{}'", voucher.Code});
-  const Recordset header = OpenRecordset(session, billSelect);
-  if (header.eof())
-    return;
-  const bool isOffset = bill.headerTable == u"TabSustain";
-  if (const VoucherRules* const rules = voucherRulesFor(bill.headerTable, isOffset ? header.trimmed("SustainType") : QString()))
-    LineWriter(session, bill, *rules, voucher).write(header, accounts);
+  const bool isOffset = bill.headerTable == QLatin1String(BillKinds::FeeOffset.headerTable);
+  const VoucherRules* const rules = voucherRulesFor(bill.headerTable, isOffset ? header.trimmed("SustainType") : QString());
+  Recordset accounts;
+  if (rules && !rules->partnerAccounts.isEmpty())
+    accounts =
+        OpenRecordset(session, {u"select {} from TabClient where code='{}' ", Statement(rules->partnerAccounts), Trim(bill.TxtCode)});
+  Execute(session, {u"delete from TabWarrantInf where BillCode='{}'", voucher.Code});
+  if (rules)
+    LineWriter(session, bill, *rules, voucher).write(source, header, accounts);
 }
 
 } // namespace Vouchers

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "database/Statement.h"
-
+#include <QDate>
 #include <QString>
 
 #include <array>
 
+class Recordset;
 struct Session;
 
 namespace Vouchers {
@@ -13,6 +13,15 @@ namespace Vouchers {
 struct VoucherBill;
 
 constexpr int BookCount = 3;
+
+// The stored bill, as its voucher repeats it.
+struct SourceBill {
+  QString Code;
+  QDate Datee;
+  int DateeY; // the accounting year and month of the date
+  int DateeM;
+  QString SumMoney; // as it is stored
+};
 
 // The header of a voucher, as far as every one of its lines repeats it.
 struct VoucherEntry {
@@ -22,9 +31,10 @@ struct VoucherEntry {
   QString ZD;
 };
 
-// Writes the lines of a voucher anew, after dropping all it had, from the bill's header row (which
-// `billSelect` selects) and its lines. Amounts stay in the bill's currency. An account that the
-// chart does not have drops out without a word, and the voucher then does not balance.
-void WriteVoucherLines(Session& session, const VoucherBill& bill, const Statement& billSelect, const VoucherEntry& voucher);
+// Writes the lines of a voucher, in place of all it had, from the bill's header row and its lines. Amounts stay in the
+// bill's currency. An account that the chart does not have drops out without a word, and the voucher then does not
+// balance.
+void WriteVoucherLines(Session& session, const VoucherBill& bill, const SourceBill& source, const Recordset& header,
+                       const VoucherEntry& voucher);
 
 } // namespace Vouchers

@@ -6,7 +6,7 @@
 AccountSetOfTests::AccountSetOfTests(bool isOnServer, const QString& databaseName)
 {
   m_params.UserName = QStringLiteral("系统管理员");
-  m_params.OperateDate = QStringLiteral("2022-06-08");
+  m_params.OperateDate = QDate(2022, 6, 8);
   if (!isOnServer) {
     QDir(folder()).mkpath(QStringLiteral("Data"));
     m_location.file = m_folder.filePath(QStringLiteral("Data/A001.mdb"));

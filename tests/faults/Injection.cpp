@@ -5,6 +5,7 @@
 #include "program/ProgramScreens.h"
 #include "screen/CellEditor.h"
 #include "screen/Controls.h"
+#include "screen/Form.h"
 #include "screen/Grid.h"
 #include "session/Session.h"
 #include "support/FakeDesk.h"
@@ -61,11 +62,11 @@ public:
     m_session.params.IsLotMoney = true;
     m_session.params.OperateType = QString::fromUtf16(order.order);
     m_session.DotSet = LoadDotSet(m_session);
-    m_screen = m_screens.screen(QLatin1String(order.form));
-    m_screen->HXMode = m_session.params.OperateType == u"收付款核销查询" ? m_session.params.OperateType : QString();
-    m_screen->load();
+    m_opened = makeProgramScreen(m_session, QLatin1String(order.form));
+    m_screen = &m_opened->form();
+    m_opened->Form_Load();
     m_desk.show(*m_screen);
-    m_screen->frm_Initialize(false);
+    m_opened->frm_Initialize(false);
   }
 
   // Every field into which something can be typed; a grid's cells are fields of their own, "MSH 1" to "MSH 4".
@@ -193,9 +194,9 @@ private:
   FakeDesk m_desk;
   FixedMachine m_machine;
   Session m_session{m_desk, m_machine};
-  ProgramScreens m_screens{m_session};
   const ScreenOrder& m_order;
-  Screen* m_screen = nullptr;
+  std::unique_ptr<Screen> m_opened;
+  Form* m_screen = nullptr;
   QSet<QString> m_codes;
 };
 

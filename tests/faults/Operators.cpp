@@ -1,6 +1,6 @@
 #include "AccountSetOfTests.h"
 #include "Faults.h"
-#include "PayingOperator.h"
+#include "PaymentWriter.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -13,7 +13,6 @@ namespace Faults {
 namespace {
 
 constexpr int Operators = 8;
-const QString Duplicate = QStringLiteral("付款单编号重复，请修改！");
 
 // What an operator saw while saving one bill.
 struct Told {
@@ -28,16 +27,15 @@ QList<int> amountsOf(int number)
   return {number * 10 + 1, number * 10 + 2};
 }
 
-Told saveOne(PayingOperator& paying, int number)
+Told saveOne(PaymentWriter& writer, int number)
 {
-  paying.beginBill();
-  paying.fillIn(amountsOf(number));
   Told told{.number = number};
   // A number that someone else has taken is refused; saving again draws the next.
-  for (QStringList said = {Duplicate}; said.contains(Duplicate) && told.duplicates < 1000;) {
-    said = paying.save();
-    told.duplicates += said.contains(Duplicate);
-    for (const QString& text : said) {
+  for (bool isWritten = false; !isWritten && told.duplicates < 1000;) {
+    const auto outcome = writer.save(amountsOf(number));
+    isWritten = outcome.isWritten;
+    told.duplicates += !isWritten;
+    for (const QString& text : outcome.boxes) {
       told.errors += text.startsWith(u"Error:");
       told.busy += text.contains(u"lock") || text.contains(u"busy");
     }
@@ -51,9 +49,9 @@ Told saveOne(PayingOperator& paying, int number)
   char name[] = "faults";
   char* texts[] = {name, nullptr};
   const QCoreApplication application(count, texts);
-  PayingOperator paying(folder, params);
+  PaymentWriter writer(folder, params);
   for (int i = 0; i < saves; ++i) {
-    const Told told = saveOne(paying, who * saves + i + 1);
+    const Told told = saveOne(writer, who * saves + i + 1);
     if (write(descriptor, &told, sizeof told) != sizeof told)
       _exit(1);
   }

@@ -9,8 +9,8 @@
 #include "platform/DateText.h"
 #include "platform/NumberText.h"
 #include "platform/RunTimeError.h"
-#include "session/ModChangeStr.h"
-#include "session/ModReadWriteParameters.h"
+#include "startup/ModChangeStr.h"
+#include "startup/ModReadWriteParameters.h"
 #include "support/FixedMachine.h"
 
 #include <QDirIterator>

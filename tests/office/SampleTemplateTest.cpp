@@ -4,6 +4,7 @@
 #include "program/ProgramScreens.h"
 #include "samplefirm/SampleFirm.h"
 #include "screen/Controls.h"
+#include "screen/Form.h"
 #include "screen/Grid.h"
 #include "session/ModuleADO.h"
 
@@ -69,8 +70,8 @@ const PrintedBill Bills[] = {
 };
 
 struct SampleTemplates : OfficeFixture, testing::WithParamInterface<PrintedBill> {
-  ProgramScreens screens{session};
-  Screen* screen = nullptr;
+  std::unique_ptr<Screen> opened = makeProgramScreen(session, GetParam().form);
+  Form* screen = &opened->form();
 
   SampleTemplates()
   {
@@ -80,11 +81,10 @@ struct SampleTemplates : OfficeFixture, testing::WithParamInterface<PrintedBill>
     EXPECT_TRUE(AccountSet::create(accountSetPath(), SampleFirm::write));
     session.DotSet = LoadDotSet(session);
     session.params.OperateType = GetParam().mode;
-    screen = screens.screen(GetParam().form);
-    screen->load();
-    screen->FillBill(GetParam().table, GetParam().code);
+    opened->Form_Load();
+    opened->FillBill(GetParam().table, GetParam().code);
     desk.show(*screen);
-    screen->frm_Initialize(true);
+    opened->frm_Initialize(true);
     EXPECT_EQ(desk.takeTexts(), "");
   }
 

@@ -3,7 +3,8 @@
 #include "BoxAnswer.h"
 #include "PlaceText.h"
 #include "Unmet.h"
-#include "session/Mod_ZORVEKMain.h"
+#include "program/ProgramScreens.h"
+#include "startup/Entry.h"
 
 #include <QDir>
 
@@ -160,7 +161,7 @@ void Player::start(const Directive& directive)
     m_scene.removeParameters();
   m_stage->clear();
   m_run = std::make_unique<Run>(m_stage->desk(), m_scene.machine());
-  Mod_ZORVEKMain::Main(m_run->session, m_run->screens);
+  m_run->screen = Mod_ZORVEKMain::Main(m_run->session, makeProgramScreen).screen;
 }
 
 void Player::checkEnded() const

@@ -4,8 +4,8 @@
 #include "Scene.h"
 #include "Script.h"
 #include "Stage.h"
-#include "program/ProgramScreens.h"
 #include "session/Session.h"
+#include "startup/Screen.h"
 
 #include <functional>
 #include <memory>
@@ -39,7 +39,7 @@ private:
   struct Run {
     explicit Run(Desk& desk, Machine& machine) : session{desk, machine} {}
     Session session;
-    ProgramScreens screens{session};
+    std::unique_ptr<Screen> screen = {};
   };
 
   // Encounters

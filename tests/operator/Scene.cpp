@@ -2,8 +2,8 @@
 
 #include "Unmet.h"
 #include "platform/DateText.h"
-#include "session/ModChangeStr.h"
-#include "session/ModReadWriteParameters.h"
+#include "startup/ModChangeStr.h"
+#include "startup/ModReadWriteParameters.h"
 
 #include <QDir>
 #include <QFile>

@@ -25,7 +25,7 @@ struct SessionFixture {
     session.params.IsAccessSQL = true;
     session.params.ConDataName = QStringLiteral("A001.mdb");
     session.params.UserName = QStringLiteral("系统管理员");
-    session.params.OperateDate = QStringLiteral("2022-06-08");
+    session.params.OperateDate = QDate(2022, 6, 8);
   }
 
   QString accountSetPath() const

@@ -1,6 +1,6 @@
 #include "Complaint.h"
 #include "platform/MemoryImage.h"
-#include "session/ModReadWriteParameters.h"
+#include "startup/ModReadWriteParameters.h"
 
 #include <QCoreApplication>
 

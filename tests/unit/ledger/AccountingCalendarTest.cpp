@@ -22,9 +22,9 @@ struct CalendarTest : testing::Test, AccountSetFixture {
   QString monthOf(int year, int month, int day)
   {
     const QDate date(year, month, day);
-    return GetAccountingYear(session, date) + u'-' + GetAccountingMonth(session, date);
+    return u"%1-%2"_s.arg(GetAccountingYear(session, date)).arg(GetAccountingMonth(session, date));
   }
-  QString period(const QString& year, const QString& month)
+  QString period(int year, int month)
   {
     return GetPeriodStartDate(session, year, month).toString(Qt::ISODate) + u' ' +
            GetPeriodEndDate(session, year, month).toString(Qt::ISODate);
@@ -35,8 +35,8 @@ struct CalendarTest : testing::Test, AccountSetFixture {
 
 TEST_F(CalendarTest, WithoutSettingsMonthsAreTheCalendars)
 {
-  EXPECT_EQ(period(u"2022"_s, u"3"_s), u"2022-03-01 2022-03-31"_s);
-  EXPECT_EQ(period(u"2024"_s, u"2"_s), u"2024-02-01 2024-02-29"_s);
+  EXPECT_EQ(period(2022, 3), u"2022-03-01 2022-03-31"_s);
+  EXPECT_EQ(period(2024, 2), u"2024-02-01 2024-02-29"_s);
   EXPECT_EQ(monthOf(2022, 3, 1), u"2022-3"_s);
   EXPECT_EQ(monthOf(2022, 12, 31), u"2022-12"_s);
 }
@@ -44,7 +44,7 @@ TEST_F(CalendarTest, WithoutSettingsMonthsAreTheCalendars)
 TEST_F(CalendarTest, MonthsEndOnTheSettledDay)
 {
   endMonthsOn(25);
-  EXPECT_EQ(period(u"2022"_s, u"1"_s), u"2021-12-26 2022-01-25"_s);
+  EXPECT_EQ(period(2022, 1), u"2021-12-26 2022-01-25"_s);
   EXPECT_EQ(monthOf(2022, 3, 25), u"2022-3"_s);
   EXPECT_EQ(monthOf(2022, 3, 26), u"2022-4"_s);
   EXPECT_EQ(monthOf(2021, 12, 25), u"2021-12"_s);
@@ -55,18 +55,18 @@ TEST_F(CalendarTest, MonthsEndOnTheSettledDay)
 TEST_F(CalendarTest, AMonthMayEndOnItsOwnDayAlone)
 {
   endMonthOn(2, 20);
-  EXPECT_EQ(period(u"2022"_s, u"2"_s), u"2022-02-01 2022-02-20"_s);
-  EXPECT_EQ(period(u"2022"_s, u"3"_s), u"2022-02-21 2022-03-31"_s);
+  EXPECT_EQ(period(2022, 2), u"2022-02-01 2022-02-20"_s);
+  EXPECT_EQ(period(2022, 3), u"2022-02-21 2022-03-31"_s);
   EXPECT_EQ(monthOf(2022, 2, 21), u"2022-3"_s);
   EXPECT_EQ(monthOf(2022, 1, 31), u"2022-1"_s);
 }
 
 TEST_F(CalendarTest, NoDateHasNoMonthAndAnImpossibleDayIsAnError)
 {
-  EXPECT_EQ(GetAccountingMonth(session, {}), u""_s);
-  EXPECT_EQ(GetAccountingYear(session, {}), u""_s);
+  EXPECT_EQ(GetAccountingMonth(session, {}), 0);
+  EXPECT_EQ(GetAccountingYear(session, {}), 0);
   endMonthOn(2, 31);
-  EXPECT_THROW(GetPeriodEndDate(session, u"2022"_s, u"2"_s), RunTimeError);
+  EXPECT_THROW(GetPeriodEndDate(session, 2022, 2), RunTimeError);
   EXPECT_THROW(GetAccountingMonth(session, QDate(2022, 3, 1)), RunTimeError);
 }
 
@@ -74,21 +74,10 @@ TEST_F(CalendarTest, TheLastDayOfAMonth)
 {
   endMonthOn(2, 25);
   struct Row {
-    QString month, year, settled, calendar;
+    int month, day;
   };
-  for (const auto& [month, year, settled, calendar] : {
-           Row{u"2"_s, u"2022"_s, u"25"_s, u"28"_s},
-           Row{u"4"_s, u"2022"_s, u"30"_s, u"30"_s},
-           Row{u" 12 "_s, u" 2022 "_s, u"31"_s, u"31"_s},
-           Row{u"0"_s, u"2022"_s, u"31"_s, u""_s},
-           Row{u"15"_s, u"2022"_s, u"31"_s, u"31"_s},
-           Row{u"x"_s, u"2022"_s, u"31"_s, u""_s},
-       }) {
-    EXPECT_EQ(GetPeriodEndDay(session, month, year), settled) << shown(month);
-    EXPECT_EQ(LastDayOfMonth(session, month, year), calendar) << shown(month);
-  }
-  machine.clock = QDateTime(QDate(2024, 5, 1), QTime(9, 0));
-  EXPECT_EQ(LastDayOfMonth(session, u"2"_s, u" "_s), u"29"_s) << "today's year";
+  for (const auto& [month, day] : {Row{2, 25}, Row{4, 30}, Row{12, 31}, Row{0, 31}, Row{15, 31}})
+    EXPECT_EQ(GetPeriodEndDay(session, month, 2022), day) << month;
 }
 
 TEST_F(CalendarTest, ADateIsClosedUpToTheLastClosing)

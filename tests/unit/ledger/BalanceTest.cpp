@@ -215,10 +215,10 @@ TEST_F(BalanceTest, TakesVouchersByTheAccountsOfThePartner)
 // The tables of a firm grow for years; nothing of the statement may read one from end to end.
 TEST_F(BalanceTest, IsAnsweredByIndexes)
 {
-  const MovementQuestion question{u"K001"_s, QDate(2022, 3, 31), QDate(2022, 6, 8), u"人民币"_s, true, u"1"_s};
+  const MovementQuery query{u"K001"_s, QDate(2022, 3, 31), QDate(2022, 6, 8), u"人民币"_s, true, u"1"_s};
   for (const char* keptByPartners : {"1", "0"}) {
     file.run(u"update TabAccountantType set WLHS="_s + QLatin1String(keptByPartners));
-    const QString sql = DialectTranslator::forEmbedded(movementStatement(session, question).sql())->sql;
+    const QString sql = DialectTranslator::forEmbedded(movementStatement(session, query).sql())->sql;
     const QString plan = file.rows(u"explain query plan "_s + sql);
     EXPECT_TRUE(plan.contains(u"TabOutBill USING INDEX TabOutBill_UnitCode_Datee (UnitCode=? AND Datee>? AND Datee<?)"_s));
     EXPECT_FALSE(plan.contains(u"SCAN Tab"_s)) << shown(plan);

@@ -1,8 +1,8 @@
 #include "ledger/MasterData.h"
+#include "screen/FilterKeyPress.h"
 
 #include "ledger/BillCatalogue.h"
 #include "ledger/BillCode.h"
-#include "ledger/FieldHelp.h"
 #include "support/AccountSetFixture.h"
 #include "support/Printing.h"
 
@@ -97,7 +97,7 @@ TEST_F(MasterDataTest, ABillsCodeIsOneAboveTheHighestOfToday)
 {
   const auto next = [this](const QString& prefix = u"FKD"_s) { return GetNextBillCode(session, prefix, u"TabPayfundBill"_s); };
   const auto store = [this](const QString& code) { file.run(u"insert into TabPayfundBill(Code) values('%1')"_s.arg(code)); };
-  session.params.OperateDate = u"2021-01-01"_s; // the clock decides, not the session
+  session.params.OperateDate = QDate(2021, 1, 1); // the clock decides, not the session
   EXPECT_EQ(next(), u"FKD202206080001"_s);
   store(u"FKD202206070005"_s);
   store(u"SKD202206080005"_s);

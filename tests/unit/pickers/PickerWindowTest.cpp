@@ -68,9 +68,9 @@ TEST_F(PickerWindowTest, TheMouseOpensABranchWithoutTakingItsNode)
     EXPECT_FALSE(view.isExpanded(bank));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, {node.left() - 4, node.center().y()});
     EXPECT_TRUE(view.isExpanded(bank));
-    EXPECT_EQ(shown.SelectedCode, u""_s);
+    EXPECT_EQ(shown.kept<LastPickedNode>().code, u""_s);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, node.center());
-    EXPECT_EQ(shown.SelectedCode, u"1002"_s);
+    EXPECT_EQ(shown.kept<LastPickedNode>().code, u"1002"_s);
     EXPECT_EQ(view.currentIndex(), bank);
     QTest::keyClick(&view, Qt::Key_Right);
     QTest::keyClick(&view, Qt::Key_Return);

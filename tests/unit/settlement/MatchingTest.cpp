@@ -18,7 +18,7 @@ struct MatchingTest : testing::Test, AccountSetFixture {
     file.run(QString("delete from TabInBillInf; with recursive n(i) as (select 1 union all select i+1 from n where i<%1) "
                      "insert into TabInBillInf(BillCode,Num,GouDui) select 'CGD1',i,0 from n")
                  .arg(count));
-    screen.load();
+    screen.Form_Load();
     desk.show(screen);
     screen.find<Button>("CmdQuery")->click();
   }

@@ -1,5 +1,6 @@
 #include "settlement/WriteOff.h"
 
+#include "ledger/BillKinds.h"
 #include "screen/CellEditor.h"
 #include "settlement/frmSFKHeXiao.h"
 #include "support/AccountSetFixture.h"
@@ -32,7 +33,7 @@ struct WriteOffTest : testing::Test, AccountSetFixture {
       form.close();
     };
     bill.total = total;
-    WriteOff::open(session, WriteOff::Receipt, bill);
+    WriteOff::open(session, BillKinds::Receipt, bill);
     EXPECT_TRUE(ran);
   }
 

@@ -1,5 +1,7 @@
 #include "vouchers/VoucherLines.h"
 
+#include "ledger/AccountingCalendar.h"
+#include "session/ModuleADO.h"
 #include "support/Printing.h"
 #include "vouchers/VoucherFixture.h"
 
@@ -15,7 +17,11 @@ struct VoucherLinesTest : testing::Test, VoucherFixture {
 
   void write(const VoucherBill& bill)
   {
-    WriteVoucherLines(session, bill, {u"select * from {} where Code='{}'", SqlName(bill.headerTable), bill.code}, entry);
+    const QDate date(2022, 6, 8);
+    const Recordset header = OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(bill.headerTable), bill.code});
+    WriteVoucherLines(session, bill,
+                      {bill.code, date, ModFuntion::GetAccountingYear(session, date), ModFuntion::GetAccountingMonth(session, date), {}},
+                      header, entry);
   }
   // Number, account, name, debit, credit and partner of each line, in the order in which they were written.
   QString lines(const VoucherBill& bill)

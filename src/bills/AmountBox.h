@@ -1,0 +1,13 @@
+#pragma once
+
+#include "screen/EntryBox.h"
+
+struct Session;
+
+// A box for an amount: plain digits while it is typed, formatted when it is left.
+class AmountBox : public EntryBox {
+  Q_OBJECT
+
+public:
+  AmountBox(const Session& session, QObject* parent, const QString& name, const QString& allowed = {});
+};

@@ -1,0 +1,255 @@
+#include "bills/BillScreen.h"
+
+#include "ledger/AccountingCalendar.h"
+#include "pickers/TreePicker.h"
+#include "platform/DateText.h"
+#include "platform/Trim.h"
+#include "session/ModuleADO.h"
+#include "settlement/WriteOff.h"
+#include "vouchers/ShowVoucher.h"
+
+using namespace Qt::StringLiterals;
+
+BillScreen::BillScreen(Session& ofSession, const BillTraits& traits)
+    : Form(ofSession.desk, QString::fromLatin1(traits.kind.screen)), session(ofSession), store(ofSession, traits.kind), Pic(this, u"Pic"_s),
+      LabBillName(&Pic, u"LabBillName"_s), LabState(&Pic, u"LabState"_s), LabAuditing(&Pic, u"LabAuditing"_s),
+      TxtBillCode(&Pic, u"TxtBillCode"_s), DTPDate(&Pic, u"DTPDate"_s), TxtDate(&Pic, u"TxtDate"_s), currency(*this),
+      FrameProvide(&Pic, u"FrameProvide"_s), partner(traits.partner ? std::make_unique<PartnerArea>(*this) : nullptr),
+      transfer(traits.hasTransfer ? std::make_unique<TransferArea>(*this) : nullptr), staff(*this),
+      paid(traits.hasPaid ? std::make_unique<PaidArea>(*this) : nullptr), MSH(&Pic, u"MSH"_s),
+      lines(traits.lines ? std::make_unique<LineArea>(*this, *traits.lines) : nullptr),
+      balance(traits.balanceSign != 0 ? std::make_unique<BalanceLabel>(*this, traits.balanceSign) : nullptr),
+      TxtOperator(&Pic, u"TxtOperator"_s), TxtAuditing(&Pic, u"TxtAuditing"_s), ChAutoAuditing(&Pic, u"ChAutoAuditing"_s),
+      ChAutoAdd(&Pic, u"ChAutoAdd"_s), LoadingPic(&Pic, u"LoadingPic"_s), Animation1(&LoadingPic, u"Animation1"_s),
+      LabLoading(&LoadingPic, u"LabLoading"_s), VS(this, u"VS"_s), HS(this, u"HS"_s), menus(*this, traits)
+{
+  turnInto(traits);
+  for (Control* const hidden : std::initializer_list<Control*>{&LabState, &LabAuditing, &LoadingPic})
+    hidden->setVisible(false);
+  for (TextBox* const box : {&TxtDate, &TxtOperator, &TxtAuditing}) {
+    box->setReadOnly(true);
+    box->setTabStop(false);
+  }
+  TxtBillCode.setEnabled(false);
+  DTPDate.onKey = [this](const Key& key) { return moveOnAtEnter(DTPDate, key); };
+  FrameProvide.setCaption(QString::fromUtf16(traits.headFrame));
+  MSH.setVisible(traits.lines);
+  ChAutoAuditing.setCaption(u"保存时自动审核单据"_s);
+  ChAutoAdd.setCaption(u"保存后自动新建下一单"_s);
+  LabLoading.setCaption(u"数据读写中,请稍等....."_s);
+}
+
+void BillScreen::turnInto(const BillTraits& traits)
+{
+  m_traits = &traits;
+  store.setKind(traits.kind);
+  BillTable = store.headerTable();
+  setCaption(QString::fromUtf16(traits.formCaption));
+  LabBillName.setCaption(QString::fromUtf16(traits.kind.name));
+}
+
+void BillScreen::Form_Load()
+{
+  DTPDate.setDate(session.params.OperateDate);
+  TxtOperator.setText(session.params.UserName);
+  currency.load();
+  if (!traits().isTurnedByBill)
+    menus.fillTemplateMenus();
+}
+
+void BillScreen::frm_Initialize(bool keepScreen)
+{
+  BillTable = store.headerTable();
+  refreshBillList();
+  if (!keepScreen) {
+    InitLineGrid();
+    NewBill();
+  }
+  if (traits().isTurnedByBill)
+    menus.fillTemplateMenus();
+}
+
+void BillScreen::refreshBillList()
+{
+  m_billList.setCodes(store.codesOfMonth(BillTable, DTPDate.date(), billListClause()));
+}
+
+void BillScreen::InitLineGrid()
+{
+  if (lines)
+    lines->InitLineGrid();
+}
+
+void BillScreen::NewBill()
+{
+  ClearBillFields();
+  IsSavedBill = false;
+  store.take();
+  SetBillEditable(true);
+  menus.enablePrinting(false);
+  setFocus(firstField());
+}
+
+Control& BillScreen::firstField()
+{
+  return partner ? partner->TxtName : transfer ? transfer->outgoing.name : staff.TxtSaleMan;
+}
+
+void BillScreen::ClearBillFields()
+{
+  TxtDate.setText({});
+  TxtBillCode.setText({});
+  if (lines)
+    lines->LabTotalMoney.setCaption({});
+  if (partner)
+    partner->clear();
+  if (balance)
+    balance->clear();
+  if (paid)
+    paid->clear();
+  if (transfer)
+    transfer->clear();
+  if (traits().newClosesEditor)
+    lines->Text2.hide();
+  staff.TxtMemo.setText({});
+  staff.TxtSaleMan.setText({});
+  InitLineGrid();
+  for (Label* const label : {&LabState, &LabAuditing}) {
+    label->setCaption({});
+    label->setVisible(false);
+  }
+  TxtOperator.setText(session.params.UserName);
+  TxtAuditing.setText({});
+  currency.clear();
+}
+
+void BillScreen::SetBillEditable(bool on)
+{
+  static constexpr const char* Targets[] = {"TxtDate",        "DTPDate",      "FrameProvide",   "FrameTotal",  "FramePay",
+                                            "FrameMoneyType", "ToolSave",     "ToolDelete",     "ToolRedWord", "ToolInsertRow",
+                                            "ToolDeleteRow",  "ToolAuditing", "ToolUnAuditing", "FSave",       "FDelete"};
+  for (const char* name : Targets)
+    if (Control* const control = find(QString::fromLatin1(name)))
+      control->setEnabled(on);
+  TxtBillCode.setEnabled(false);
+  menus.enablePrinting(true);
+}
+
+void BillScreen::RefreshBillControls()
+{
+  const bool closed = ModFuntion::GetClosingGuard(session, DTPDate.date(), false);
+  SetBillEditable(!closed && !isAudited() && !isVoided());
+  if (!closed && isVoided()) {
+    find(u"ToolDelete"_s)->setEnabled(true);
+    find(u"FDelete"_s)->setEnabled(true);
+  } else if (!closed && isAudited()) {
+    find(u"ToolUnAuditing"_s)->setEnabled(true);
+  }
+  if (lines)
+    lines->Text2.hide();
+}
+
+void BillScreen::FillBill(const QString& table, const QString& code)
+{
+  BillTable = table;
+  InitLineGrid();
+  TxtDate.setEnabled(false);
+  TxtDate.setVisible(false);
+  DTPDate.setVisible(true);
+  IsSavedBill = true;
+  const Recordset header = store.header({table, code});
+  if (header.eof()) {
+    desk().inform(u"没有原单！"_s);
+    return;
+  }
+  // Nothing is stored until all of it is shown: a column that cannot be read ends the filling half-way.
+  store.take();
+  showHeader(header);
+  if (lines) {
+    Recordset rows = store.lines({table, code});
+    lines->show(rows);
+  }
+  store.take({table, header.trimmed("Code")});
+  showAudit();
+  showState(header.trimmed("State") == u"正常");
+  RefreshBillControls();
+}
+
+void BillScreen::showHeader(const Recordset& header)
+{
+  const QString date = header.text("Datee");
+  TxtDate.setText(date);
+  if (const auto day = DateText::parse(date))
+    DTPDate.setDate(*day);
+  TxtBillCode.setText(header.text("Code"));
+  TxtOperator.setText(header.text("Operator"));
+  staff.TxtMemo.setText(header.text("Remark"));
+  staff.TxtSaleMan.setText(header.text("SaleMan"));
+  currency.show(header);
+  TxtAuditing.setText(header.text("Auditing"));
+  if (partner)
+    partner->show(header);
+  if (balance)
+    balance->refresh();
+  if (paid)
+    paid->show(header);
+  if (transfer)
+    transfer->show(header);
+}
+
+void BillScreen::showAudit()
+{
+  LabAuditing.setCaption(isAudited() ? u"已审核"_s : u"未审核"_s);
+  LabAuditing.setVisible(true);
+}
+
+void BillScreen::showState(bool isNormal)
+{
+  LabState.setCaption(isNormal ? u"正常"_s : u"作废"_s);
+  LabState.setVisible(!isNormal);
+}
+
+bool BillScreen::isAudited() const
+{
+  return !Trim(TxtAuditing.text()).isEmpty();
+}
+
+bool BillScreen::isVoided() const
+{
+  return LabState.isVisible() && Trim(LabState.caption()) == u"作废";
+}
+
+QString BillScreen::billName() const
+{
+  return Trim(LabBillName.caption());
+}
+
+QString BillScreen::billCode() const
+{
+  return Trim(TxtBillCode.text());
+}
+
+// The target decides, not the button: the picker changes it for a list of cash or bank accounts alone.
+void BillScreen::takeAccount(const PickedNode& account)
+{
+  if (!paid)
+    lines->takeAccount(account);
+  else if (!paid->take(account) && account.TreeTarget == QStringView(traits().lines->accountPickerTarget))
+    lines->takeAccount(account);
+}
+
+void BillScreen::openWriteOff()
+{
+  WriteOff::open(session, store.kind(),
+                 {store.bill().code, lines->LabTotalMoney.caption(), partner->TxtCode.text(), partner->TxtName.text(), DTPDate.date()});
+}
+
+void BillScreen::FJXCAccount_Click()
+{
+  Vouchers::FJXCAccount_Click(session, voucherKind());
+}
+
+void BillScreen::onUnload()
+{
+  CloseConnection(session);
+}

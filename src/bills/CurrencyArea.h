@@ -1,0 +1,29 @@
+#pragma once
+
+#include "billstore/BillRecord.h"
+#include "screen/EntryBox.h"
+
+class BillScreen;
+class Recordset;
+
+// The currency of a bill and its rate; hidden in an account set of one currency, whose bills have none.
+class CurrencyArea {
+public:
+  explicit CurrencyArea(BillScreen& screen);
+
+  void load();
+  // Of a header or a line.
+  void show(const Recordset& row);
+  // Without currencies a bill has none, whatever the bill viewed before had.
+  void clear();
+  void addTo(BillRecord& record) const;
+
+  Container FrameMoneyType;
+  ComboBox TxtMoneyName;
+  EntryBox TxtMoneyRate;
+
+private:
+  void TxtMoneyName_Change();
+
+  BillScreen& m_screen;
+};

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "billstore/BillRecord.h"
+#include "database/Statement.h"
+#include "screen/CellEditor.h"
+
+class BillScreen;
+class Recordset;
+struct LineTraits;
+struct PickedNode;
+
+// The lines of a bill and their total: an account, an amount and a remark each, entered in the grid MSH through the
+// floating Text2, keyboard first. On save the grid is the bill.
+//
+// Always holds after a change: the last row is empty in column 1; lines are rows 1 to rows - 2;
+// column 3 shows amounts as FormatDotText makes them; LabTotalMoney is the sum of column 3.
+class LineArea {
+public:
+  enum Column { Marker = 0, AccountCode = 1, AccountName = 2, Amount = 3, Remark = 4, ColumnCount = 5 };
+
+  LineArea(BillScreen& screen, const LineTraits& traits);
+
+  // Resets the grid to its headings and one empty row, by the stored layout if there is one.
+  void InitLineGrid();
+  // Puts stored lines into a grid that InitLineGrid has reset. A line without an amount shows none.
+  void show(Recordset& lines);
+  void addTo(BillRecord& record) const;
+
+  int lineCount() const { return m_grid.rows() - 2; }
+  // Trimmed text of a line's column.
+  QString text(int row, Column column) const;
+  Currency amount(int row) const;
+  void setAccount(int row, const QString& code, const QString& name);
+  Currency total() const;
+
+  // An account was picked for the current line.
+  void takeAccount(const PickedNode& account);
+  void InsertLineRow();
+  void DeleteLineRow();
+  void FMSHFormat_Click();
+
+  Label LabAttention;
+  CellEditor Text2;
+  Container FrameTotal;
+  Label LabTotalMoney;
+
+private:
+  // Lays Text2 on the current cell, if lines may be edited.
+  void OpenCellEditor();
+  // Carries what was typed or picked to the current row: for columns 1 and 2 the account that
+  // `account` selects, or the picker's if there is none; then sums up again.
+  void Txt2ToMSH(const Statement& account);
+  void RecalcTotal();
+  void gridKeyDown(const Key& key);
+  bool gridTab(const Key& key);
+  bool editorKey(const Key& key);
+  void editorTab(bool backwards);
+  void editorEnter();
+  void editorChanged();
+  void pickAccountOfCell();
+  void pickAccount();
+  void ReenterCell();
+  bool isOffLines();
+  void copyRow(int to, int from);
+  void reopenIfOpen();
+  bool isOnLine() const;
+  bool isEditable() const;
+
+  BillScreen& m_screen;
+  Grid& m_grid;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "billstore/BillRecord.h"
+#include "screen/EntryBox.h"
+
+class BillScreen;
+class Recordset;
+
+// The trading partner of a bill, found by typing a part of his code or name or in the code picker.
+class PartnerArea {
+public:
+  explicit PartnerArea(BillScreen& screen);
+
+  void show(const Recordset& header);
+  void clear();
+  void addTo(BillRecord& record) const;
+  // Opens the partner's own record in the program that keeps it.
+  void ShowPartnerInfo();
+
+  TextBox TxtCode;
+  TextBox TxtName;
+  PickButton ImgName;
+
+private:
+  bool TxtName_KeyPress(const Key& key);
+  void ImgName_Click();
+
+  BillScreen& m_screen;
+};

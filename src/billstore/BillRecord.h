@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Currency.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+
+// A bill as values, ready to be written: what its screen shows, or a test makes up. Texts are stored as they are here, so
+// who fills them in trims them.
+
+struct BillAccount {
+  QString code;
+  QString name;
+};
+
+struct BillLine {
+  BillAccount account;
+  Currency amount;
+  QString remark;
+};
+
+struct BillRecord {
+  QString code;
+  QDate date;
+  QString operatorName;
+  QString saleMan;
+  QString remark;
+  QString type; // BillType
+  QString currency = {};
+  double rate = 1;
+  QString auditor; // empty for a bill that is not audited
+  Currency sum = {};
+  QList<BillLine> lines = {}; // of a kind that has lines
+
+  // Of a kind with a trading partner.
+  BillAccount partner = {};
+  QString offsetType = {}; // SustainType of a fee offset
+
+  // Of an expense or other income: how much of the sum went by which account. Of a bank bill: the accounts that the
+  // sum leaves and reaches.
+  BillAccount cashOrOutgoing = {};
+  BillAccount bankOrIncoming = {};
+  Currency cash = {};
+  Currency bank = {};
+};

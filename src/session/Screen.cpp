@@ -1,8 +1,0 @@
-#include "session/Screen.h"
-
-#include "session/ModuleADO.h"
-
-void Screen::onUnload()
-{
-  CloseConnection(session);
-}
