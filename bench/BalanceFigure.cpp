@@ -37,8 +37,8 @@ public:
 
   void askProgram()
   {
-    const auto data = ModFuntion::GetOutstandingBalance(m_session, Partner, Today, QStringLiteral("人民币"), false);
-    if (data.EndBalance.isZero() || !m_desk.boxes.isEmpty())
+    const Currency balance = ModFuntion::GetOutstandingBalance(m_session, Partner, Today, QStringLiteral("人民币"), false);
+    if (balance.isZero() || !m_desk.boxes.isEmpty())
       qFatal("no balance");
   }
 

@@ -28,7 +28,7 @@ void BalanceLabel::refresh()
   if (code.isEmpty())
     return;
   const QString currency = session.params.IsLotMoney ? Trim(m_screen.currency.TxtMoneyName.text()) : QString();
-  const Currency balance = GetOutstandingBalance(session, code, m_screen.DTPDate.date(), currency, IsAuditedOnly(session)).EndBalance;
+  const Currency balance = GetOutstandingBalance(session, code, m_screen.DTPDate.date(), currency, IsAuditedOnly(session));
   m_shown = FormatDotText(m_sign < 0 ? -balance : balance, session.DotSet.DotMoney) + u"元"_s;
   LabFundAttention.setCaption(QString::fromUtf16(Heading) + m_shown);
 }

@@ -48,7 +48,7 @@ Currency openingBalance(Session& session, const QString& code, const std::option
 
 } // namespace
 
-TogatherData GetOutstandingBalance(Session& session, const QString& code, const QDate& date, const QString& moneyName, bool auditedOnly)
+Currency GetOutstandingBalance(Session& session, const QString& code, const QDate& date, const QString& moneyName, bool auditedOnly)
 {
   const QString book = mainBook(session);
   const auto closing = lastClosing(session, date);
@@ -57,17 +57,9 @@ TogatherData GetOutstandingBalance(Session& session, const QString& code, const 
       OpenRecordset(session, movementStatement(session, {code, closing.value_or(beforeAllBills()), date, moneyName, auditedOnly, book}));
   const auto sum = [&moved](const char* name) { return hasRow(moved) ? Currency::ofDouble(moved.number(name)) : Currency(); };
 
-  const Currency sales = sum("SumMoneyy");
-  const Currency cashIn = sum("SumCashh");
-  const Currency bankIn = sum("SumCreditt");
-  const Currency purchases = sum("SumMoneyy_G");
-  const Currency cashOut = sum("SumCashh_G");
-  const Currency bankOut = sum("SumCreditt_G");
-  return {.EndBalance = opening + sales - (cashIn + bankIn) - (purchases - (cashOut + bankOut)),
-          .NetSales = sales - purchases,
-          .NetCash = cashIn - cashOut,
-          .NetBank = bankIn - bankOut,
-          .NetOther = {}};
+  const Currency owedToUs = sum("SumMoneyy") - (sum("SumCashh") + sum("SumCreditt"));
+  const Currency owedByUs = sum("SumMoneyy_G") - (sum("SumCashh_G") + sum("SumCreditt_G"));
+  return opening + owedToUs - owedByUs;
 }
 
 bool IsClientAccountWLHS(Session& session, const QString& code, const QString& kind)

@@ -12,7 +12,7 @@ struct Session;
 struct CodePickerCall {
   // The first list. A refresh or a search drops it and lists `CodeTable` instead.
   Statement sql;
-  // TabClient, TabProvide, TabStuff or TabWare; it decides the categories and what can be added.
+  // TabClient, TabProvide or TabStuff; it decides the categories and what can be added.
   QString CodeTable;
   // Caption of the dialog and of the label above the list.
   QString title;

@@ -23,7 +23,6 @@ struct MasterTable {
 };
 
 constexpr MasterTable MasterTables[] = {
-    {u"TabWare", u"Code,Name,Spec,Unite,ZJF ", u"TabWareType", u"商品分类列表", u"TypeCode", u"商品信息录入", u"商品资料"},
     {u"TabProvide", u"Code,Name", u"TabClientType", u"往来单位分类列表", u"TypeCode", u"往来单位信息录入", u"往来单位资料"},
     {u"TabClient", u"Code,Name", u"TabClientType", u"往来单位分类列表", u"TypeCode", u"往来单位信息录入", u"往来单位资料"},
     {u"TabStuff", u"Code,Name", u"TabDepartmentType", u"人员所在部门列表", u"DepartmentCode", u"员工信息录入", u"员工资料"},
@@ -47,8 +46,7 @@ struct Column {
   int width;
 };
 
-constexpr Column WareColumns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 1500}, {u"规格", 1500}, {u"单位", 1000}, {u"助记符", 1000}};
-constexpr Column PlainColumns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 3000}};
+constexpr Column Columns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 3000}};
 
 } // namespace
 
@@ -57,7 +55,6 @@ frmCode::frmCode(Session& ofSession, const CodePickerCall& call)
 {
   setCaption(call.title);
   LabName.setCaption(call.title);
-  LabListAttention.setCaption(QStringLiteral("商品类别列表"));
   TreeView_Type.setToolTip(QStringLiteral("双击类别则按类别过滤"));
   LabCode.setCaption(QStringLiteral("编号"));
   LabTxtName.setCaption(QStringLiteral("名称"));
@@ -123,11 +120,6 @@ bool frmCode::keyOfGrid(const Key& key)
   return true;
 }
 
-bool frmCode::listsWares() const
-{
-  return LabName.caption() == u"选择商品";
-}
-
 void frmCode::FillMSH(const Statement& left, const Statement& right)
 {
   BaseSql = left;
@@ -142,14 +134,11 @@ void frmCode::FillMSH(const Statement& left, const Statement& right)
 
 void frmCode::layOutGrid()
 {
-  const auto lay = [this](const auto& columns) {
-    MSH.setCols(int(std::size(columns)));
-    for (int col = 0; col < MSH.cols(); ++col) {
-      MSH.setText(0, col, text(columns[col].heading));
-      MSH.setColWidth(col, columns[col].width);
-    }
-  };
-  listsWares() ? lay(WareColumns) : lay(PlainColumns);
+  MSH.setCols(int(std::size(Columns)));
+  for (int col = 0; col < MSH.cols(); ++col) {
+    MSH.setText(0, col, text(Columns[col].heading));
+    MSH.setColWidth(col, Columns[col].width);
+  }
 }
 
 void frmCode::showRows(const Recordset& rs)
@@ -223,9 +212,7 @@ void frmCode::TreeView_Type_DblClick()
 
 void frmCode::RefreshList(const Statement& filter)
 {
-  if (listsWares())
-    FillMSH({u" select Code,Name,Spec,Unite,ZJF from {}  ", SqlName(CodeTable)}, {u"  {}order by Code ", filter});
-  else if (!CodeTable.isEmpty())
+  if (!CodeTable.isEmpty())
     FillMSH({u"select Code,Name from {}  ", SqlName(CodeTable)}, {u"  {}order by Code  ", filter});
   else
     FillMSH(BaseSql, {u"  {}  order by code ", filter});

@@ -32,7 +32,6 @@ private:
   bool keyOfGrid(const Key& key);
   void layOutGrid();
   void showRows(const Recordset& rs);
-  bool listsWares() const;
 
   void loadTree();
   void loadCategories(const QString& table);

@@ -124,8 +124,7 @@ void SetPrintFootString(Session& session, const QString& text, int index)
   setString(session.kept<PrintStrings>().foot, text, index);
 }
 
-void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType,
-                    const QString& accountantPrintSign)
+void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType)
 {
   PrintFile content;
   content.header("打印表表名");
@@ -136,7 +135,7 @@ void WritePrintFile(Session& session, const PrintGrid& printed, const QString& p
   writeStrings(content, "foot", session.kept<PrintStrings>().foot);
   writeGrid(content, printed);
   content.header("批量连续打印");
-  content.value("accountantprintsign", Trim(accountantPrintSign));
+  content.value("accountantprintsign", QString());
 
   const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
   if (!SafeFile::write(path, AnsiText::encode(content.text())))

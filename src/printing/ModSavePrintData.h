@@ -14,7 +14,6 @@ inline constexpr char FileName[] = "printfile.txt";
 // The part of a grid that is printed, hidden rows and columns left out. Without a grid none is.
 struct PrintGrid {
   const Grid* grid = nullptr;
-  int totalColumns = 0; // handed over by the screens; nothing asks for it
   int topSkip = 0;
   int leftSkip = 0;
   int rightSkip = 0;
@@ -30,7 +29,6 @@ void SetPrintHeadString(Session& session, const QString& text, int index);
 void SetPrintFootString(Session& session, const QString& text, int index);
 
 // Writes the file in place of the last one, in the ANSI code page. RunTimeError if it cannot be written.
-void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType,
-                    const QString& accountantPrintSign = {});
+void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType);
 
 } // namespace ModSavePrintData

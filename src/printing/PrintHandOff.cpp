@@ -8,7 +8,7 @@
 ModSavePrintData::PrintGrid printedLines(const Grid& grid)
 {
   const bool endsBlank = Trim(grid.text(grid.rows() - 1, 1)).isEmpty();
-  return {.grid = &grid, .totalColumns = grid.cols(), .leftSkip = 1, .bottomSkip = endsBlank ? 1 : 0};
+  return {.grid = &grid, .leftSkip = 1, .bottomSkip = endsBlank ? 1 : 0};
 }
 
 void PrintHandOff(Session& session, const PrintJob& job, const QString& printType)

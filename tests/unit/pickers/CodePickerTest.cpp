@@ -10,18 +10,17 @@
 
 namespace {
 
-// What the bills of this system do not reach: wares, a list without a table, a wheel of fine steps.
+// What operator scripts do not reach: a caller's own list that a search drops, a list without a table, a wheel of fine steps.
 struct CodePickerTest : testing::Test, SessionFixture {
-  CodePickerCall wares{Statement(u"select Code,Name,Spec,Unite,ZJF from TabWare where Spec='L' order by code"), "TabWare", "选择商品"};
-  CodePickerCall anyList{Statement(u"select Code,Name from TabWare "), "", "选择名"};
+  CodePickerCall customers{Statement(u"select Code,Name from TabClient where Code like '10%' order by code"), "TabClient", "选择客户"};
+  CodePickerCall anyList{Statement(u"select Code,Name from TabClient "), "", "选择名"};
 
   CodePickerTest()
   {
-    file.run("create table TabWare(Code text, Name text, Spec text, Unite text, ZJF text, TypeCode text)");
-    file.run("insert into TabWare values('101','螺丝','L','盒','LS','11'),('210','10号钢','M','吨','GG','12'),"
-             "('102','螺母','L',null,'LM','111')");
-    file.run("create table TabWareType(Code text, Name text, ParentCode text)");
-    file.run("insert into TabWareType values('1','全部','0'),('11','五金 ','1'),('111','小件','11'),('12','钢材','1')");
+    file.run("create table TabClient(Code text, Name text, ZJF text, TypeCode text)");
+    file.run("insert into TabClient values('101','螺丝厂','LS','11'),('210','10号钢厂','GG','12'),('102','螺母厂','LM','111')");
+    file.run("create table TabClientType(Code text, Name text, ParentCode text)");
+    file.run("insert into TabClientType values('1','全部','0')");
   }
 
   void pick(const CodePickerCall& call, const std::function<void(Form&)>& operate)
@@ -53,12 +52,9 @@ struct CodePickerTest : testing::Test, SessionFixture {
   }
 };
 
-TEST_F(CodePickerTest, WaresComeInSixColumnsAndASearchDropsTheCallersOwnList)
+TEST_F(CodePickerTest, ASearchDropsTheCallersOwnList)
 {
-  pick(wares, [](Form& dialog) {
-    const Grid& list = *dialog.find<Grid>("MSH");
-    EXPECT_EQ(list.cols(), 6);
-    EXPECT_EQ(list.text(0, 5) + list.text(1, 0) + list.text(1, 3) + list.text(2, 4), "助记符1L");
+  pick(customers, [](Form& dialog) {
     EXPECT_EQ(codes(dialog), "101 102");
     EXPECT_EQ(search(dialog, "TxtZJF", "G"), "210");
     EXPECT_EQ(search(dialog, "TxtCode", " 10 "), "101 102");
@@ -71,7 +67,7 @@ TEST_F(CodePickerTest, WaresComeInSixColumnsAndASearchDropsTheCallersOwnList)
 TEST_F(CodePickerTest, OnlyAFullNotchOfTheWheelTurnsAPageAndOnlyWithTheFocus)
 {
   for (int code = 500; code < 530; ++code)
-    file.run(QString("insert into TabWare(Code,Name) values('%1','x')").arg(code));
+    file.run(QString("insert into TabClient(Code,Name) values('%1','x')").arg(code));
   pick(anyList, [](Form& dialog) {
     Grid& list = *dialog.find<Grid>("MSH");
     const auto rowAfter = [&](int step) {
