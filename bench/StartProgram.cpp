@@ -4,6 +4,7 @@
 #include "program/ProgramScreens.h"
 #include "session/Session.h"
 #include "startup/Entry.h"
+#include "windows/Windows.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -35,7 +36,7 @@ int main(int argc, char** argv)
   Appearance::apply();
   FirstPaint paint;
   application.installEventFilter(&paint);
-  DesktopDesk desk;
+  DesktopDesk desk(Windows::Designs);
   ThisMachine machine;
   Session session{desk, machine};
   ProgramScreens screens(session);

@@ -1,9 +1,10 @@
 #include "desktop/ControlBindings.h"
 
-#include "desktop/Actions.h"
+#include "desktop/ActionBindings.h"
 #include "desktop/CellEditorBinding.h"
 #include "desktop/FormWindow.h"
 #include "desktop/GridBinding.h"
+#include "desktop/Icons.h"
 #include "desktop/PlainBindings.h"
 #include "desktop/TreeBinding.h"
 
@@ -70,11 +71,11 @@ template <typename Face> Face* holder(const FormWindow& window, const Control& c
   return window.window().findChild<Face*>(control.parent()->objectName());
 }
 
-QAction* actionNamed(QWidget& owner, const Control& control)
+QAction* actionNamed(const FormWindow& window, QWidget& owner, const Control& control)
 {
   if (auto* const designed = owner.findChild<QAction*>(control.name()))
     return designed;
-  if (Actions::startsGroup(control) && !owner.actions().isEmpty()) {
+  if (window.face(control).startsGroup && !owner.actions().isEmpty()) {
     QAction* const line = new QAction(&owner);
     line->setSeparator(true);
     owner.addAction(line);
@@ -90,8 +91,8 @@ Binding* bindToolButton(FormWindow& window, Control& control)
   auto* const bar = holder<QToolBar>(window, control);
   if (!bar)
     return nullptr;
-  QAction* const action = actionNamed(*bar, control);
-  action->setIcon(Actions::icon(control));
+  QAction* const action = actionNamed(window, *bar, control);
+  action->setIcon(Icons::icon(window.face(control).icon));
   if (QWidget* const button = bar->widgetForAction(action))
     button->setFocusPolicy(Qt::NoFocus);
   return new ActionBinding(window, control, *action);
@@ -118,7 +119,7 @@ Binding* bindMenuEntry(FormWindow& window, Control& control)
     return nullptr;
   if (auto* const items = qobject_cast<MenuItemArray*>(&control))
     return new ItemArrayBinding(window, *items, *menu);
-  return new ActionBinding(window, control, *actionNamed(*menu, control));
+  return new ActionBinding(window, control, *actionNamed(window, *menu, control));
 }
 
 // VS and HS are the bars of the area that the form's panel lies in.

@@ -1,7 +1,6 @@
 #include "desktop/DesktopDesk.h"
 
 #include "desktop/FormWindow.h"
-#include "desktop/Windows.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -92,7 +91,7 @@ private:
 
 } // namespace
 
-DesktopDesk::DesktopDesk(DeskObserver* observer) : m_observer(observer) {}
+DesktopDesk::DesktopDesk(const WindowDesigns& designs, DeskObserver* observer) : m_designs(designs), m_observer(observer) {}
 
 DesktopDesk::~DesktopDesk() = default;
 
@@ -124,10 +123,7 @@ Desk::Answer DesktopDesk::ask(const Box& asked)
 
 FormWindow& DesktopDesk::open(Form& form, QWidget* parent)
 {
-  std::unique_ptr<QWidget> window = Windows::make(form.name(), parent);
-  if (!window)
-    qFatal("There is no window for the form %s.", qUtf8Printable(form.name()));
-  m_windows.push_back(std::make_unique<FormWindow>(form, std::move(window)));
+  m_windows.push_back(std::make_unique<FormWindow>(form, m_designs, parent));
   form.opened();
   if (!form.focused())
     form.focusNext();

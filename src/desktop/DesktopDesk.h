@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/WindowDesigns.h"
 #include "screen/Desk.h"
 
 #include <QHash>
@@ -24,7 +25,7 @@ public:
 // the program, with an application around it. A form that has no window design stops the program.
 class DesktopDesk : public Desk {
 public:
-  explicit DesktopDesk(DeskObserver* observer = nullptr);
+  explicit DesktopDesk(const WindowDesigns& designs, DeskObserver* observer = nullptr);
   ~DesktopDesk() override;
 
   Answer ask(const Box& box) override;
@@ -43,6 +44,7 @@ private:
   FormWindow& open(Form& form, QWidget* parent);
   std::unique_ptr<FormWindow> take(FormWindow& window);
 
+  const WindowDesigns m_designs;
   DeskObserver* m_observer;
   std::vector<std::unique_ptr<FormWindow>> m_windows; // in the order in which they came up
   QHash<QString, QSize> m_dialogSizes;                // as the operator left them in this run, by the forms' names

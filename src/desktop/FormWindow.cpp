@@ -4,12 +4,14 @@
 #include "desktop/Keys.h"
 #include "desktop/WidgetBinding.h"
 
-#include <QAction>
 #include <QCursor>
 #include <QKeyEvent>
 
-FormWindow::FormWindow(Form& shownForm, std::unique_ptr<QWidget> designedWindow) : m_form(shownForm), m_window(std::move(designedWindow))
+FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWidget* parent)
+    : m_form(shownForm), m_designs(windowDesigns), m_window(m_designs.window(m_form.name(), parent))
 {
+  if (!m_window)
+    qFatal("There is no window for the form %s.", qUtf8Printable(m_form.name()));
   m_window->setObjectName(m_form.name());
   m_window->setWindowTitle(m_form.caption());
   m_window->installEventFilter(this);
@@ -50,21 +52,6 @@ void FormWindow::keepInStep(Binding& binding)
         inner->show();
     binding.show();
   });
-}
-
-FormWindow::Unmatched FormWindow::unmatched() const
-{
-  Unmatched lists;
-  for (const Control* control : m_form.controls())
-    if (!bindingOf(*control))
-      lists.controls.append(control->name());
-  for (const QObject* object : m_window->findChildren<QObject*>()) {
-    const bool isFace = object->isWidgetType() || qobject_cast<const QAction*>(object);
-    const QString name = object->objectName();
-    if (isFace && !name.isEmpty() && name.front().isUpper() && !m_form.find(name))
-      lists.widgets.append(name);
-  }
-  return lists;
 }
 
 void FormWindow::act(const std::function<void()>& event)

@@ -1,17 +1,15 @@
 #pragma once
 
+#include "desktop/WindowDesigns.h"
 #include "screen/Form.h"
 
 #include <QHash>
 #include <QPointer>
-#include <QStringList>
 #include <QWidget>
 #include <functional>
 #include <memory>
 
 class Binding;
-class QAction;
-class QMenu;
 
 // A form and its window. For each control of the form it finds the widget, action or menu of the same
 // name and keeps the two in step; buttons of a toolbar and entries of menus that the window does not
@@ -22,20 +20,14 @@ class FormWindow : public QObject {
   Q_OBJECT
 
 public:
-  FormWindow(Form& shownForm, std::unique_ptr<QWidget> designedWindow);
+  // Ends the program if no window was designed for the form.
+  FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWidget* parent);
   ~FormWindow() override;
 
   Form& form() const { return m_form; }
   QWidget& window() const { return *m_window; }
   // True once the form has closed: the window is hidden, and hears of nothing any more.
   bool isClosed() const { return m_closed; }
-
-  struct Unmatched {
-    QStringList controls; // without a face in the window
-    QStringList widgets;  // of the window, without a control
-  };
-  // What the two do not have in common; both are empty for a window that is rightly designed.
-  Unmatched unmatched() const;
 
   // For the bindings.
   // Runs an event of the operator. Behind it the window has settled: the focus is where the form
@@ -45,6 +37,7 @@ public:
   void focusCameTo(Control& control, Qt::FocusReason reason);
   // The binding of a control; null if it has no face.
   Binding* bindingOf(const Control& control) const { return m_bindings.value(&control); }
+  ActionFace face(const Control& control) const { return m_designs.face(control.name()); }
   // Where a menu opens that comes up by an order of the form: under the tool button whose press is
   // under way, or at the pointer.
   QPoint popUpPlace() const;
@@ -69,6 +62,7 @@ private:
   void formClosed();
 
   Form& m_form;
+  const WindowDesigns m_designs;
   std::unique_ptr<QWidget> m_window;
   QHash<const Control*, Binding*> m_bindings;
   QPointer<QWidget> m_pressedTool;

@@ -8,7 +8,7 @@
 #include <QStyleOption>
 #include <QSvgRenderer>
 
-// The pictures lie in this library; without the call the linker would leave them out.
+// The shell's own pictures are in this library; without the call the linker would leave them out.
 static void load()
 {
   Q_INIT_RESOURCE(icons);
@@ -58,5 +58,5 @@ private:
 
 QIcon Icons::icon(const char* name)
 {
-  return QIcon(new Drawing(name));
+  return name ? QIcon(new Drawing(name)) : QIcon();
 }

@@ -1,7 +1,7 @@
 #include "desktop/PlainBindings.h"
 
-#include "desktop/Actions.h"
 #include "desktop/FormWindow.h"
+#include "desktop/Icons.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -49,7 +49,7 @@ void ButtonBinding::show()
   SelfActingBinding::show();
   m_button.setText(control().caption());
   // A text takes the key of its own letter, or none.
-  if (const QKeySequence key = Actions::shortcut(control()); !key.isEmpty())
+  if (const QKeySequence key(QLatin1String(formWindow().face(control()).shortcut)); !key.isEmpty())
     m_button.setShortcut(key);
   if (const auto* const box = qobject_cast<const CheckBox*>(&control()))
     m_button.setChecked(box->isChecked());
@@ -59,7 +59,7 @@ PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control,
     : WidgetBinding(window, control, face), m_button(face)
 {
   face.setFocusPolicy(Qt::NoFocus);
-  face.setIcon(Actions::icon(control));
+  face.setIcon(Icons::icon(qobject_cast<ImageButton*>(&control) ? "pick" : window.face(control).icon));
   connect(&face, &QToolButton::clicked, this, [this] {
     formWindow().setPressedTool(&m_button);
     formWindow().act([this] { this->control().click(); });

@@ -6,6 +6,7 @@
 #include "screen/Form.h"
 #include "session/Session.h"
 #include "startup/Entry.h"
+#include "windows/Windows.h"
 
 #include <QApplication>
 
@@ -20,7 +21,7 @@ int main(int argc, char** argv)
   Appearance::apply();
 
   ThisMachine machine;
-  DesktopDesk desk;
+  DesktopDesk desk(Windows::Designs);
   Session session{desk, machine};
   const Mod_ZORVEKMain::Start start = Mod_ZORVEKMain::Main(session, makeProgramScreen);
   if (!start.screen || !start.screen->form().isOpen())

@@ -3,6 +3,7 @@
 #include "Unmet.h"
 #include "desktop/GridModel.h"
 #include "desktop/TreeModel.h"
+#include "windows/Windows.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -269,7 +270,7 @@ void listNodes(const QAbstractItemModel& model, const QModelIndex& above, int le
 
 } // namespace
 
-DesktopStage::DesktopStage(Encounters& encounters) : m_encounters(encounters), m_desk(this) {}
+DesktopStage::DesktopStage(Encounters& encounters) : m_encounters(encounters), m_desk(Windows::Designs, this) {}
 
 QString DesktopStage::topForm()
 {

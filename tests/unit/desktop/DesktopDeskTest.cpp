@@ -2,6 +2,7 @@
 
 #include "screen/Form.h"
 #include "support/Printing.h"
+#include "windows/Windows.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ struct DesktopDeskTest : testing::Test, DeskObserver {
   void boxStands(QMessageBox& box) override { atBox(box); }
   void modalStands(QWidget&) override {}
 
-  DesktopDesk desk{this};
+  DesktopDesk desk{Windows::Designs, this};
 };
 
 } // namespace

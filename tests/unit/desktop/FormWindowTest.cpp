@@ -44,7 +44,7 @@ template <typename Kind> Kind* put(QWidget* parent, const char* name)
   return widget;
 }
 
-std::unique_ptr<QWidget> sampleWindow()
+std::unique_ptr<QWidget> sampleWindow(const QString&, QWidget*)
 {
   auto window = std::make_unique<QWidget>();
   new QVBoxLayout(window.get());
@@ -71,20 +71,13 @@ protected:
 
   FakeDesk desk;
   frmSample form{desk};
-  FormWindow bound{form, sampleWindow()};
+  FormWindow bound{
+      form,
+      {sampleWindow, [](const QString& name) { return ActionFace{.shortcut = name.endsWith(u"Save"_s) ? "Ctrl+S" : nullptr}; }},
+      nullptr};
 };
 
 } // namespace
-
-TEST_F(FormWindowTest, HasAFaceForEveryControlAndAControlForEveryName)
-{
-  EXPECT_EQ(bound.unmatched().controls.join(u' '), u""_s);
-  EXPECT_EQ(bound.unmatched().widgets.join(u' '), u""_s);
-  put<QLineEdit>(&bound.window(), "TxtStray");
-  EXPECT_EQ(bound.unmatched().widgets.join(u' '), u"TxtStray"_s);
-  TextBox lacking(&form, u"TxtLacking"_s);
-  EXPECT_EQ(bound.unmatched().controls.join(u' '), u"TxtLacking"_s);
-}
 
 TEST_F(FormWindowTest, AnEqualTextLeavesTheCaretWhereItIs)
 {

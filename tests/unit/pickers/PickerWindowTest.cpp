@@ -1,12 +1,8 @@
 #include "desktop/DesktopDesk.h"
-#include "desktop/FormWindow.h"
-#include "desktop/Windows.h"
-#include "pickers/CodePicker.h"
 #include "pickers/TreePicker.h"
-#include "pickers/frmCode.h"
-#include "pickers/frmWarehouseSelect.h"
 #include "support/Printing.h"
 #include "support/SessionFixture.h"
+#include "windows/Windows.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +15,7 @@ namespace {
 
 struct PickerWindowTest : testing::Test, SessionFixture, DeskObserver {
   std::function<void(QWidget&)> atDialog;
-  DesktopDesk windows{this};
+  DesktopDesk windows{Windows::Designs, this};
   Session shown{windows, machine, session.params};
 
   PickerWindowTest()
@@ -32,16 +28,6 @@ struct PickerWindowTest : testing::Test, SessionFixture, DeskObserver {
   void boxStands(QMessageBox&) override { ADD_FAILURE() << "a box"; }
   void modalStands(QWidget& window) override { atDialog(window); }
 };
-
-TEST_F(PickerWindowTest, EveryControlHasItsFace)
-{
-  frmCode codes(shown, {});
-  frmWarehouseSelect accounts(shown, {});
-  for (Form* form : {static_cast<Form*>(&codes), static_cast<Form*>(&accounts)}) {
-    const FormWindow window(*form, Windows::make(form->name(), nullptr));
-    EXPECT_EQ((window.unmatched().controls + window.unmatched().widgets).join(u' '), u""_s) << form->name().toStdString();
-  }
-}
 
 TEST_F(PickerWindowTest, ADialogComesUpAgainAsLargeAsItWasLeft)
 {

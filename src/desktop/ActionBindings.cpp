@@ -1,93 +1,10 @@
-#include "desktop/Actions.h"
+#include "desktop/ActionBindings.h"
 
 #include "desktop/FormWindow.h"
-#include "desktop/Icons.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QToolBar>
-
-namespace Actions {
-namespace {
-
-struct Face {
-  const char* name; // of the tool button or menu item
-  const char* icon = nullptr;
-  const char* shortcut = nullptr;
-  bool startsGroup = false;
-};
-
-constexpr Face Faces[] = {
-    {"ToolBuild", "new", "Ctrl+N"},
-    {"ToolSave", "save", "Ctrl+S"},
-    {"ToolAuditing", "audit", "F9", true},
-    {"ToolUnAuditing", "unaudit", "Shift+F9"},
-    {"ToolDelete", "delete", "Ctrl+Shift+Del", true},
-    {"ToolInsertRow", "insert-row", "Ctrl+I", true},
-    {"ToolDeleteRow", "delete-row", "Ctrl+D"},
-    {"ToolRedWord", "void", nullptr, true},
-    {"ToolSeeWarrent", "voucher", "Ctrl+Shift+V", true},
-    {"ToolInOutBill", "goods-bill", "Ctrl+B"},
-    {"ToolSFKBill", "money-bill", "Ctrl+M"},
-    {"ToolOldBill", "goods-bill", "Ctrl+B"},
-    {"ToolInf", "detail", "Ctrl+E"},
-    {"ToolHX", "write-off", "Ctrl+H"},
-    {"ToolOK", "take-in", nullptr, true},
-    {"ToolFiltre", "filter"},
-    {"ToolPrint", "print", "Ctrl+P", true},
-    {"ToolProvideInf", "partner", "Ctrl+R", true},
-    {"ToolClientInf", "partner", "Ctrl+R", true},
-    {"ToolProvideClientInf", "partner", "Ctrl+R", true},
-    {"ToolImg", "images", "Ctrl+G"},
-    {"ToolBefore", "previous", "Ctrl+PgUp", true},
-    {"ToolBack", "next", "Ctrl+PgDown"},
-    {"ToolExit", "exit", "Ctrl+F4", true},
-    {"FBuild", "new", "Ctrl+N"},
-    {"FSave", "save", "Ctrl+S"},
-    {"FDelete", "delete", "Ctrl+Shift+Del"},
-    {"FSeeWarrent", "voucher", "Ctrl+Shift+V", true},
-    {"FMSHFormat", nullptr, nullptr, true},
-    {"FPrintSet", nullptr, nullptr, true},
-    {"PDirect", "print"},
-    {"CmdQuery", nullptr, "F5"},
-    {"FExit", "exit", "Ctrl+F4", true},
-    {"ToolSelect", "select"},
-    {"ToolAdd", "add"},
-    {"ToolRefresh", "refresh", "F5"},
-    {"MPDirect_Excel", nullptr, nullptr, true},
-    {"MPrintSet_Excel", nullptr, nullptr, true},
-};
-
-const Face* faceOf(const Control& control)
-{
-  for (const Face& face : Faces)
-    if (control.name() == QLatin1String(face.name))
-      return &face;
-  return nullptr;
-}
-
-} // namespace
-
-QIcon icon(const Control& control)
-{
-  const Face* const face = faceOf(control);
-  const char* const picture = qobject_cast<const ImageButton*>(&control) ? "pick" : face ? face->icon : nullptr;
-  return picture ? Icons::icon(picture) : QIcon();
-}
-
-QKeySequence shortcut(const Control& control)
-{
-  const Face* const face = faceOf(control);
-  return face && face->shortcut ? QKeySequence(QLatin1String(face->shortcut)) : QKeySequence();
-}
-
-bool startsGroup(const Control& control)
-{
-  const Face* const face = faceOf(control);
-  return face && face->startsGroup;
-}
-
-} // namespace Actions
 
 ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face) : Binding(window, control), m_action(face)
 {
@@ -99,7 +16,7 @@ ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face
 // shows it; the tool button tells of it.
 void ActionBinding::takeShortcut()
 {
-  const QKeySequence key = Actions::shortcut(control());
+  const QKeySequence key(QLatin1String(formWindow().face(control()).shortcut));
   const QString tip = control().toolTip().isEmpty() ? control().caption() : control().toolTip();
   m_action.setToolTip(key.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
   if (key.isEmpty())

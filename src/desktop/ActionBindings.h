@@ -3,26 +3,10 @@
 #include "desktop/Binding.h"
 #include "screen/Controls.h"
 
-#include <QIcon>
-#include <QKeySequence>
 #include <QList>
 
 class QAction;
 class QMenu;
-class QMenuBar;
-class QToolBar;
-
-// What the shell adds to tool buttons and menu items, by the names that the screens share.
-namespace Actions {
-
-// The picture of a button; a null icon if it has none.
-QIcon icon(const Control& control);
-// The key that presses it from anywhere in the window; empty if there is none.
-QKeySequence shortcut(const Control& control);
-// True for the first of a group, so that a line parts it from those before.
-bool startsGroup(const Control& control);
-
-} // namespace Actions
 
 // A tool button or menu item whose face is an action.
 class ActionBinding : public Binding {

@@ -1,0 +1,20 @@
+#include "windows/BillBlocks.h"
+
+#include "desktop/Appearance.h"
+
+BillHead::BillHead(QWidget* parent) : Block(parent)
+{
+  Appearance::stamp(*design.LabState);
+  // The date that the bill was stored with is shown behind the picker as plain text.
+  Appearance::blend(*design.TxtDate);
+}
+
+void LoadingPanel::showEvent(QShowEvent* event)
+{
+  QFrame::showEvent(event);
+  adjustSize();
+  const QRect around = parentWidget()->rect();
+  move(around.center() - rect().center());
+  raise();
+  repaint();
+}
