@@ -2,7 +2,6 @@
 
 #include "desktop/Appearance.h"
 #include "desktop/FormWindow.h"
-#include "desktop/GridModel.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -26,15 +25,13 @@ CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QT
     connect(bar, &QScrollBar::valueChanged, this, &CellEditorBinding::lay);
   connect(view.horizontalHeader(), &QHeaderView::sectionResized, this, &CellEditorBinding::lay);
   connect(view.model(), &QAbstractItemModel::modelReset, this, &CellEditorBinding::lay);
+  connect(&control.grid(), &Grid::columnChanged, this, &CellEditorBinding::lay);
 }
 
 void CellEditorBinding::show()
 {
-  if (m_editor.isShown() && m_face.isHidden()) {
-    auto* const model = static_cast<GridModel*>(m_view.model());
-    model->settle();
-    m_view.scrollTo(model->indexOf(m_editor.grid().row(), m_editor.grid().col()));
-  }
+  if (m_editor.isShown() && m_face.isHidden())
+    m_view.scrollTo(m_editor.grid().indexOf(m_editor.grid().row(), m_editor.grid().col()));
   lay();
   TextBinding::show();
 }
@@ -44,10 +41,8 @@ void CellEditorBinding::lay()
   if (!m_editor.isShown())
     return;
   const Grid& grid = m_editor.grid();
-  const auto* const model = static_cast<const GridModel*>(m_view.model());
-  const QModelIndex cell = model->indexOf(grid.row(), grid.col());
-  m_face.setGeometry(m_view.visualRect(cell));
-  m_face.setAlignment(model->data(cell, Qt::TextAlignmentRole).value<Qt::Alignment>());
+  m_face.setGeometry(m_view.visualRect(grid.indexOf(grid.row(), grid.col())));
+  m_face.setAlignment(grid.alignment(grid.row(), grid.col()));
   m_face.raise();
 }
 

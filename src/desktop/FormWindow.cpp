@@ -61,7 +61,6 @@ void FormWindow::act(const std::function<void()>& event)
   if (--m_depth > 0 || m_closed)
     return;
   settleFocus();
-  emit settled();
 }
 
 void FormWindow::focusCameTo(Control& control, Qt::FocusReason reason)

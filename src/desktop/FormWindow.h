@@ -30,8 +30,8 @@ public:
   bool isClosed() const { return m_closed; }
 
   // For the bindings.
-  // Runs an event of the operator. Behind it the window has settled: the focus is where the form
-  // has it, or on a control that can be met, and grids show their new layout.
+  // Runs an event of the operator. After it the focus is where the form has it, or on a control that can
+  // be reached.
   void act(const std::function<void()>& event);
   // A widget has got the focus.
   void focusCameTo(Control& control, Qt::FocusReason reason);
@@ -44,8 +44,6 @@ public:
   void setPressedTool(QWidget* button) { m_pressedTool = button; }
 
 signals:
-  // An event of the operator is over.
-  void settled();
   // The form has closed and the window is gone from the screen.
   void closed();
 

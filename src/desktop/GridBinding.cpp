@@ -16,53 +16,57 @@
 
 namespace {
 
-// Rows of the usual height get the room that a line of Chinese text needs, and the columns grow in step:
-// a bill's code fits into the column that is made for it.
+// A row is as high as a line of Chinese text needs, and the columns grow in step: a bill's code fits into the
+// column that is made for it.
 constexpr int TwipsPerPixel = 12;
-constexpr int UsualRowPixels = 24;
+constexpr int RowPixels = 24;
+constexpr QRgb TotalsGround = 0xffe8edf2;
 
 // A cell that has a colour of its own keeps it in the row that is marked.
 class CellDelegate : public QStyledItemDelegate {
 public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  CellDelegate(const Grid& ofGrid, QObject* parent) : QStyledItemDelegate(parent), grid(ofGrid) {}
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
   {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (const QVariant color = index.data(Qt::ForegroundRole); color.isValid())
-      option->palette.setColor(QPalette::HighlightedText, color.value<QColor>());
+    if (const int color = grid.cellColor(index.row() + 1, index.column() + 1))
+      for (const QPalette::ColorRole role : {QPalette::Text, QPalette::HighlightedText})
+        option->palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
+    if (!grid.isTotals(index.row() + 1))
+      return;
+    option->backgroundBrush = QColor::fromRgb(TotalsGround);
+    option->font.setBold(true);
+    option->fontMetrics = QFontMetrics(option->font);
   }
+
+private:
+  const Grid& grid;
 };
 
 } // namespace
 
 GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
-    : SelfActingBinding(window, control, face), m_grid(control), m_view(face), m_model(control, nullptr)
+    : SelfActingBinding(window, control, face), m_grid(control), m_view(face)
 {
   prepareView();
-  connect(&m_model, &GridModel::modelReset, this, &GridBinding::layOut);
+  connect(&m_grid.model(), &QAbstractItemModel::modelReset, this, &GridBinding::layOut);
   connect(&m_grid, &Grid::currentChanged, this, &GridBinding::showCurrent);
-  connect(&m_grid, &Grid::cellChanged, this, [this](int row, int col) {
-    if (row == 0 && col == 0)
-      showCorner();
+  connect(&m_grid, &Grid::columnChanged, this, [this](int col) {
+    layOutColumn(col);
+    m_view.viewport()->update();
   });
-  connect(&formWindow(), &FormWindow::settled, &m_model, &GridModel::settle);
-  for (const QScrollBar* bar : {m_view.verticalScrollBar(), m_view.horizontalScrollBar()}) {
-    connect(bar, &QScrollBar::valueChanged, this, &GridBinding::tellFirstShown);
-    connect(bar, &QScrollBar::rangeChanged, this, &GridBinding::tellFirstShown);
-  }
-  connect(m_view.horizontalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(0, m_model.colOf(section)); });
-  connect(m_view.verticalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(m_model.rowOf(section), 0); });
+  connect(m_view.horizontalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(0, section + 1); });
+  connect(m_view.verticalHeader(), &QHeaderView::sectionPressed, this, [this](int section) { clickHeading(section + 1, 0); });
   for (const QHeaderView* header : {m_view.horizontalHeader(), m_view.verticalHeader()})
     connect(header, &QHeaderView::sectionDoubleClicked, this, [this] { formWindow().act([this] { m_grid.doubleClick(); }); });
-  layOut();
 }
 
 void GridBinding::prepareView()
 {
-  m_view.setModel(&m_model);
-  m_view.setItemDelegate(new CellDelegate(&m_view));
+  m_view.setModel(&m_grid.model());
+  m_view.setItemDelegate(new CellDelegate(m_grid, &m_view));
   m_view.viewport()->installEventFilter(this);
   m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   m_view.setSelectionMode(QAbstractItemView::SingleSelection);
@@ -70,72 +74,52 @@ void GridBinding::prepareView()
   m_view.setWordWrap(false);
   m_view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   m_view.setCornerButtonEnabled(false);
-  QHeaderView* const headings = m_view.horizontalHeader();
-  headings->setHighlightSections(false);
-  headings->setMinimumSectionSize(1);
-  QHeaderView* const rows = m_view.verticalHeader();
-  rows->setHighlightSections(false);
-  rows->setSectionResizeMode(QHeaderView::Fixed);
-  rows->setMinimumSectionSize(1);
-  rows->setDefaultSectionSize(heightOf(Grid::DefaultRowHeight));
+  for (QHeaderView* const header : {m_view.horizontalHeader(), m_view.verticalHeader()}) {
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(1);
+    header->setDefaultAlignment(Qt::AlignCenter);
+  }
+  m_view.horizontalHeader()->setFixedHeight(RowPixels + 2);
+  m_view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  m_view.verticalHeader()->setDefaultSectionSize(RowPixels);
 }
 
-int GridBinding::widthOf(int twips)
+void GridBinding::show()
 {
-  return qMax(1, qRound(double(twips) / TwipsPerPixel));
-}
-
-int GridBinding::heightOf(int twips)
-{
-  return qMax(1, twips * UsualRowPixels / Grid::DefaultRowHeight);
+  SelfActingBinding::show();
+  layOut();
 }
 
 void GridBinding::layOut()
 {
-  m_view.setSelectionBehavior(m_grid.marksRow() ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
-  layOutColumns();
-  layOutRows();
-  showCorner();
-  showCurrent();
-  tellFirstShown();
-}
-
-void GridBinding::layOutColumns()
-{
-  QHeaderView* const headings = m_view.horizontalHeader();
-  headings->setVisible(m_grid.fixedRows() > 0 && m_grid.rowHeight(0) > 0);
+  m_view.setSelectionBehavior(m_grid.isRowList() ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
   // Amounts that end a list stay beside the others.
-  headings->setStretchLastSection(!m_grid.hasTotalsRow());
-  headings->setFixedHeight(heightOf(qMax(Grid::DefaultRowHeight, m_grid.rowHeight(0))) + 2);
-  for (int section = 0; section < m_model.columnCount(); ++section) {
-    const int twips = m_grid.colWidth(m_model.colOf(section));
-    headings->setSectionHidden(section, twips <= 0);
-    if (twips > 0)
-      headings->resizeSection(section, widthOf(twips));
-  }
+  m_view.horizontalHeader()->setStretchLastSection(!m_grid.hasTotalsRow());
+  for (int col = 0; col < m_grid.cols(); ++col)
+    layOutColumn(col);
+  showCurrent();
 }
 
-void GridBinding::layOutRows()
+void GridBinding::layOutColumn(int col)
 {
-  QHeaderView* const rows = m_view.verticalHeader();
-  const int twips = m_grid.colWidth(0);
-  rows->setVisible(m_grid.fixedCols() > 0 && twips > 0);
-  rows->setFixedWidth(widthOf(twips));
-  // Asking is cheap, telling the header is not: a list has thousands of rows of the usual height.
-  for (int section = 0; section < m_model.rowCount(); ++section) {
-    const int height = m_grid.rowHeight(m_model.rowOf(section));
-    if (height == Grid::DefaultRowHeight)
-      continue;
-    rows->setSectionHidden(section, height <= 0);
-    if (height > 0)
-      rows->resizeSection(section, heightOf(height));
+  const int twips = m_grid.colWidth(col);
+  const int width = qMax(1, qRound(double(twips) / TwipsPerPixel));
+  if (col == 0) {
+    m_view.verticalHeader()->setVisible(twips > 0);
+    m_view.verticalHeader()->setFixedWidth(width);
+    showCorner();
+    return;
   }
+  QHeaderView* const headings = m_view.horizontalHeader();
+  headings->setSectionHidden(col - 1, twips <= 0);
+  if (twips > 0)
+    headings->resizeSection(col - 1, width);
 }
 
 // The place where the two headers meet has no text in the view itself.
 void GridBinding::showCorner()
 {
-  const QString text = m_grid.fixedRows() > 0 && m_grid.fixedCols() > 0 ? m_grid.text(0, 0) : QString();
+  const QString text = m_grid.text(0, 0);
   if (!m_corner && text.isEmpty())
     return;
   if (!m_corner) {
@@ -152,20 +136,14 @@ void GridBinding::showCorner()
 
 void GridBinding::showCurrent()
 {
-  m_model.settle();
   // A row is marked as a whole even when its fixed column is the current one.
-  const int col = m_grid.marksRow() ? qMax(m_grid.col(), m_model.colOf(0)) : m_grid.col();
-  const QModelIndex current = m_model.indexOf(m_grid.row(), col);
+  const int col = m_grid.isRowList() ? qMax(m_grid.col(), 1) : m_grid.col();
+  const QModelIndex current = m_grid.indexOf(m_grid.row(), col);
   if (m_view.currentIndex() == current)
     return;
   m_view.setCurrentIndex(current);
   if (current.isValid())
     m_view.scrollTo(current);
-}
-
-void GridBinding::tellFirstShown()
-{
-  m_grid.setFirstShown(m_model.rowOf(qMax(0, m_view.rowAt(0))), m_model.colOf(qMax(0, m_view.columnAt(0))));
 }
 
 bool GridBinding::eventFilter(QObject* watched, QEvent* event)
@@ -196,8 +174,8 @@ bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool tw
   if (button != Qt::LeftButton)
     return true;
   const QModelIndex cell = m_view.indexAt(at);
-  const int row = m_model.rowOf(cell.row());
-  const int col = m_model.colOf(cell.column());
+  const int row = cell.row() + 1;
+  const int col = cell.column() + 1;
   const bool isClicked = twice && m_pressed == QPair(row, col);
   m_pressed = {row, col};
   formWindow().act([&] {

@@ -1,26 +1,60 @@
 #include "desktop/TreeBinding.h"
 
 #include "desktop/FormWindow.h"
+#include "desktop/Icons.h"
 
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
+namespace {
+
+QString keyOf(const QModelIndex& node)
+{
+  return node.data(Tree::KeyRole).toString();
+}
+
+// A root has another picture than what is below it.
+class NodeDelegate : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+  {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->icon = index.data(Tree::ImageRole) == int(Tree::Image::ParentPic) ? m_parentPic : m_childPic;
+  }
+
+private:
+  const QIcon m_parentPic = Icons::icon("tree-root");
+  const QIcon m_childPic = Icons::icon("tree-node");
+};
+
+} // namespace
+
 TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& face)
-    : SelfActingBinding(window, control, face), m_tree(control), m_view(face), m_model(control, nullptr)
+    : SelfActingBinding(window, control, face), m_tree(control), m_view(face)
 {
   prepareView();
-  connect(&m_model, &TreeModel::modelReset, this, &TreeBinding::showNodes);
+  const auto showAll = [this] {
+    showNodes({});
+    showCurrent();
+  };
+  connect(&m_tree.model(), &QAbstractItemModel::modelReset, this, showAll);
   connect(&m_tree, &Tree::currentChanged, this, &TreeBinding::showCurrent);
   connect(&m_tree, &Tree::expandedChanged, this,
-          [this](const QString& key) { m_view.setExpanded(m_model.indexOf(key), m_tree.node(key).isExpanded); });
-  connect(&m_view, &QTreeView::expanded, this, [this](const QModelIndex& index) { m_tree.setExpanded(m_model.keyOf(index), true); });
-  connect(&m_view, &QTreeView::collapsed, this, [this](const QModelIndex& index) { m_tree.setExpanded(m_model.keyOf(index), false); });
-  showNodes();
+          [this](const QString& key) { m_view.setExpanded(m_tree.indexOf(key), m_tree.isExpanded(key)); });
+  connect(&m_view, &QTreeView::expanded, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), true); });
+  connect(&m_view, &QTreeView::collapsed, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), false); });
+  showAll();
 }
 
 void TreeBinding::prepareView()
 {
-  m_view.setModel(&m_model);
+  m_view.setModel(&m_tree.model());
+  m_view.setItemDelegate(new NodeDelegate(&m_view));
   m_view.viewport()->installEventFilter(this);
   m_view.setHeaderHidden(true);
   m_view.setUniformRowHeights(true);
@@ -28,17 +62,18 @@ void TreeBinding::prepareView()
   m_view.setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
-void TreeBinding::showNodes()
+void TreeBinding::showNodes(const QModelIndex& above)
 {
-  for (const Tree::Node& node : m_tree.nodes())
-    if (node.isExpanded)
-      m_view.expand(m_model.indexOf(node.key));
-  showCurrent();
+  for (int row = 0; row < m_tree.model().rowCount(above); ++row) {
+    const QModelIndex node = m_tree.model().index(row, 0, above);
+    m_view.setExpanded(node, m_tree.isExpanded(keyOf(node)));
+    showNodes(node);
+  }
 }
 
 void TreeBinding::showCurrent()
 {
-  const QModelIndex current = m_model.indexOf(m_tree.current());
+  const QModelIndex current = m_tree.indexOf(m_tree.current());
   m_view.setCurrentIndex(current);
   if (current.isValid())
     m_view.scrollTo(current);
@@ -65,15 +100,15 @@ bool TreeBinding::eventFilter(QObject* watched, QEvent* event)
 void TreeBinding::mousePressed(const QPoint& at, bool twice)
 {
   const QModelIndex index = m_view.indexAt(at);
-  const Tree::Node node = m_tree.node(m_model.keyOf(index));
+  const QString key = keyOf(index);
   formWindow().act([&] {
     m_tree.form().setFocus(m_tree);
     if (!index.isValid())
       return;
-    // Ahead of the node stands what opens and closes its branch.
+    // Before the node is what opens and closes its branch.
     if (at.x() < m_view.visualRect(index).left())
-      m_tree.setExpanded(node.key, !node.isExpanded);
+      m_tree.setExpanded(key, !m_tree.isExpanded(key));
     else
-      twice ? m_tree.doubleClickNode(node.key) : m_tree.clickNode(node.key);
+      twice ? m_tree.doubleClickNode(key) : m_tree.clickNode(key);
   });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/TreeModel.h"
 #include "desktop/WidgetBinding.h"
+#include "screen/Tree.h"
 
 class QTreeView;
 
@@ -18,11 +18,10 @@ protected:
 
 private:
   void prepareView();
-  void showNodes();
+  void showNodes(const QModelIndex& above);
   void showCurrent();
   void mousePressed(const QPoint& at, bool twice);
 
   Tree& m_tree;
   QTreeView& m_view;
-  TreeModel m_model;
 };

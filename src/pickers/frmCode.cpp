@@ -2,7 +2,6 @@
 
 #include "database/Recordset.h"
 #include "platform/Trim.h"
-#include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
 #include "session/OperateRight.h"
 #include "session/Session.h"
@@ -98,11 +97,10 @@ void frmCode::wire()
 
 void frmCode::wireGrid()
 {
-  MSH.setMarksRow(true);
+  MSH.setRowList(true);
   MSH.onClick = [this] { MSH_Click(); };
   MSH.onDoubleClick = [this] { CmdOK_Click(); };
   MSH.onKey = [this](const Key& key) { return keyOfGrid(key); };
-  turnPagesByWheel(MSH);
 }
 
 bool frmCode::keyOfGrid(const Key& key)

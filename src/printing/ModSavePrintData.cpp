@@ -59,11 +59,7 @@ QString oneLine(QString text)
 void writeCells(PrintFile& file, const PrintGrid& printed)
 {
   const Grid& grid = *printed.grid;
-  int row = -1;
-  for (int k = 0; k < grid.rows() - printed.bottomSkip - printed.topSkip; ++k) {
-    if (grid.rowHeight(k) < 1)
-      continue;
-    ++row;
+  for (int row = 0; row < grid.rows() - printed.bottomSkip - printed.topSkip; ++row) {
     int col = -1;
     for (int c = printed.leftSkip; c < grid.cols(); ++c) {
       if (grid.colWidth(c) < 1)
@@ -71,9 +67,9 @@ void writeCells(PrintFile& file, const PrintGrid& printed)
       file.header("cell");
       file.value("row", row);
       file.value("col", ++col);
-      file.value("rowheight", grid.rowHeight(k));
+      file.value("rowheight", Grid::RowHeight);
       file.value("colwidth", grid.colWidth(c));
-      file.value("string", oneLine(grid.text(printed.topSkip + k, c)));
+      file.value("string", oneLine(grid.text(printed.topSkip + row, c)));
     }
   }
 }
@@ -100,10 +96,7 @@ void setString(Lines& lines, const QString& text, int index)
 
 int PrintGrid::mshrows() const
 {
-  int visible = 0;
-  for (int row = 0; grid && row < grid->rows(); ++row)
-    visible += grid->rowHeight(row) >= 1 ? 1 : 0;
-  return grid ? visible - bottomSkip - topSkip : 0;
+  return grid ? grid->rows() - bottomSkip - topSkip : 0;
 }
 
 int PrintGrid::mshcols() const

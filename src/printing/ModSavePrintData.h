@@ -11,7 +11,7 @@ namespace ModSavePrintData {
 
 inline constexpr char FileName[] = "printfile.txt";
 
-// The part of a grid that is printed, hidden rows and columns left out. Without a grid none is.
+// The part of a grid that is printed, hidden columns left out. Without a grid none is.
 struct PrintGrid {
   const Grid* grid = nullptr;
   int topSkip = 0;

@@ -22,7 +22,7 @@ QStringList shownTexts(const Grid& grid, int row)
   QStringList texts;
   texts.reserve(grid.cols());
   for (int col = 0; col < grid.cols(); ++col)
-    texts.append(grid.rowHeight(row) != 0 && grid.colWidth(col) != 0 ? withPlainBreaks(grid.text(row, col)) : QString());
+    texts.append(grid.colWidth(col) != 0 ? withPlainBreaks(grid.text(row, col)) : QString());
   return texts;
 }
 
@@ -75,7 +75,7 @@ void frmExport::copy(const Grid& grid)
 {
   const std::unique_ptr<Workbook> workbook = session.spreadsheet.create();
   const QString sheet = workbook->sheetNames().first();
-  workbook->setSizes(sheet, grid.rows(), Grid::DefaultRowHeight, widthsOf(grid));
+  workbook->setSizes(sheet, grid.rows(), Grid::RowHeight, widthsOf(grid));
   for (int row = 0; row < grid.rows(); row += RowsInBlock) {
     const int end = std::min(row + RowsInBlock, grid.rows());
     const QList<QStringList> block = shownTexts(grid, row, end);

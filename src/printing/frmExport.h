@@ -14,8 +14,8 @@ public:
   explicit frmExport(Session& ofSession);
 
   // Copies what the grid shows, each cell to the place of its row and column, as text whatever it looks
-  // like, in columns sized like the grid's, and leaves the workbook to the operator, unsaved. Hidden rows and
-  // columns stay empty.
+  // like, in columns sized like the grid's, and leaves the workbook to the operator, unsaved. Hidden columns
+  // stay empty.
   // RunTimeError without a spreadsheet program. An operator who leaves before the end gets no workbook.
   void Export2Excel(const Grid& grid);
 

@@ -2,27 +2,101 @@
 
 #include "screen/Form.h"
 
-Grid::Grid(QObject* parent, const QString& name) : Control(parent, name)
+#include <QAbstractTableModel>
+
+#include <algorithm>
+
+// What the views need beyond the grid itself; it holds nothing.
+class Grid::Model : public QAbstractTableModel {
+public:
+  explicit Model(const Grid& ofGrid) : grid(ofGrid) {}
+
+  using QAbstractTableModel::beginResetModel;
+  using QAbstractTableModel::endResetModel;
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : grid.rows() - 1; }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : grid.cols() - 1; }
+
+  QVariant data(const QModelIndex& index, int role) const override
+  {
+    switch (role) {
+    case Qt::DisplayRole: return grid.text(index.row() + 1, index.column() + 1);
+    case Qt::TextAlignmentRole: return QVariant::fromValue(grid.alignment(index.row() + 1, index.column() + 1));
+    default: return {};
+    }
+  }
+
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+  {
+    const bool isAbove = orientation == Qt::Horizontal;
+    switch (role) {
+    case Qt::DisplayRole: return isAbove ? grid.text(0, section + 1) : grid.text(section + 1, 0);
+    case WidthRole: return grid.colWidth(isAbove ? section + 1 : 0);
+    default: return {};
+    }
+  }
+
+  void tellCell(int row, int col)
+  {
+    if (const QModelIndex cell = index(row - 1, col - 1); cell.isValid())
+      emit dataChanged(cell, cell);
+    else if (row == 0)
+      emit headerDataChanged(Qt::Horizontal, col - 1, col - 1);
+    else
+      emit headerDataChanged(Qt::Vertical, row - 1, row - 1);
+  }
+
+private:
+  const Grid& grid;
+};
+
+namespace {
+
+// Whether a text reads as an amount, and so is at the right of a column that says nothing else. A
+// date, and the dashes of a place without an amount, are none.
+bool isAmount(QStringView text)
+{
+  if (text.startsWith(u'-'))
+    text = text.mid(1);
+  return !text.isEmpty() && std::all_of(text.begin(), text.end(),
+                                        [](QChar character) { return character.isDigit() || character == u',' || character == u'.'; });
+}
+
+} // namespace
+
+Grid::Grid(QObject* parent, const QString& name) : Control(parent, name), m_model(std::make_unique<Model>(*this))
 {
   setCols(2);
   setRows(2);
-  setCurrent(m_fixedRows, m_fixedCols);
+  setCurrent(1, 1);
+}
+
+Grid::~Grid() = default;
+
+QAbstractItemModel& Grid::model() const
+{
+  return *m_model;
+}
+
+QModelIndex Grid::indexOf(int row, int col) const
+{
+  return m_model->index(row - 1, col - 1);
+}
+
+void Grid::reshape(const std::function<void()>& change)
+{
+  m_model->beginResetModel();
+  change();
+  m_row = qBound(0, m_row, qMax(0, rows() - 1));
+  m_col = qBound(0, m_col, qMax(0, cols() - 1));
+  m_model->endResetModel();
 }
 
 void Grid::setRows(int rows)
 {
   const int wanted = qMax(1, rows);
-  if (wanted == m_rows.size())
-    return;
-  if (wanted < m_rows.size()) {
-    m_rows.resize(wanted);
-    m_colors.removeIf([wanted](const auto& cell) { return cell.key().first >= wanted; });
-  }
-  m_rows.reserve(wanted);
-  while (m_rows.size() < wanted)
-    m_rows.append(Row{QStringList(cols())});
-  keepCurrentInside();
-  emit layoutChanged();
+  if (wanted != m_rows.size())
+    reshape([&] { m_rows.resize(wanted, QStringList(cols())); });
 }
 
 void Grid::setCols(int cols)
@@ -30,167 +104,120 @@ void Grid::setCols(int cols)
   const int wanted = qMax(1, cols);
   if (wanted == m_columns.size())
     return;
-  m_columns.resize(wanted);
-  for (Row& row : m_rows)
-    if (row.demand < 0)
-      row.texts.resize(wanted);
-  m_colors.removeIf([wanted](const auto& cell) { return cell.key().second >= wanted; });
-  keepCurrentInside();
-  emit layoutChanged();
-}
-
-void Grid::setFixed(int rows, int cols)
-{
-  m_fixedRows = rows;
-  m_fixedCols = cols;
-  emit layoutChanged();
+  reshape([&] {
+    m_columns.resize(wanted);
+    for (QStringList& row : m_rows)
+      if (!row.isEmpty())
+        row.resize(wanted);
+  });
 }
 
 void Grid::clear()
 {
-  for (Row& row : m_rows)
-    row = Row{QStringList(cols())};
-  m_demanded = nullptr;
-  m_columns.fill(Column());
-  m_colors.clear();
-  emit layoutChanged();
-}
-
-void Grid::removeRow(int row)
-{
-  if (row < 0 || row >= rows() || rows() == 1)
-    return;
-  m_rows.removeAt(row);
-  QHash<QPair<int, int>, int> kept;
-  for (auto cell = m_colors.cbegin(); cell != m_colors.cend(); ++cell)
-    if (cell.key().first != row)
-      kept.insert({cell.key().first - (cell.key().first > row ? 1 : 0), cell.key().second}, cell.value());
-  m_colors = kept;
-  keepCurrentInside();
-  emit layoutChanged();
+  reshape([this] {
+    m_rows.fill(QStringList(cols()));
+    m_columns.fill(Column());
+    m_demanded = nullptr;
+  });
 }
 
 QString Grid::text(int row, int col) const
 {
   if (!contains(row, col))
     return {};
-  const Row& at = m_rows[row];
-  return at.demand < 0 ? at.texts[col] : m_demanded(at.demand, col);
+  return m_rows[row].isEmpty() ? m_demanded(row - m_firstDemanded, col) : m_rows[row][col];
 }
 
 void Grid::setText(int row, int col, const QString& text)
 {
   if (!contains(row, col) || this->text(row, col) == text)
     return;
-  Row& at = m_rows[row];
-  if (at.demand >= 0) {
+  if (m_rows[row].isEmpty()) {
+    QStringList own;
     for (int each = 0; each < cols(); ++each)
-      at.texts.append(m_demanded(at.demand, each));
-    at.demand = -1;
+      own.append(this->text(row, each));
+    m_rows[row] = own;
   }
-  at.texts[col] = text;
-  emit cellChanged(row, col);
+  m_rows[row][col] = text;
+  if (row == 0 && col == 0)
+    emit columnChanged(0);
+  else
+    m_model->tellCell(row, col);
 }
 
 void Grid::setBlock(int firstRow, QList<QStringList> texts)
 {
-  reserveRows(firstRow, texts.size());
-  for (QStringList& line : texts) {
-    if (line.size() != cols())
+  reshape([&] {
+    m_rows.resize(qMax(m_rows.size(), firstRow + texts.size()), QStringList(cols()));
+    for (QStringList& line : texts) {
       line.resize(cols());
-    if (firstRow == m_rows.size())
-      m_rows.append(Row());
-    m_rows[firstRow].texts = std::move(line);
-    m_rows[firstRow].demand = -1;
-    ++firstRow;
-  }
-  emit layoutChanged();
+      m_rows[firstRow++] = std::move(line);
+    }
+  });
 }
 
 void Grid::setRowsOnDemand(int firstRow, int count, std::function<QString(int row, int col)> text)
 {
-  m_demanded = std::move(text);
-  reserveRows(firstRow, count);
-  for (int row = 0; row < count; ++row) {
-    if (firstRow + row == m_rows.size())
-      m_rows.append(Row());
-    m_rows[firstRow + row].texts.clear();
-    m_rows[firstRow + row].demand = row;
-  }
-  emit layoutChanged();
+  reshape([&] {
+    m_demanded = std::move(text);
+    m_firstDemanded = firstRow;
+    m_rows.resize(qMax<qsizetype>(m_rows.size(), firstRow), QStringList(cols()));
+    m_rows.resize(qMax<qsizetype>(m_rows.size(), firstRow + count));
+    std::fill_n(m_rows.begin() + firstRow, count, QStringList());
+  });
 }
 
-// Room for rows from `firstRow` on; those ahead of it are there afterwards.
-void Grid::reserveRows(int firstRow, qsizetype count)
+template <typename Value> void Grid::setOfColumn(int col, Value Column::*property, Value value)
 {
-  m_rows.reserve(firstRow + count);
-  while (m_rows.size() < firstRow)
-    m_rows.append(Row{QStringList(cols())});
-}
-
-int Grid::rowHeight(int row) const
-{
-  return row >= 0 && row < rows() ? m_rows[row].height : 0;
-}
-
-void Grid::setRowHeight(int row, int height)
-{
-  if (row < 0 || row >= rows() || m_rows[row].height == height)
+  if (!hasCol(col) || m_columns[col].*property == value)
     return;
-  m_rows[row].height = qMax(0, height);
-  emit layoutChanged();
+  m_columns[col].*property = value;
+  emit columnChanged(col);
 }
 
 int Grid::colWidth(int col) const
 {
-  return col >= 0 && col < cols() ? m_columns[col].width : 0;
+  return hasCol(col) ? m_columns[col].width : 0;
 }
 
 void Grid::setColWidth(int col, int width)
 {
-  if (col < 0 || col >= cols() || m_columns[col].width == width)
-    return;
-  m_columns[col].width = qMax(0, width);
-  emit layoutChanged();
+  setOfColumn(col, &Column::width, qMax(0, width));
 }
 
 int Grid::colAlignment(int col) const
 {
-  return col >= 0 && col < cols() ? m_columns[col].alignment : int(AlignDefault);
+  return hasCol(col) ? m_columns[col].alignment : int(AlignDefault);
 }
 
 void Grid::setColAlignment(int col, int alignment)
 {
-  if (col < 0 || col >= cols() || m_columns[col].alignment == alignment)
-    return;
-  m_columns[col].alignment = alignment;
-  emit layoutChanged();
-}
-
-bool Grid::holdsCodes(int col) const
-{
-  return col >= 0 && col < cols() && m_columns[col].holdsCodes;
+  setOfColumn(col, &Column::alignment, alignment);
 }
 
 void Grid::setHoldsCodes(int col)
 {
-  if (col < 0 || col >= cols() || m_columns[col].holdsCodes)
-    return;
-  m_columns[col].holdsCodes = true;
-  emit layoutChanged();
+  setOfColumn(col, &Column::holdsCodes, true);
+}
+
+Qt::Alignment Grid::alignment(int row, int col) const
+{
+  switch (colAlignment(col)) {
+  case AlignLeft: return Qt::AlignLeft | Qt::AlignVCenter;
+  case AlignCenter: return Qt::AlignCenter;
+  case AlignRight: return Qt::AlignRight | Qt::AlignVCenter;
+  default: return (isAmount(text(row, col)) && !m_columns[col].holdsCodes ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+  }
 }
 
 int Grid::cellColor(int row, int col) const
 {
-  return m_colors.value({row, col}, 0);
+  return contains(row, col) && row > 0 && !isTotals(row) ? m_columns[col].color : 0;
 }
 
-void Grid::setCellColor(int row, int col, int color)
+void Grid::setColColor(int col, int color)
 {
-  if (!contains(row, col) || cellColor(row, col) == color)
-    return;
-  m_colors.insert({row, col}, color);
-  emit cellChanged(row, col);
+  setOfColumn(col, &Column::color, color);
 }
 
 void Grid::setCurrent(int row, int col)
@@ -206,22 +233,16 @@ void Grid::setCurrent(int row, int col)
     onCellChange();
 }
 
-void Grid::setFirstShown(int topRow, int leftCol)
+void Grid::setRowList(bool isList)
 {
-  m_topRow = topRow;
-  m_leftCol = leftCol;
-}
-
-void Grid::setMarksRow(bool marks)
-{
-  m_marksRow = marks;
-  emit layoutChanged();
+  m_isRowList = isList;
+  emit changed();
 }
 
 void Grid::setTotalsRow(bool has)
 {
   m_hasTotalsRow = has;
-  emit layoutChanged();
+  emit changed();
 }
 
 void Grid::clickCell(int row, int col)
@@ -257,22 +278,22 @@ void Grid::pressRightButton()
 
 void Grid::wheel(int step)
 {
-  if (isReachable() && onWheel)
-    form().handle([&] { onWheel(step); });
+  static constexpr int Notch = 120;
+  if (m_isRowList && form().focused() == this && qAbs(step) == Notch)
+    press({step < 0 ? Key::PageDown : Key::PageUp, {}});
 }
 
 void Grid::edit(const Key& key)
 {
   static constexpr int Page = 10;
-  const int lastRow = rows() - 1;
   switch (key.code) {
-  case Key::Up: setCurrent(stepRow(m_row, -1), m_col); break;
-  case Key::Down: setCurrent(stepRow(m_row, 1), m_col); break;
+  case Key::Up: setCurrent(m_row > 1 ? m_row - 1 : m_row, m_col); break;
+  case Key::Down: setCurrent(m_row + 1, m_col); break;
   case Key::Left: setCurrent(m_row, stepCol(m_col, -1)); break;
   case Key::Right: setCurrent(m_row, stepCol(m_col, 1)); break;
-  case Key::PageUp: setCurrent(qMax(qMin(m_fixedRows, lastRow), m_row - Page), m_col); break;
-  case Key::PageDown: setCurrent(qMin(lastRow, m_row + Page), m_col); break;
-  case Key::Home: setCurrent(m_row, stepCol(m_fixedCols - 1, 1)); break;
+  case Key::PageUp: setCurrent(qMax(1, m_row - Page), m_col); break;
+  case Key::PageDown: setCurrent(m_row + Page, m_col); break;
+  case Key::Home: setCurrent(m_row, stepCol(0, 1)); break;
   case Key::End: setCurrent(m_row, stepCol(cols(), -1)); break;
   default: break;
   }
@@ -280,23 +301,9 @@ void Grid::edit(const Key& key)
     onKeyDown(key);
 }
 
-void Grid::keepCurrentInside()
-{
-  m_row = qBound(0, m_row, qMax(0, rows() - 1));
-  m_col = qBound(0, m_col, qMax(0, cols() - 1));
-}
-
-int Grid::stepRow(int from, int step) const
-{
-  for (int row = from + step; row >= m_fixedRows && row < rows(); row += step)
-    if (m_rows[row].height > 0)
-      return row;
-  return from;
-}
-
 int Grid::stepCol(int from, int step) const
 {
-  for (int col = from + step; col >= m_fixedCols && col < cols(); col += step)
+  for (int col = from + step; col >= 1 && col < cols(); col += step)
     if (m_columns[col].width > 0)
       return col;
   return qBound(0, from, cols() - 1);

@@ -2,7 +2,58 @@
 
 #include "screen/Form.h"
 
+#include <QAbstractItemModel>
+#include <QScopeGuard>
+
 #include <algorithm>
+
+// What the views need beyond the tree itself. An index holds the place of its node in m_nodes.
+class Tree::Model : public QAbstractItemModel {
+public:
+  explicit Model(const Tree& ofTree) : tree(ofTree) {}
+
+  void reset(const std::function<void()>& change)
+  {
+    beginResetModel();
+    change();
+    endResetModel();
+  }
+
+  QModelIndex indexAt(int place) const
+  {
+    return place < 0 ? QModelIndex() : createIndex(int(tree.children(tree.m_nodes[place].parent).indexOf(place)), 0, quintptr(place));
+  }
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override
+  {
+    const int at = tree.children(placeOf(parent)).value(row, -1);
+    return at < 0 || column != 0 ? QModelIndex() : createIndex(row, 0, quintptr(at));
+  }
+
+  QModelIndex parent(const QModelIndex& index) const override
+  {
+    return index.isValid() ? indexAt(tree.m_nodes[placeOf(index)].parent) : QModelIndex();
+  }
+
+  int rowCount(const QModelIndex& parent = {}) const override { return int(tree.children(placeOf(parent)).size()); }
+  int columnCount(const QModelIndex& = {}) const override { return 1; }
+
+  QVariant data(const QModelIndex& index, int role) const override
+  {
+    const Node& node = tree.m_nodes[placeOf(index)];
+    switch (role) {
+    case Qt::DisplayRole: return node.text;
+    case KeyRole: return node.key;
+    case ImageRole: return int(node.image);
+    default: return {};
+    }
+  }
+
+private:
+  static int placeOf(const QModelIndex& index) { return index.isValid() ? int(index.internalId()) : -1; }
+
+  const Tree& tree;
+};
 
 namespace {
 
@@ -23,19 +74,30 @@ bool standsAhead(const QString& left, const QString& right)
 
 } // namespace
 
+Tree::Tree(QObject* parent, const QString& name) : Control(parent, name), m_model(std::make_unique<Model>(*this)) {}
+
+Tree::~Tree() = default;
+
+QAbstractItemModel& Tree::model() const
+{
+  return *m_model;
+}
+
+QModelIndex Tree::indexOf(const QString& key) const
+{
+  return m_model->indexAt(place(key));
+}
+
 std::optional<RunTimeError> Tree::fill(const std::function<void()>& load)
 {
-  struct Filling {
-    Tree& tree;
-    explicit Filling(Tree& ofTree) : tree(ofTree) { tree.m_isFilling = true; }
-    ~Filling()
-    {
-      tree.m_isFilling = false;
-      tree.tellNodesChanged();
-    }
-  };
-  const Filling guard(*this);
-  clear();
+  // Views never see a place that is no longer there, whatever box comes up during the load.
+  m_model->reset([this] {
+    m_nodes.clear();
+    m_top.clear();
+    m_places.clear();
+    m_current = -1;
+  });
+  const auto showNodes = qScopeGuard([this] { m_model->reset([] {}); });
   try {
     load();
   } catch (const RunTimeError& error) {
@@ -44,15 +106,6 @@ std::optional<RunTimeError> Tree::fill(const std::function<void()>& load)
     return error;
   }
   return std::nullopt;
-}
-
-void Tree::clear()
-{
-  m_nodes.clear();
-  m_top.clear();
-  m_places.clear();
-  m_current = -1;
-  tellNodesChanged();
 }
 
 void Tree::addTop(const QString& key, const QString& text, Image image)
@@ -73,53 +126,20 @@ void Tree::add(int parent, const QString& key, const QString& text, Image image)
   if (contains(key))
     throw RunTimeError(RunTimeError::NodeNotUnique, QStringLiteral("集合中的关键字不唯一：%1").arg(text));
   const int at = int(m_nodes.size());
-  m_nodes.append({key, text, image, parent, parent < 0 ? 0 : m_nodes[parent].level + 1, false, {}});
+  m_nodes.append({key, text, image, parent, false, {}});
   m_places.insert(key, at);
   (parent < 0 ? m_top : m_nodes[parent].children).append(at);
-  tellNodesChanged();
 }
 
-Tree::Node Tree::node(const QString& key) const
-{
-  const int at = place(key);
-  return at < 0 ? Node() : describe(at);
-}
-
-Tree::Node Tree::describe(int at) const
-{
-  const Place& place = m_nodes[at];
-  const QString parentKey = place.parent < 0 ? QString() : m_nodes[place.parent].key;
-  return {place.key, place.text, place.image, parentKey, place.level, place.isExpanded, !place.children.isEmpty()};
-}
-
-QStringList Tree::children(const QString& key) const
-{
-  const int at = place(key);
-  QStringList keys;
-  for (const int child : key.isEmpty() ? m_top : (at < 0 ? QList<int>() : m_nodes[at].children))
-    keys.append(m_nodes[child].key);
-  return keys;
-}
-
-QList<Tree::Node> Tree::nodes() const
-{
-  QList<Node> all;
-  for (const int at : walk(true))
-    all.append(describe(at));
-  return all;
-}
-
-QList<int> Tree::walk(bool closedToo) const
+QList<int> Tree::shown() const
 {
   QList<int> found;
-  found.reserve(m_nodes.size());
   QList<int> waiting(m_top.rbegin(), m_top.rend());
   while (!waiting.isEmpty()) {
-    const int at = waiting.takeLast();
-    found.append(at);
-    const Place& place = m_nodes[at];
-    if (closedToo || place.isExpanded)
-      std::copy(place.children.rbegin(), place.children.rend(), std::back_inserter(waiting));
+    const Node& node = m_nodes[waiting.last()];
+    found.append(waiting.takeLast());
+    if (node.isExpanded)
+      std::copy(node.children.rbegin(), node.children.rend(), std::back_inserter(waiting));
   }
   return found;
 }
@@ -129,9 +149,15 @@ void Tree::sortChildren(const QString& key)
   const int at = place(key);
   if (at < 0)
     return;
-  QList<int>& children = m_nodes[at].children;
-  std::stable_sort(children.begin(), children.end(), [this](int a, int b) { return standsAhead(m_nodes[a].text, m_nodes[b].text); });
-  tellNodesChanged();
+  m_model->reset([&] {
+    QList<int>& children = m_nodes[at].children;
+    std::stable_sort(children.begin(), children.end(), [this](int a, int b) { return standsAhead(m_nodes[a].text, m_nodes[b].text); });
+  });
+}
+
+bool Tree::isExpanded(const QString& key) const
+{
+  return contains(key) && m_nodes[place(key)].isExpanded;
 }
 
 void Tree::setExpanded(const QString& key, bool expanded)
@@ -140,8 +166,7 @@ void Tree::setExpanded(const QString& key, bool expanded)
   if (at < 0 || m_nodes[at].isExpanded == expanded)
     return;
   m_nodes[at].isExpanded = expanded;
-  if (!m_isFilling)
-    emit expandedChanged(key);
+  emit expandedChanged(key);
   if (!expanded && isBelow(m_current, at))
     makeCurrent(at);
 }
@@ -169,8 +194,7 @@ void Tree::makeCurrent(int at)
   if (m_current == at)
     return;
   m_current = at;
-  if (!m_isFilling)
-    emit currentChanged();
+  emit currentChanged();
 }
 
 bool Tree::clickNode(const QString& key)
@@ -225,39 +249,33 @@ void Tree::edit(const Key& key)
 
 void Tree::moveBy(int step)
 {
-  const QList<int> shown = walk(false);
-  if (shown.isEmpty())
+  const QList<int> all = shown();
+  if (all.isEmpty())
     return;
   // Without a current node the first key only takes hold of the first one.
-  const int to = m_current < 0 ? 0 : int(qBound<qsizetype>(0, shown.indexOf(m_current) + step, shown.size() - 1));
-  if (shown[to] != m_current)
-    clickAt(shown[to]);
+  const int to = m_current < 0 ? 0 : int(qBound<qsizetype>(0, all.indexOf(m_current) + step, all.size() - 1));
+  if (all[to] != m_current)
+    clickAt(all[to]);
 }
 
 void Tree::moveLeft()
 {
   if (m_current < 0)
     return;
-  const Place& place = m_nodes[m_current];
-  if (place.isExpanded && !place.children.isEmpty())
-    setExpanded(place.key, false);
-  else if (place.parent >= 0)
-    clickAt(place.parent);
+  const Node& node = m_nodes[m_current];
+  if (node.isExpanded && !node.children.isEmpty())
+    setExpanded(node.key, false);
+  else if (node.parent >= 0)
+    clickAt(node.parent);
 }
 
 void Tree::moveRight()
 {
   if (m_current < 0 || m_nodes[m_current].children.isEmpty())
     return;
-  const Place& place = m_nodes[m_current];
-  if (place.isExpanded)
-    clickAt(place.children.first());
+  const Node& node = m_nodes[m_current];
+  if (node.isExpanded)
+    clickAt(node.children.first());
   else
-    setExpanded(place.key, true);
-}
-
-void Tree::tellNodesChanged()
-{
-  if (!m_isFilling)
-    emit nodesChanged();
+    setExpanded(node.key, true);
 }

@@ -5,9 +5,11 @@
 
 #include <QHash>
 #include <QList>
+#include <QModelIndex>
+#include <memory>
 #include <optional>
 
-// Nodes below each other, each known by its key. A node stands behind the siblings that were added
+// Nodes below each other, each known by its key. A node comes after the siblings that were added
 // before it, until the children of its parent are sorted.
 //
 // Always holds: every key is there once; the current node, if there is one, is shown, so all the
@@ -19,24 +21,22 @@ public:
   // Tells a root from what hangs below it.
   enum class Image { ParentPic, ChildPic };
 
-  struct Node {
-    QString key;
-    QString text;
-    Image image = Image::ParentPic;
-    QString parentKey; // empty for a top node
-    int level = 0;     // 0 for a top node
-    bool isExpanded = false;
-    bool hasChildren = false;
-  };
+  // Roles of the model beside the text: the key, and the image as a number.
+  enum Role { KeyRole = Qt::UserRole, ImageRole };
 
-  using Control::Control;
+  Tree(QObject* parent, const QString& name);
+  ~Tree() override;
 
-  // Empties the tree and lets `load` add its nodes; the window is told once, at the end. Gives the
-  // error of addTop or addChild that stopped the load, if one did; what was added by then stays.
+  // The tree as views read it; a fill and a sort reset it.
+  QAbstractItemModel& model() const;
+  // Where a node is in the model; invalid if there is none of this key.
+  QModelIndex indexOf(const QString& key) const;
+
+  // Empties the tree and lets `load` add its nodes. Gives the error of addTop or addChild that stopped the
+  // load, if one did; what was added by then stays.
   std::optional<RunTimeError> fill(const std::function<void()>& load);
-  void clear();
-  // Adds a top node, or the last child of a node. RunTimeError that names the node if there is no
-  // such parent, or if its key is taken.
+  // Called by the load. Adds a top node, or the last child of a node. RunTimeError that names the node if
+  // there is no such parent, or if its key is taken.
   void addTop(const QString& key, const QString& text, Image image);
   void addChild(const QString& parentKey, const QString& key, const QString& text, Image image);
 
@@ -44,16 +44,10 @@ public:
   bool contains(const QString& key) const { return m_places.contains(key); }
   // The node that was added first; empty if the tree is.
   QString firstKey() const { return isEmpty() ? QString() : m_nodes.first().key; }
-  // A node as it stands; one without a key if there is none of this key.
-  Node node(const QString& key) const;
-  // The children of a node, or the top nodes for an empty key, in the order in which they stand.
-  QStringList children(const QString& key) const;
-  // All nodes from top to bottom, those of closed branches too.
-  QList<Node> nodes() const;
-
   // Sorts the children of a node by their texts: signs ahead of digits ahead of letters, without
   // regard to case. Their own children stay as they are.
   void sortChildren(const QString& key);
+  bool isExpanded(const QString& key) const;
   // Opens or closes a branch. A current node below a branch that closes gives way to its root.
   void setExpanded(const QString& key, bool expanded);
 
@@ -75,7 +69,6 @@ public:
   bool doubleClickNode(const QString& key);
 
 signals:
-  void nodesChanged();
   void expandedChanged(const QString& key);
   void currentChanged();
 
@@ -83,32 +76,31 @@ protected:
   void edit(const Key& key) override;
 
 private:
-  struct Place {
+  class Model;
+  struct Node {
     QString key;
     QString text;
     Image image = Image::ParentPic;
     int parent = -1;
-    int level = 0;
     bool isExpanded = false;
     QList<int> children;
   };
 
   int place(const QString& key) const { return m_places.value(key, -1); }
+  const QList<int>& children(int of) const { return of < 0 ? m_top : m_nodes[of].children; }
   void add(int parent, const QString& key, const QString& text, Image image);
-  Node describe(int at) const;
   bool isBelow(int at, int root) const;
   void makeCurrent(int at);
-  // The nodes that are shown, from top to bottom; all of them if `closedToo`.
-  QList<int> walk(bool closedToo) const;
+  // The nodes that are shown, from top to bottom.
+  QList<int> shown() const;
   void moveBy(int step);
   void moveLeft();
   void moveRight();
   void clickAt(int at);
-  void tellNodesChanged();
 
-  QList<Place> m_nodes; // in the order in which they were added
+  std::unique_ptr<Model> m_model;
+  QList<Node> m_nodes; // in the order in which they were added
   QList<int> m_top;
   QHash<QString, int> m_places;
   int m_current = -1;
-  bool m_isFilling = false;
 };

@@ -5,7 +5,6 @@
 #include "platform/Trim.h"
 #include "printing/PrintHandOff.h"
 #include "printing/frmExport.h"
-#include "screen/WheelPaging.h"
 #include "session/ModuleADO.h"
 
 ListForm::ListForm(Session& ofSession, const ListTraits& traits)
@@ -36,8 +35,7 @@ void ListForm::buildConditions()
 void ListForm::buildList()
 {
   MSH = add<Grid>(this, "MSH");
-  MSH->setMarksRow(true);
-  turnPagesByWheel(*MSH);
+  MSH->setRowList(true);
   Container* const toolbar = add<Container>(this, "Toolbar1");
   for (const ListTraits::Tool& tool : m_traits.tools)
     add<ToolButton>(toolbar, tool.name, tool.caption);
@@ -99,7 +97,6 @@ void ListForm::SetGridHead()
   if (columns().empty())
     return;
   GridLayout::apply(session, *MSH, LabTabName->caption(), columns());
-  MSH->setFixed(1, 1);
 }
 
 void ListForm::emptyGrid()

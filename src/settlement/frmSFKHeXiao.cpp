@@ -173,8 +173,7 @@ void frmSFKHeXiao::showRows(const Recordset& rs)
   emptyGrid();
   MSH->setBlock(1, std::move(lines));
   MSH->setTotalsRow(true);
-  for (int row = 1; row <= lastDataRow(); ++row)
-    MSH->setCellColor(row, Amount, Red);
+  MSH->setColColor(Amount, Red);
   RefreshTotals();
 }
 

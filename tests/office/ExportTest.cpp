@@ -30,7 +30,6 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
   grid.setRows(4);
   grid.setCols(6);
   grid.setColWidth(1, 0);
-  grid.setRowHeight(2, 0);
   grid.setColWidth(2, 4 * 1440);
   const QStringList texts{"0012", "藏", "=1+1", "1,234.50", "2022-06-08", "'a"};
   for (int row = 0; row < grid.rows(); ++row)
@@ -43,7 +42,6 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
   const QString sheet = book.sheetNames().first();
   EXPECT_EQ(book.row(sheet, 1, 6), "0012||=1+1|1,234.50|2022-06-08|'a");
   EXPECT_EQ(book.formula(sheet, 1, 4), "'1,234.50");
-  EXPECT_EQ(book.row(sheet, 3, 6), "|||||");
   EXPECT_EQ(book.row(sheet, 4, 6), book.row(sheet, 1, 6));
   EXPECT_EQ(book.row(sheet, 5, 6), "|||||");
   EXPECT_EQ(book.columnWidth(sheet, 3), 5 * 2540);

@@ -1,8 +1,9 @@
 #include "DesktopStage.h"
 
 #include "Unmet.h"
-#include "desktop/GridModel.h"
-#include "desktop/TreeModel.h"
+#include "screen/Grid.h"
+#include "screen/Tree.h"
+#include "support/NodeTexts.h"
 #include "windows/Windows.h"
 
 #include <QApplication>
@@ -36,14 +37,6 @@ template <typename Kind> Kind& as(const Face& face, const ControlName& name, con
   if (auto* const found = qobject_cast<Kind*>(face.widget))
     return *found;
   throw Unmet(QStringLiteral("%1 is no %2").arg(name.text(), QString::fromLatin1(kind)));
-}
-
-// The model that the shell gives a view of its kind.
-template <typename Model> Model& modelOf(const QAbstractItemView& view)
-{
-  if (auto* const model = dynamic_cast<Model*>(view.model()))
-    return *model;
-  throw Unmet(QStringLiteral("%1 shows no control").arg(view.objectName()));
 }
 
 // Lets the program do what it has put off: layouts, the activation of a new window, repaints.
@@ -182,18 +175,13 @@ void trigger(QAction& action)
     action.trigger();
 }
 
-// A grid as its table shows it: a fixed row stands in the header above the cells, a fixed column in the
-// one beside them.
+// A grid as its table shows it: row 0 is the header above the cells, column 0 the one beside them.
 class Table {
 public:
-  Table(const Face& face, const ControlName& name) : m_view(as<QTableView>(face, name, "grid")), m_model(modelOf<GridModel>(m_view))
-  {
-    m_model.settle();
-  }
+  Table(const Face& face, const ControlName& name) : m_view(as<QTableView>(face, name, "grid")), m_model(*m_view.model()) {}
 
-  QTableView& view() const { return m_view; }
-  int rows() const { return m_model.rowCount() + m_model.rowOf(0); }
-  int cols() const { return m_model.columnCount() + m_model.colOf(0); }
+  int rows() const { return m_model.rowCount() + 1; }
+  int cols() const { return m_model.columnCount() + 1; }
 
   void require(int row, int col) const
   {
@@ -201,52 +189,42 @@ public:
       throw Unmet(QStringLiteral("%1 has %2 rows and %3 columns").arg(m_view.objectName()).arg(rows()).arg(cols()));
   }
 
-  bool isHidden(int row, int col) const
-  {
-    return (row < m_model.rowOf(0) ? m_view.horizontalHeader()->isHidden() : m_view.isRowHidden(section(row, m_model.rowOf(0)))) ||
-           (col < m_model.colOf(0) ? m_view.verticalHeader()->isHidden() : m_view.isColumnHidden(section(col, m_model.colOf(0))));
-  }
+  bool isHidden(int col) const { return col == 0 ? m_view.verticalHeader()->isHidden() : m_view.isColumnHidden(col - 1); }
 
   QString text(int row, int col) const
   {
-    if (isCorner(row, col)) {
+    if (row == 0 && col == 0) {
       const auto* const corner = m_view.findChild<QLabel*>(QStringLiteral("cornerText"));
       return corner ? corner->text() : QString();
     }
-    if (row < m_model.rowOf(0))
-      return m_model.headerData(section(col, m_model.colOf(0)), Qt::Horizontal, Qt::DisplayRole).toString();
-    if (col < m_model.colOf(0))
-      return m_model.headerData(section(row, m_model.rowOf(0)), Qt::Vertical, Qt::DisplayRole).toString();
-    return m_model.indexOf(row, col).data().toString();
+    if (row == 0)
+      return m_model.headerData(col - 1, Qt::Horizontal).toString();
+    return (col == 0 ? m_model.headerData(row - 1, Qt::Vertical) : index(row, col).data()).toString();
   }
 
   int width(int col) const
   {
-    const bool isFixed = col < m_model.colOf(0);
-    return m_model.headerData(isFixed ? 0 : section(col, m_model.colOf(0)), isFixed ? Qt::Vertical : Qt::Horizontal, GridModel::WidthRole)
-        .toInt();
+    return m_model.headerData(qMax(0, col - 1), col == 0 ? Qt::Vertical : Qt::Horizontal, Grid::WidthRole).toInt();
   }
 
   // 0 for a place in a header, which the view has no current one of.
-  int currentRow() const { return m_view.currentIndex().isValid() ? m_model.rowOf(m_view.currentIndex().row()) : 0; }
-  int currentCol() const { return m_view.currentIndex().isValid() ? m_model.colOf(m_view.currentIndex().column()) : 0; }
+  int currentRow() const { return m_view.currentIndex().row() + 1; }
+  int currentCol() const { return m_view.currentIndex().column() + 1; }
 
   void click(int row, int col, bool twice) const
   {
-    if (isCorner(row, col))
+    if (row == 0 && col == 0)
       throw Unmet(QStringLiteral("the corner of %1 takes no click").arg(m_view.objectName()));
-    if (row < m_model.rowOf(0))
-      return clickHeader(*m_view.horizontalHeader(), section(col, m_model.colOf(0)), twice);
-    if (col < m_model.colOf(0))
-      return clickHeader(*m_view.verticalHeader(), section(row, m_model.rowOf(0)), twice);
-    const QModelIndex index = m_model.indexOf(row, col);
-    m_view.scrollTo(index);
-    clickAt(m_view.viewport(), m_view.visualRect(index).center(), twice);
+    if (row == 0)
+      return clickHeader(*m_view.horizontalHeader(), col - 1, twice);
+    if (col == 0)
+      return clickHeader(*m_view.verticalHeader(), row - 1, twice);
+    m_view.scrollTo(index(row, col));
+    clickAt(m_view.viewport(), m_view.visualRect(index(row, col)).center(), twice);
   }
 
 private:
-  static int section(int place, int first) { return place - first; }
-  bool isCorner(int row, int col) const { return row < m_model.rowOf(0) && col < m_model.colOf(0); }
+  QModelIndex index(int row, int col) const { return m_model.index(row - 1, col - 1); }
 
   static void clickHeader(QHeaderView& header, int section, bool twice)
   {
@@ -256,16 +234,13 @@ private:
   }
 
   QTableView& m_view;
-  GridModel& m_model;
+  const QAbstractItemModel& m_model;
 };
 
-void listNodes(const QAbstractItemModel& model, const QModelIndex& above, int level, QStringList& texts)
+// The node of this key; invalid if there is none.
+QModelIndex nodeOf(const QAbstractItemModel& model, const QString& key)
 {
-  for (int row = 0; row < model.rowCount(above); ++row) {
-    const QModelIndex node = model.index(row, 0, above);
-    texts.append(QString(2 * level, u' ') + node.data().toString());
-    listNodes(model, node, level + 1, texts);
-  }
+  return model.match(model.index(0, 0), Tree::KeyRole, key, 1, Qt::MatchExactly | Qt::MatchRecursive).value(0);
 }
 
 } // namespace
@@ -411,7 +386,7 @@ void DesktopStage::clickCell(const ControlName& name, int row, int column, bool 
 {
   const Table table(reach(name), name);
   table.require(row, column);
-  if (table.isHidden(row, column))
+  if (table.isHidden(column))
     throw Unmet(QStringLiteral("the cell %1 %2 of %3 is hidden").arg(row).arg(column).arg(name.text()));
   table.click(row, column, twice);
 }
@@ -419,8 +394,7 @@ void DesktopStage::clickCell(const ControlName& name, int row, int column, bool 
 void DesktopStage::clickNode(const ControlName& name, const QString& key, bool twice)
 {
   auto& tree = as<QTreeView>(reach(name), name, "tree");
-  const auto& model = modelOf<TreeModel>(tree);
-  const QModelIndex node = model.indexOf(key);
+  const QModelIndex node = nodeOf(*tree.model(), key);
   if (!node.isValid())
     throw Unmet(QStringLiteral("%1 has no node %2").arg(name.text(), key));
   for (QModelIndex above = node.parent(); above.isValid(); above = above.parent())
@@ -499,9 +473,7 @@ int DesktopStage::columnWidth(const ControlName& name, int column)
 
 QStringList DesktopStage::tree(const ControlName& name)
 {
-  QStringList texts;
-  listNodes(modelOf<TreeModel>(as<QTreeView>(Widgets::find(name), name, "tree")), {}, 0, texts);
-  return texts;
+  return nodeTexts(*as<QTreeView>(Widgets::find(name), name, "tree").model(), QStringLiteral("  "));
 }
 
 void DesktopStage::screenshot(const QString& path)

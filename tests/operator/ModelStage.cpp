@@ -4,6 +4,7 @@
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 #include "screen/Tree.h"
+#include "support/NodeTexts.h"
 
 #include <QScopeGuard>
 
@@ -202,7 +203,7 @@ void ModelStage::clickCell(const ControlName& name, int row, int column, bool tw
 {
   auto& grid = reach<Grid>(name, "grid");
   requireCell(grid, row, column);
-  if (grid.rowHeight(row) == 0 || grid.colWidth(column) == 0)
+  if (grid.colWidth(column) == 0)
     throw Unmet(QStringLiteral("the cell %1 %2 of %3 is hidden").arg(row).arg(column).arg(name.text()));
   twice ? grid.doubleClickCell(row, column) : grid.clickCell(row, column);
 }
@@ -279,8 +280,5 @@ int ModelStage::columnWidth(const ControlName& name, int column)
 
 QStringList ModelStage::tree(const ControlName& name)
 {
-  QStringList texts;
-  for (const Tree::Node& node : find<Tree>(name, "tree").nodes())
-    texts.append(QString(2 * node.level, u' ') + node.text);
-  return texts;
+  return nodeTexts(find<Tree>(name, "tree").model(), QStringLiteral("  "));
 }

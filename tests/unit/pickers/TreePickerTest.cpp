@@ -2,6 +2,7 @@
 
 #include "screen/Controls.h"
 #include "screen/Tree.h"
+#include "support/NodeTexts.h"
 #include "support/Printing.h"
 #include "support/SessionFixture.h"
 
@@ -37,8 +38,7 @@ struct TreePickerTest : testing::Test, SessionFixture {
   {
     QStringList lines;
     pick(call, [&](Form& dialog) {
-      for (const Tree::Node& node : tree(dialog).nodes())
-        lines.append(QString(node.level, u'>') + node.text);
+      lines = nodeTexts(tree(dialog).model(), ">");
       dialog.close();
     });
     return lines.join(u' ');

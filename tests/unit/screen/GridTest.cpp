@@ -27,7 +27,7 @@ struct GridTest : testing::Test {
 
 } // namespace
 
-TEST_F(GridTest, KeysMoveTheCurrentCellInsideTheGridAndPastHiddenCells)
+TEST_F(GridTest, KeysMoveTheCurrentCellInsideTheGridAndPastHiddenColumns)
 {
   struct Row {
     int row, col;
@@ -35,12 +35,10 @@ TEST_F(GridTest, KeysMoveTheCurrentCellInsideTheGridAndPastHiddenCells)
     QString expected;
   };
   grid.setColWidth(2, 0);
-  grid.setRowHeight(3, 0);
   for (const auto& [row, col, key, expected] : {
            Row{5, 3, Key::Up, u"4,3"_s},
-           Row{4, 3, Key::Up, u"2,3"_s},
            Row{1, 3, Key::Up, u"1,3"_s},
-           Row{2, 3, Key::Down, u"4,3"_s},
+           Row{2, 3, Key::Down, u"3,3"_s},
            Row{14, 3, Key::Down, u"14,3"_s},
            Row{5, 3, Key::Left, u"5,1"_s},
            Row{5, 1, Key::Right, u"5,3"_s},
@@ -77,26 +75,20 @@ TEST_F(GridTest, RowsOnDemandAreAskedForTheirTextsUntilTheyAreWrittenTo)
   grid.addRow();
   grid.setText(3, 1, u"own"_s);
   mark = u"b"_s;
-  grid.removeRow(2);
-  EXPECT_EQ(grid.text(1, 4) + grid.text(3, 0) + grid.text(19, 4), u"b0,4b3,0b19,4"_s);
-  EXPECT_EQ(grid.text(2, 0) + grid.text(2, 1), u"a2,0own"_s) << "what was written to stays as it was then";
-  EXPECT_EQ(grid.text(20, 1), u""_s);
+  EXPECT_EQ(grid.text(1, 4) + grid.text(4, 0) + grid.text(20, 4), u"b0,4b3,0b19,4"_s);
+  EXPECT_EQ(grid.text(3, 0) + grid.text(3, 1), u"a2,0own"_s) << "what was written to stays as it was then";
+  EXPECT_EQ(grid.text(21, 1), u""_s);
   grid.setCols(7);
-  EXPECT_EQ(grid.text(2, 6) + grid.text(3, 6), u"b3,6"_s);
+  EXPECT_EQ(grid.text(3, 6) + grid.text(4, 6), u"b3,6"_s);
   grid.clear();
   EXPECT_EQ(grid.text(1, 1), u""_s);
 }
 
-TEST_F(GridTest, ARemovedRowTakesItsColourAndLeavesTheOthersTheirs)
+TEST_F(GridTest, AColourIsOfTheRowsBetweenHeadingsAndTotals)
 {
-  for (int row = 1; row <= 3; ++row) {
-    grid.setText(row, 1, QString::number(row));
-    grid.setCellColor(row, 1, row);
-  }
-  grid.removeRow(2);
-  EXPECT_EQ(grid.rows(), 14);
-  EXPECT_EQ(grid.text(2, 1), u"3"_s);
-  EXPECT_EQ(grid.cellColor(1, 1), 1);
-  EXPECT_EQ(grid.cellColor(2, 1), 3);
-  EXPECT_EQ(grid.cellColor(3, 1), 0);
+  grid.setColColor(1, 255);
+  grid.setTotalsRow(true);
+  EXPECT_EQ(grid.cellColor(0, 1), 0);
+  EXPECT_EQ(grid.cellColor(13, 1), 255);
+  EXPECT_EQ(grid.cellColor(14, 1), 0);
 }
