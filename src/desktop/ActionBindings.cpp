@@ -42,11 +42,11 @@ void ActionBinding::show()
 void ActionBinding::trigger()
 {
   // The tool button that shows the action, if one does: a menu may have to come up under it.
+  QWidget* tool = nullptr;
   for (QObject* const holder : m_action.associatedObjects())
     if (auto* const bar = qobject_cast<QToolBar*>(holder))
-      formWindow().setPressedTool(bar->widgetForAction(&m_action));
-  formWindow().act([this] { control().click(); });
-  formWindow().setPressedTool(nullptr);
+      tool = bar->widgetForAction(&m_action);
+  formWindow().click(control(), tool);
 }
 
 MenuBinding::MenuBinding(FormWindow& window, Menu& control, QMenu& face) : Binding(window, control), m_menu(face)

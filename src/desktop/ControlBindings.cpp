@@ -45,12 +45,12 @@ Binding* (*const Binds[])(FormWindow&, Control&, QWidget&) = {
     bind<Button, QPushButton, ButtonBinding>,
     bind<ImageButton, QToolButton, PictureButtonBinding>,
     bind<ToolButton, QToolButton, PictureButtonBinding>,
-    bind<Label, QLabel, LabelBinding>,
+    bind<Label, QLabel, CaptionBinding>,
     bind<Grid, QTableView, GridBinding>,
     bind<Tree, QTreeView, TreeBinding>,
     bind<ListBox, QListWidget, ListBinding>,
     bind<ProgressBar, QProgressBar, ProgressBinding>,
-    bind<Container, QGroupBox, GroupBinding>,
+    bind<Container, QGroupBox, CaptionBinding>,
     bind<Container, QWidget, WidgetBinding>,
 };
 

@@ -27,51 +27,34 @@ constexpr ButtonFace ButtonFaces[] = {
     {QMessageBox::No, Desk::Answer::No, u"否(&N)"},
 };
 
-QMessageBox::StandardButtons buttonsOf(Desk::Buttons buttons)
-{
-  switch (buttons) {
-  case Desk::Buttons::Ok: break;
-  case Desk::Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
-  case Desk::Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
-  }
-  return QMessageBox::Ok;
-}
+struct ButtonSet {
+  QMessageBox::StandardButtons all;
+  QMessageBox::StandardButton first;
+  QMessageBox::StandardButton closing; // which one closing the box stands for
+};
 
-// The button that closing the box stands for.
-QMessageBox::StandardButton closingButton(Desk::Buttons buttons)
-{
-  switch (buttons) {
-  case Desk::Buttons::Ok: break;
-  case Desk::Buttons::OkCancel: return QMessageBox::Cancel;
-  case Desk::Buttons::YesNo: return QMessageBox::No;
-  }
-  return QMessageBox::Ok;
-}
-
-QMessageBox::Icon iconOf(Desk::Icon icon)
-{
-  switch (icon) {
-  case Desk::Icon::None: break;
-  case Desk::Icon::Information: return QMessageBox::Information;
-  case Desk::Icon::Question: return QMessageBox::Question;
-  case Desk::Icon::Warning: return QMessageBox::Warning;
-  case Desk::Icon::Stop: return QMessageBox::Critical;
-  }
-  return QMessageBox::NoIcon;
-}
+// In the order of Desk::Buttons and of Desk::Icon.
+constexpr ButtonSet ButtonSets[] = {
+    {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
+    {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
+};
+constexpr QMessageBox::Icon BoxIcons[] = {QMessageBox::NoIcon, QMessageBox::Information, QMessageBox::Question, QMessageBox::Warning,
+                                          QMessageBox::Critical};
 
 void dress(QMessageBox& box, const Desk::Box& asked)
 {
   box.setWindowTitle(asked.title);
   box.setTextFormat(Qt::PlainText);
   box.setText(asked.text);
-  box.setIcon(iconOf(asked.icon));
-  box.setStandardButtons(buttonsOf(asked.buttons));
+  box.setIcon(BoxIcons[int(asked.icon)]);
+  const ButtonSet& buttons = ButtonSets[int(asked.buttons)];
+  box.setStandardButtons(buttons.all);
   for (const ButtonFace& face : ButtonFaces)
     if (QAbstractButton* const button = box.button(face.button))
       button->setText(QString::fromUtf16(face.text));
-  box.setDefaultButton(asked.buttons == Desk::Buttons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
-  box.setEscapeButton(closingButton(asked.buttons));
+  box.setDefaultButton(buttons.first);
+  box.setEscapeButton(buttons.closing);
 }
 
 // Who asked stands in front again when the box or the dialog is gone, beside other windows too.
@@ -91,6 +74,19 @@ private:
 
 } // namespace
 
+// Whoever is asked something does not see the pointer of a program that works.
+class DesktopDesk::Pause {
+public:
+  explicit Pause(DesktopDesk& ofDesk) : m_desk(ofDesk), m_front(ofDesk.topWindow()), m_wasBusy(ofDesk.m_isBusy) { m_desk.setBusy(false); }
+  ~Pause() { m_desk.setBusy(m_wasBusy); }
+  Q_DISABLE_COPY(Pause)
+
+private:
+  DesktopDesk& m_desk;
+  const Front m_front;
+  const bool m_wasBusy;
+};
+
 DesktopDesk::DesktopDesk(const WindowDesigns& designs, DeskObserver* observer) : m_designs(designs), m_observer(observer) {}
 
 DesktopDesk::~DesktopDesk() = default;
@@ -105,16 +101,12 @@ QWidget* DesktopDesk::topWindow() const
 
 Desk::Answer DesktopDesk::ask(const Box& asked)
 {
-  const Front front(topWindow());
+  const Pause pause(*this);
   QMessageBox box(topWindow());
   dress(box, asked);
-  // Whoever is asked something does not see the pointer of a program that works.
-  const bool wasBusy = m_isBusy;
-  setBusy(false);
   if (m_observer)
     QTimer::singleShot(0, &box, [&] { m_observer->boxStands(box); });
   const int pressed = box.exec();
-  setBusy(wasBusy);
   for (const ButtonFace& face : ButtonFaces)
     if (face.button == pressed)
       return face.answer;
@@ -162,10 +154,8 @@ std::unique_ptr<FormWindow> DesktopDesk::take(FormWindow& window)
 
 void DesktopDesk::showModal(Form& form)
 {
-  const Front front(topWindow());
+  const Pause pause(*this);
   FormWindow& opened = open(form, topWindow());
-  const bool wasBusy = m_isBusy;
-  setBusy(false);
   QEventLoop wait;
   QObject::connect(&opened, &FormWindow::closed, &wait, &QEventLoop::quit);
   if (const QSize size = m_dialogSizes.value(form.name()); size.isValid())
@@ -178,7 +168,6 @@ void DesktopDesk::showModal(Form& form)
     wait.exec();
   m_dialogSizes.insert(form.name(), opened.window().size());
   take(opened);
-  setBusy(wasBusy);
 }
 
 void DesktopDesk::showDuring(Form& form, const std::function<void()>& work)

@@ -37,6 +37,8 @@ public:
   void setBusy(bool busy) override;
 
 private:
+  class Pause;
+
   // The window of the form that was shown last and is still open; null if there is none.
   QWidget* topWindow() const;
   // Brings the window of a form that is open already to the front; false if there is none.

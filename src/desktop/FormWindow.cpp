@@ -6,6 +6,7 @@
 
 #include <QCursor>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWidget* parent)
     : m_form(shownForm), m_designs(windowDesigns), m_window(m_designs.window(m_form.name(), parent))
@@ -56,11 +57,19 @@ void FormWindow::keepInStep(Binding& binding)
 
 void FormWindow::act(const std::function<void()>& event)
 {
-  ++m_depth;
-  event();
-  if (--m_depth > 0 || m_closed)
-    return;
-  settleFocus();
+  const bool isOuter = !m_isActing;
+  {
+    const QScopedValueRollback acting(m_isActing, true);
+    event();
+  }
+  if (isOuter && !m_closed)
+    settleFocus();
+}
+
+void FormWindow::click(Control& control, QWidget* tool)
+{
+  const QScopedValueRollback pressed(m_pressedTool, QPointer(tool));
+  act([&] { control.click(); });
 }
 
 void FormWindow::focusCameTo(Control& control, Qt::FocusReason reason)

@@ -33,6 +33,8 @@ public:
   // Runs an event of the operator. After it the focus is where the form has it, or on a control that can
   // be reached.
   void act(const std::function<void()>& event);
+  // The same for a click on a control; `tool` is the button of a toolbar that brought it about, if one did.
+  void click(Control& control, QWidget* tool = nullptr);
   // A widget has got the focus.
   void focusCameTo(Control& control, Qt::FocusReason reason);
   // The binding of a control; null if it has no face.
@@ -41,7 +43,6 @@ public:
   // Where a menu opens that comes up by an order of the form: under the tool button whose press is
   // under way, or at the pointer.
   QPoint popUpPlace() const;
-  void setPressedTool(QWidget* button) { m_pressedTool = button; }
 
 signals:
   // The form has closed and the window is gone from the screen.
@@ -64,6 +65,6 @@ private:
   std::unique_ptr<QWidget> m_window;
   QHash<const Control*, Binding*> m_bindings;
   QPointer<QWidget> m_pressedTool;
-  int m_depth = 0;
+  bool m_isActing = false;
   bool m_closed = false;
 };

@@ -48,7 +48,7 @@ private:
 } // namespace
 
 GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
-    : SelfActingBinding(window, control, face), m_grid(control), m_view(face)
+    : ItemViewBinding(window, control, face, control.model()), m_grid(control), m_view(face)
 {
   prepareView();
   connect(&m_grid.model(), &QAbstractItemModel::modelReset, this, &GridBinding::layOut);
@@ -65,11 +65,7 @@ GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
 
 void GridBinding::prepareView()
 {
-  m_view.setModel(&m_grid.model());
   m_view.setItemDelegate(new CellDelegate(m_grid, &m_view));
-  m_view.viewport()->installEventFilter(this);
-  m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  m_view.setSelectionMode(QAbstractItemView::SingleSelection);
   m_view.setTabKeyNavigation(false);
   m_view.setWordWrap(false);
   m_view.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -86,7 +82,7 @@ void GridBinding::prepareView()
 
 void GridBinding::show()
 {
-  SelfActingBinding::show();
+  ItemViewBinding::show();
   layOut();
 }
 
@@ -138,41 +134,23 @@ void GridBinding::showCurrent()
 {
   // A row is marked as a whole even when its fixed column is the current one.
   const int col = m_grid.isRowList() ? qMax(m_grid.col(), 1) : m_grid.col();
-  const QModelIndex current = m_grid.indexOf(m_grid.row(), col);
-  if (m_view.currentIndex() == current)
-    return;
-  m_view.setCurrentIndex(current);
-  if (current.isValid())
-    m_view.scrollTo(current);
+  ItemViewBinding::showCurrent(m_grid.indexOf(m_grid.row(), col));
 }
 
 bool GridBinding::eventFilter(QObject* watched, QEvent* event)
 {
-  if (watched != m_view.viewport() || formWindow().isClosed())
-    return SelfActingBinding::eventFilter(watched, event);
-  switch (event->type()) {
-  case QEvent::MouseButtonPress:
-  case QEvent::MouseButtonDblClick: {
-    const auto* const mouse = static_cast<const QMouseEvent*>(event);
-    return mousePressed(mouse->position().toPoint(), mouse->button(), event->type() == QEvent::MouseButtonDblClick);
-  }
-  case QEvent::MouseMove:
-  case QEvent::MouseButtonRelease: return true;
-  case QEvent::Wheel: {
-    const auto* const wheel = static_cast<const QWheelEvent*>(event);
-    return wheelTurned(wheel->angleDelta().y(), wheel->modifiers());
-  }
-  default: return false;
-  }
+  if (watched != m_view.viewport() || event->type() != QEvent::Wheel)
+    return ItemViewBinding::eventFilter(watched, event);
+  const auto& wheel = *static_cast<const QWheelEvent*>(event);
+  return wheelTurned(wheel.angleDelta().y(), wheel.modifiers());
 }
 
-// The first press of a double click has been a click already.
-bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool twice)
+void GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool twice)
 {
   if (button == Qt::RightButton)
     formWindow().act([&] { m_grid.pressRightButton(); });
   if (button != Qt::LeftButton)
-    return true;
+    return;
   const QModelIndex cell = m_view.indexAt(at);
   const int row = cell.row() + 1;
   const int col = cell.column() + 1;
@@ -188,7 +166,6 @@ bool GridBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool tw
     else
       m_grid.clickCell(row, col);
   });
-  return true;
 }
 
 void GridBinding::clickHeading(int row, int col)
@@ -199,7 +176,7 @@ void GridBinding::clickHeading(int row, int col)
 // A turn that has moved the current cell has scrolled enough; any other scrolls the view.
 bool GridBinding::wheelTurned(int step, Qt::KeyboardModifiers held)
 {
-  if (step == 0 || held != Qt::NoModifier)
+  if (formWindow().isClosed() || step == 0 || held != Qt::NoModifier)
     return false;
   const int row = m_grid.row();
   formWindow().act([&] { m_grid.wheel(step); });

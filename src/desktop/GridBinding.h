@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/WidgetBinding.h"
+#include "desktop/ItemViewBinding.h"
 #include "screen/Grid.h"
 
 class QLabel;
@@ -8,7 +8,7 @@ class QTableView;
 
 // A grid. All moving of the current cell is done by the grid itself; the view shows where it is and
 // scrolls.
-class GridBinding : public SelfActingBinding {
+class GridBinding : public ItemViewBinding {
   Q_OBJECT
 
 public:
@@ -18,6 +18,7 @@ public:
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void mousePressed(const QPoint& at, Qt::MouseButton button, bool twice) override;
   bool pressSpecial(const QKeyEvent& event) override;
 
 private:
@@ -26,7 +27,6 @@ private:
   void layOutColumn(int col);
   void showCorner();
   void showCurrent();
-  bool mousePressed(const QPoint& at, Qt::MouseButton button, bool twice);
   bool wheelTurned(int step, Qt::KeyboardModifiers held);
   void clickHeading(int row, int col);
 

@@ -12,23 +12,16 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
-LabelBinding::LabelBinding(FormWindow& window, Label& control, QLabel& face) : WidgetBinding(window, control, face), m_label(face)
+CaptionBinding::CaptionBinding(FormWindow& window, Control& control, QWidget& face) : WidgetBinding(window, control, face)
 {
-  face.setTextFormat(Qt::PlainText);
+  if (auto* const label = qobject_cast<QLabel*>(&face))
+    label->setTextFormat(Qt::PlainText);
 }
 
-void LabelBinding::show()
+void CaptionBinding::show()
 {
   WidgetBinding::show();
-  m_label.setText(control().caption());
-}
-
-GroupBinding::GroupBinding(FormWindow& window, Container& control, QGroupBox& face) : WidgetBinding(window, control, face), m_group(face) {}
-
-void GroupBinding::show()
-{
-  WidgetBinding::show();
-  m_group.setTitle(control().caption());
+  face().setProperty(qobject_cast<QGroupBox*>(&face()) ? "title" : "text", control().caption());
 }
 
 ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButton& face)
@@ -39,7 +32,7 @@ ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButt
   if (auto* const push = qobject_cast<QPushButton*>(&face))
     push->setAutoDefault(false);
   connect(&face, &QAbstractButton::clicked, this, [this] {
-    formWindow().act([this] { this->control().click(); });
+    formWindow().click(this->control());
     show();
   });
 }
@@ -55,22 +48,11 @@ void ButtonBinding::show()
     m_button.setChecked(box->isChecked());
 }
 
-PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face)
-    : WidgetBinding(window, control, face), m_button(face)
+PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face) : CaptionBinding(window, control, face)
 {
   face.setFocusPolicy(Qt::NoFocus);
   face.setIcon(Icons::icon(qobject_cast<ImageButton*>(&control) ? "pick" : window.face(control).icon));
-  connect(&face, &QToolButton::clicked, this, [this] {
-    formWindow().setPressedTool(&m_button);
-    formWindow().act([this] { this->control().click(); });
-    formWindow().setPressedTool(nullptr);
-  });
-}
-
-void PictureButtonBinding::show()
-{
-  WidgetBinding::show();
-  m_button.setText(control().caption());
+  connect(&face, &QToolButton::clicked, this, [this, &face] { formWindow().click(this->control(), &face); });
 }
 
 ListBinding::ListBinding(FormWindow& window, ListBox& control, QListWidget& face)
@@ -115,5 +97,5 @@ void ProgressBinding::show()
 ScrollBarBinding::ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& face) : Binding(window, control)
 {
   face.setObjectName(control.name());
-  connect(&face, &QScrollBar::rangeChanged, &control, [&control](int, int maximum) { control.setMaximum(maximum); });
+  connect(&face, &QScrollBar::rangeChanged, &control, [&control](int, int maximum) { control.setVisible(maximum > 0); });
 }

@@ -4,8 +4,6 @@
 #include "screen/Controls.h"
 
 class QAbstractButton;
-class QGroupBox;
-class QLabel;
 class QListWidget;
 class QProgressBar;
 class QScrollBar;
@@ -13,26 +11,13 @@ class QToolButton;
 
 // The faces that need little: labels, frames, buttons, lists, bars.
 
-class LabelBinding : public WidgetBinding {
+// A label, a frame with a title.
+class CaptionBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  LabelBinding(FormWindow& window, Label& control, QLabel& face);
+  CaptionBinding(FormWindow& window, Control& control, QWidget& face);
   void show() override;
-
-private:
-  QLabel& m_label;
-};
-
-class GroupBinding : public WidgetBinding {
-  Q_OBJECT
-
-public:
-  GroupBinding(FormWindow& window, Container& control, QGroupBox& face);
-  void show() override;
-
-private:
-  QGroupBox& m_group;
 };
 
 // A push button, a check box or an option.
@@ -48,16 +33,12 @@ private:
 };
 
 // A button that never has the focus: of a toolbar, or with a picture beside its field.
-class PictureButtonBinding : public WidgetBinding {
+class PictureButtonBinding : public CaptionBinding {
   Q_OBJECT
 
 public:
   PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face);
-  void show() override;
   QWidget* focusWidget() const override { return nullptr; }
-
-private:
-  QToolButton& m_button;
 };
 
 class ListBinding : public SelfActingBinding {

@@ -3,7 +3,6 @@
 #include "desktop/FormWindow.h"
 #include "desktop/Icons.h"
 
-#include <QMouseEvent>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
@@ -35,31 +34,22 @@ private:
 } // namespace
 
 TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& face)
-    : SelfActingBinding(window, control, face), m_tree(control), m_view(face)
+    : ItemViewBinding(window, control, face, control.model()), m_tree(control), m_view(face)
 {
-  prepareView();
+  m_view.setItemDelegate(new NodeDelegate(&m_view));
+  m_view.setHeaderHidden(true);
+  m_view.setUniformRowHeights(true);
   const auto showAll = [this] {
     showNodes({});
-    showCurrent();
+    showCurrent(m_tree.indexOf(m_tree.current()));
   };
   connect(&m_tree.model(), &QAbstractItemModel::modelReset, this, showAll);
-  connect(&m_tree, &Tree::currentChanged, this, &TreeBinding::showCurrent);
+  connect(&m_tree, &Tree::currentChanged, this, [this] { showCurrent(m_tree.indexOf(m_tree.current())); });
   connect(&m_tree, &Tree::expandedChanged, this,
           [this](const QString& key) { m_view.setExpanded(m_tree.indexOf(key), m_tree.isExpanded(key)); });
   connect(&m_view, &QTreeView::expanded, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), true); });
   connect(&m_view, &QTreeView::collapsed, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), false); });
   showAll();
-}
-
-void TreeBinding::prepareView()
-{
-  m_view.setModel(&m_tree.model());
-  m_view.setItemDelegate(new NodeDelegate(&m_view));
-  m_view.viewport()->installEventFilter(this);
-  m_view.setHeaderHidden(true);
-  m_view.setUniformRowHeights(true);
-  m_view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  m_view.setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 void TreeBinding::showNodes(const QModelIndex& above)
@@ -71,34 +61,10 @@ void TreeBinding::showNodes(const QModelIndex& above)
   }
 }
 
-void TreeBinding::showCurrent()
+void TreeBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool twice)
 {
-  const QModelIndex current = m_tree.indexOf(m_tree.current());
-  m_view.setCurrentIndex(current);
-  if (current.isValid())
-    m_view.scrollTo(current);
-}
-
-bool TreeBinding::eventFilter(QObject* watched, QEvent* event)
-{
-  if (watched != m_view.viewport() || formWindow().isClosed())
-    return SelfActingBinding::eventFilter(watched, event);
-  switch (event->type()) {
-  case QEvent::MouseButtonPress:
-  case QEvent::MouseButtonDblClick: {
-    const auto& mouse = *static_cast<const QMouseEvent*>(event);
-    if (mouse.button() == Qt::LeftButton)
-      mousePressed(mouse.position().toPoint(), event->type() == QEvent::MouseButtonDblClick);
-    return true;
-  }
-  case QEvent::MouseMove:
-  case QEvent::MouseButtonRelease: return true;
-  default: return false;
-  }
-}
-
-void TreeBinding::mousePressed(const QPoint& at, bool twice)
-{
+  if (button != Qt::LeftButton)
+    return;
   const QModelIndex index = m_view.indexAt(at);
   const QString key = keyOf(index);
   formWindow().act([&] {
