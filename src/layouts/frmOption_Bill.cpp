@@ -55,11 +55,7 @@ void frmOption_Bill::wire()
   OptionMSHHeadRight.onClick = [this] { align(Grid::AlignRight); };
   CmdOk.onClick = [this] { CmdOk_Click(); };
   CmdExit.onClick = [this] { close(); };
-  onKey = [this](const Key& key) {
-    if (key.code == Key::Escape)
-      close();
-    return key.code == Key::Escape;
-  };
+  closeOnEscape();
 }
 
 void frmOption_Bill::LoadMSHHead(Grid& ofGrid, const QString& layoutName)

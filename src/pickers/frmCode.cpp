@@ -88,11 +88,7 @@ void frmCode::wire()
   CmdAdd.onClick = [this] { CmdAdd_Click(); };
   CmdRefresh.onClick = [this] { RefreshList({}); };
   CmdExit.onClick = [this] { close(); };
-  onKey = [this](const Key& key) {
-    if (key.code == Key::Escape)
-      close();
-    return key.code == Key::Escape;
-  };
+  closeOnEscape();
 }
 
 void frmCode::wireGrid()

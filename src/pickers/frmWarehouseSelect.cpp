@@ -34,11 +34,7 @@ void frmWarehouseSelect::wire()
   ToolRefresh.onClick = [this] { cmdLoad_Click(); };
   TreeView.onNodeClick = [this](const QString& key) { SelectedCode = key.chopped(1); };
   TreeView.onNodeDoubleClick = [this](const QString&) { Select(); };
-  onKey = [this](const Key& key) {
-    if (key.code == Key::Escape)
-      close();
-    return key.code == Key::Escape;
-  };
+  closeOnEscape();
 }
 
 void frmWarehouseSelect::cmdLoad_Click()

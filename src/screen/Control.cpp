@@ -61,20 +61,14 @@ void Control::click()
 
 void Control::doubleClick()
 {
-  if (isReachable())
-    form().handle([this] { doubleClicked(); });
+  if (isReachable() && onDoubleClick)
+    form().handle(onDoubleClick);
 }
 
 void Control::clicked()
 {
   if (onClick)
     onClick();
-}
-
-void Control::doubleClicked()
-{
-  if (onDoubleClick)
-    onDoubleClick();
 }
 
 bool Control::handleKey(const Key& key)

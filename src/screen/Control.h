@@ -72,7 +72,6 @@ signals:
 
 protected:
   virtual void clicked();
-  virtual void doubleClicked();
   // What the control does with a key that no handler swallowed.
   virtual void edit(const Key& key) { Q_UNUSED(key); }
   // The container that holds this control; null for a form.

@@ -237,14 +237,3 @@ void ProgressBar::setValue(int value)
   m_value = bounded;
   emit changed();
 }
-
-ScrollBar::ScrollBar(QObject* parent, const QString& name) : Control(parent, name)
-{
-  setVisible(false);
-}
-
-void ScrollBar::setMaximum(int maximum)
-{
-  m_maximum = qMax(0, maximum);
-  setVisible(m_maximum > 0);
-}

@@ -42,7 +42,6 @@ public:
   void selectAll();
   // Puts the caret behind the last character and marks nothing.
   void moveCaretToEnd();
-  bool isAllSelected() const { return m_caret == m_text.size() && m_anchor == 0 && !m_text.isEmpty(); }
 
   QString shownText() const override { return m_text; }
   bool takesFocus() const override { return true; }
@@ -252,17 +251,10 @@ private:
   int m_value = 0;
 };
 
-// Moves the panel of a form that is larger than its window.
+// Moves the panel of a form that is larger than its window, and is visible only then; the window says so.
 class ScrollBar : public Control {
   Q_OBJECT
 
 public:
-  ScrollBar(QObject* parent, const QString& name);
-
-  // The window tells how far the panel overhangs, in its own units; the bar shows only then.
-  void setMaximum(int maximum);
-  int maximum() const { return m_maximum; }
-
-private:
-  int m_maximum = 0;
+  ScrollBar(QObject* parent, const QString& name) : Control(parent, name) { setVisible(false); }
 };

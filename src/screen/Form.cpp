@@ -3,6 +3,7 @@
 #include "platform/RunTimeError.h"
 
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(desk) {}
 
@@ -16,16 +17,11 @@ QList<Control*> Form::controls() const
 void Form::handle(const std::function<void()>& event)
 {
   // Before a form is shown, an error belongs to whoever starts the program.
-  if (!m_open || m_eventDepth > 0) {
+  if (!m_open || m_isHandling) {
     event();
     return;
   }
-  struct Depth {
-    int& depth;
-    explicit Depth(int& counter) : depth(counter) { ++depth; }
-    ~Depth() { --depth; }
-  };
-  const Depth guard(m_eventDepth);
+  const QScopedValueRollback handling(m_isHandling, true);
   try {
     event();
   } catch (const RunTimeError& error) {
@@ -71,6 +67,15 @@ void Form::moveFocus(int step)
     return;
   const qsizetype at = m_focused ? stops.indexOf(m_focused) : (step > 0 ? -1 : 0);
   setFocus(*stops[(at + step + stops.size()) % stops.size()]);
+}
+
+void Form::closeOnEscape()
+{
+  onKey = [this](const Key& key) {
+    if (key.code == Key::Escape)
+      close();
+    return key.code == Key::Escape;
+  };
 }
 
 void Form::opened()

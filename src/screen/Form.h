@@ -49,6 +49,16 @@ signals:
   void closed();
 
 protected:
+  // Makes a control in its container, which owns it, under the name that the window's widget has too.
+  template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
+  {
+    Kind* const control = new Kind(container, QString::fromLatin1(name));
+    control->setCaption(caption);
+    control->setToolTip(toolTip);
+    return control;
+  }
+  // Called by a dialog: Esc leaves it like its exit button.
+  void closeOnEscape();
   // What the form does before it goes.
   virtual void onUnload() {}
   // Hides what an interrupted handler left standing, such as a waiting panel.
@@ -59,6 +69,6 @@ private:
 
   Desk& m_desk;
   Control* m_focused = nullptr;
-  int m_eventDepth = 0;
+  bool m_isHandling = false;
   bool m_open = false;
 };

@@ -78,13 +78,6 @@ protected:
   void buildHead();
   void buildConditions();
   void buildList();
-  template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
-  {
-    Kind* const control = new Kind(container, QString::fromLatin1(name));
-    control->setCaption(caption);
-    control->setToolTip(toolTip);
-    return control;
-  }
   ComboBox* addDropDown(const char* name, const QStringList& items);
   void onTool(const char* name, std::function<void()> press) { find<ToolButton>(QString::fromLatin1(name))->onClick = std::move(press); }
 
