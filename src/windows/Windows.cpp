@@ -1,5 +1,6 @@
 #include "windows/Windows.h"
 
+#include "ui_BillWindow.h"
 #include "ui_frmBankKeepTake.h"
 #include "ui_frmCode.h"
 #include "ui_frmExport.h"
@@ -30,17 +31,31 @@ template <typename Design, typename Window> std::unique_ptr<QWidget> design(QWid
   return window;
 }
 
+// The bills are panels in one window with a menu bar and a toolbar.
+template <typename Panel> std::unique_ptr<QWidget> designBill(QWidget* parent)
+{
+  auto window = std::make_unique<QMainWindow>(parent);
+  Ui::BillWindow frame;
+  frame.setupUi(window.get());
+  auto* const panel = new QWidget;
+  panel->setObjectName(QStringLiteral("Pic"));
+  Panel().setupUi(panel);
+  window->resize(panel->size());
+  frame.area->setWidget(panel);
+  return window;
+}
+
 struct Maker {
   const char* form;
   std::unique_ptr<QWidget> (*make)(QWidget* parent);
 };
 
 constexpr Maker Makers[] = {
-    {"frmPayfund", design<Ui::frmPayfund, QMainWindow>},
-    {"frmGathefund", design<Ui::frmPayfund, QMainWindow>},
-    {"frmBankKeepTake", design<Ui::frmBankKeepTake, QMainWindow>},
-    {"frmFeeElseIncome", design<Ui::frmFeeElseIncome, QMainWindow>},
-    {"frmFeeSustain", design<Ui::frmFeeSustain, QMainWindow>},
+    {"frmPayfund", designBill<Ui::frmPayfund>},
+    {"frmGathefund", designBill<Ui::frmPayfund>},
+    {"frmBankKeepTake", designBill<Ui::frmBankKeepTake>},
+    {"frmFeeElseIncome", designBill<Ui::frmFeeElseIncome>},
+    {"frmFeeSustain", designBill<Ui::frmFeeSustain>},
     {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
     {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
     {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
