@@ -18,7 +18,7 @@ public:
 
   Control& control() const { return m_control; }
 
-  // Makes the face look as the control says. Runs at start and behind every change of the control
+  // Makes the face look as the control says. Runs at start and after every change of the control
   // or of a container that holds it.
   virtual void show() = 0;
   // The widget that the focus goes to; null for a face that never has it.

@@ -6,7 +6,7 @@
 class QTableView;
 
 // The box that lies over the current cell of a grid. It moves with its cell when the view scrolls or
-// is laid out anew, and has the cell's colour and alignment.
+// is laid out again, and has the cell's colour and alignment.
 class CellEditorBinding : public TextBinding {
   Q_OBJECT
 

@@ -30,7 +30,7 @@ constexpr ButtonFace ButtonFaces[] = {
 struct ButtonSet {
   QMessageBox::StandardButtons all;
   QMessageBox::StandardButton first;
-  QMessageBox::StandardButton closing; // which one closing the box stands for
+  QMessageBox::StandardButton closing; // the answer of a box closed without one
 };
 
 // In the order of Desk::Buttons and of Desk::Icon.
@@ -57,7 +57,7 @@ void dress(QMessageBox& box, const Desk::Box& asked)
   box.setEscapeButton(buttons.closing);
 }
 
-// Who asked stands in front again when the box or the dialog is gone, beside other windows too.
+// The window that asked is in front again when the box or the dialog is gone, of other windows too.
 class Front {
 public:
   explicit Front(QWidget* window) : m_window(window) {}

@@ -13,7 +13,7 @@ class QMessageBox;
 class QWidget;
 
 // Someone who looks on while the program waits for the operator, and may act in his place: the player
-// of operator scripts. Called from inside the wait, just behind the coming up of what waits.
+// of operator scripts. Called from inside the wait, just after the box or window has come up.
 class DeskObserver {
 public:
   virtual ~DeskObserver() = default;

@@ -27,7 +27,7 @@ FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWid
 
 FormWindow::~FormWindow()
 {
-  // The bindings go ahead of the widgets that they watch.
+  // The bindings go before the widgets that they watch.
   qDeleteAll(m_bindings);
 }
 
@@ -97,7 +97,7 @@ void FormWindow::settleFocus()
     adoptFocus();
 }
 
-// The control in focus can no longer be met, and Qt has passed the focus on.
+// The control in focus can no longer be reached, and Qt has passed the focus on.
 void FormWindow::adoptFocus()
 {
   for (Binding* binding : std::as_const(m_bindings)) {
@@ -144,7 +144,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event)
   }
   if (event->type() != QEvent::KeyPress)
     return false;
-  // A key that no control has met. Dialogs would close, or press a button of their own choice.
+  // A key that no control has received. Dialogs would close, or press a button of their own choice.
   const auto key = keyOf(*static_cast<QKeyEvent*>(event));
   if (key)
     act([&] { m_form.handleKey(*key); });

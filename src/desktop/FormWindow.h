@@ -26,7 +26,7 @@ public:
 
   Form& form() const { return m_form; }
   QWidget& window() const { return *m_window; }
-  // True once the form has closed: the window is hidden, and hears of nothing any more.
+  // True once the form has closed: the window is hidden, and gets no more events.
   bool isClosed() const { return m_closed; }
 
   // For the bindings.

@@ -25,16 +25,16 @@ constexpr QRgb TotalsGround = 0xffe8edf2;
 // A cell that has a colour of its own keeps it in the row that is marked.
 class CellDelegate : public QStyledItemDelegate {
 public:
-  CellDelegate(const Grid& ofGrid, QObject* parent) : QStyledItemDelegate(parent), grid(ofGrid) {}
+  CellDelegate(const Grid& ofGrid, QObject* parent) : QStyledItemDelegate(parent), m_grid(ofGrid) {}
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
   {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (const int color = grid.cellColor(index.row() + 1, index.column() + 1))
+    if (const int color = m_grid.cellColor(index.row() + 1, index.column() + 1))
       for (const QPalette::ColorRole role : {QPalette::Text, QPalette::HighlightedText})
         option->palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
-    if (!grid.isTotals(index.row() + 1))
+    if (!m_grid.isTotals(index.row() + 1))
       return;
     option->backgroundBrush = QColor::fromRgb(TotalsGround);
     option->font.setBold(true);
@@ -42,7 +42,7 @@ protected:
   }
 
 private:
-  const Grid& grid;
+  const Grid& m_grid;
 };
 
 } // namespace

@@ -27,7 +27,7 @@ void CaptionBinding::show()
 ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButton& face)
     : SelfActingBinding(window, control, face), m_button(face)
 {
-  // Which options go out when one is chosen is told by the form.
+  // The form decides which options are unchecked when one is chosen.
   face.setAutoExclusive(false);
   if (auto* const push = qobject_cast<QPushButton*>(&face))
     push->setAutoDefault(false);
@@ -89,7 +89,7 @@ void ProgressBinding::show()
 {
   WidgetBinding::show();
   m_bar.setValue(m_progress.value());
-  // The work that it tells of lets no event through.
+  // The work in progress lets no event through.
   if (m_bar.isVisible())
     m_bar.repaint();
 }

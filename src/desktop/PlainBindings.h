@@ -65,8 +65,8 @@ private:
   QProgressBar& m_bar;
 };
 
-// A bar of the scroll area around the panel. The area shows and hides it by itself; the control hears
-// how far the panel overhangs.
+// A bar of the scroll area around the panel. The area shows and hides it by itself; the control
+// is visible with it.
 class ScrollBarBinding : public Binding {
   Q_OBJECT
 

@@ -46,7 +46,7 @@ void TextBinding::show()
   WidgetBinding::show();
   if (m_edit.isReadOnly() != m_box.isReadOnly()) {
     m_edit.setReadOnly(m_box.isReadOnly());
-    // A field without a frame has no ground of its own.
+    // A field without a frame has no background of its own.
     if (m_edit.hasFrame())
       Appearance::ground(m_edit, m_box.isReadOnly());
   }

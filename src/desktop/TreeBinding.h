@@ -5,7 +5,7 @@
 
 class QTreeView;
 
-// A tree. Which branches are open and which node is the current one is told by the tree itself; the
+// A tree. Which branches are open and which node is the current one is decided by the tree itself; the
 // view shows it and scrolls.
 class TreeBinding : public ItemViewBinding {
   Q_OBJECT

@@ -17,7 +17,7 @@ WidgetBinding::WidgetBinding(FormWindow& window, Control& control, QWidget& face
 
 void WidgetBinding::show()
 {
-  // The states that the operator meets: the window may hold its widgets in other containers than the
+  // The states that the operator sees: the window may hold its widgets in other containers than the
   // form does its controls.
   m_face.setEnabled(control().isUsable());
   if (m_face.isHidden() == control().isShown())

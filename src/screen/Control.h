@@ -12,7 +12,7 @@ class Form;
 // widget of the same name. A control holds what the operator sees; it knows no widget.
 //
 // Two sorts of calls: setters, which the form makes and which never ask whether the operator may;
-// and events (press, click, focus …), which stand for the operator's hand and reach the handlers
+// and events (press, click, focus …), which are the operator's actions and reach the handlers
 // through Form::handle.
 class Control : public QObject {
   Q_OBJECT
@@ -27,7 +27,7 @@ public:
   // The control's own state. A container that is disabled or hidden disables or hides what it holds.
   bool isEnabled() const { return m_enabled; }
   bool isVisible() const { return m_visible; }
-  // What the operator meets: the control and all its containers.
+  // What the operator sees: the control in all its containers.
   bool isReachable() const { return isShown() && isUsable(); }
   bool isShown() const;
   bool isUsable() const;

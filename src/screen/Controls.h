@@ -31,8 +31,8 @@ public:
 
   QString text() const { return m_text; }
   void setText(const QString& text);
-  // The same for a text that is chosen or looked up: it counts as a change even where it already stands
-  // there, so that what hangs on it is worked out anew.
+  // The same for a text that is chosen or looked up: it counts as a change even if the text is
+  // the same, so that what depends on it is computed again.
   void assign(const QString& text);
   // Nothing can be typed into it; it still takes the focus.
   bool isReadOnly() const { return m_readOnly; }
@@ -40,7 +40,7 @@ public:
 
   // Marks the whole text, so that the next key replaces it.
   void selectAll();
-  // Puts the caret behind the last character and marks nothing.
+  // Puts the caret after the last character and marks nothing.
   void moveCaretToEnd();
 
   QString shownText() const override { return m_text; }
@@ -60,7 +60,7 @@ protected:
 
 private:
   void replaceSelection(const QString& with);
-  // Where one character ahead (1) or back (-1) of the caret is.
+  // Where one character forward (1) or back (-1) of the caret is.
   qsizetype caretMoved(int step) const;
 
   QString m_text;
@@ -142,7 +142,7 @@ protected:
   void clicked() override;
 };
 
-// A push button. Enter and blank press it.
+// A push button. Enter and Space press it.
 class Button : public Control {
   Q_OBJECT
 
@@ -191,7 +191,7 @@ public:
   using Control::Control;
 };
 
-// Menu items that share one name and one handler, told apart by their index, which counts from 0.
+// Menu items that share one name and one handler, distinguished by their index, which counts from 0.
 class MenuItemArray : public Control {
   Q_OBJECT
 
@@ -199,7 +199,7 @@ public:
   using Control::Control;
 
   QStringList captions() const { return m_captions; }
-  // Makes sure that item `index` exists, and gives it this caption.
+  // Makes sure that item `index` exists, and sets its caption.
   void setItem(int index, const QString& caption);
 
   std::function<void(int index)> onItemClick;

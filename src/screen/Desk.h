@@ -32,9 +32,9 @@ public:
   // Shows a form over all others and returns when it has been closed.
   virtual void showModal(Form& form) = 0;
 
-  // Shows a form over all others while a long work runs, and closes it behind it.
+  // Shows a form over all others while a long work runs, and closes it afterwards.
   virtual void showDuring(Form& form, const std::function<void()>& work) = 0;
-  // Called by a long work now and then: the screen is painted, and the form shown during it hears the
+  // Called by a long work now and then: the screen is painted, and the form shown during it takes the
   // operator. Nothing else of his is taken meanwhile.
   virtual void breathe() = 0;
 
@@ -42,7 +42,7 @@ public:
   // The pointer of a program that works. Not counted: the last call holds.
   virtual void setBusy(bool busy) = 0;
 
-  // Boxes that only tell something.
+  // Boxes that only inform.
   void inform(const QString& text) { ask({text}); }
   void stop(const QString& text) { ask({text, Icon::Stop}); }
   // Yes or no; true for yes.

@@ -28,7 +28,7 @@ public:
   QList<Control*> controls() const;
 
   // Runs one event of the operator. A RunTimeError ends it with a box; the pointer and whatever
-  // settleAfterRunTimeError mends go back. An event that comes up inside another (a change handler,
+  // settleAfterRunTimeError resets go back. An event that comes up inside another (a change handler,
   // say) is part of that one, and its error ends both.
   void handle(const std::function<void()>& event);
 
@@ -61,7 +61,7 @@ protected:
   void closeOnEscape();
   // What the form does before it goes.
   virtual void onUnload() {}
-  // Hides what an interrupted handler left standing, such as a waiting panel.
+  // Hides what an interrupted handler left open, such as a waiting panel.
   virtual void settleAfterRunTimeError() {}
 
 private:

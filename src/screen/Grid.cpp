@@ -9,19 +9,19 @@
 // What the views need beyond the grid itself; it holds nothing.
 class Grid::Model : public QAbstractTableModel {
 public:
-  explicit Model(const Grid& ofGrid) : grid(ofGrid) {}
+  explicit Model(const Grid& ofGrid) : m_grid(ofGrid) {}
 
   using QAbstractTableModel::beginResetModel;
   using QAbstractTableModel::endResetModel;
 
-  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : grid.rows() - 1; }
-  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : grid.cols() - 1; }
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_grid.rows() - 1; }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_grid.cols() - 1; }
 
   QVariant data(const QModelIndex& index, int role) const override
   {
     switch (role) {
-    case Qt::DisplayRole: return grid.text(index.row() + 1, index.column() + 1);
-    case Qt::TextAlignmentRole: return QVariant::fromValue(grid.alignment(index.row() + 1, index.column() + 1));
+    case Qt::DisplayRole: return m_grid.text(index.row() + 1, index.column() + 1);
+    case Qt::TextAlignmentRole: return QVariant::fromValue(m_grid.alignment(index.row() + 1, index.column() + 1));
     default: return {};
     }
   }
@@ -30,8 +30,8 @@ public:
   {
     const bool isAbove = orientation == Qt::Horizontal;
     switch (role) {
-    case Qt::DisplayRole: return isAbove ? grid.text(0, section + 1) : grid.text(section + 1, 0);
-    case WidthRole: return grid.colWidth(isAbove ? section + 1 : 0);
+    case Qt::DisplayRole: return isAbove ? m_grid.text(0, section + 1) : m_grid.text(section + 1, 0);
+    case WidthRole: return m_grid.colWidth(isAbove ? section + 1 : 0);
     default: return {};
     }
   }
@@ -47,7 +47,7 @@ public:
   }
 
 private:
-  const Grid& grid;
+  const Grid& m_grid;
 };
 
 namespace {

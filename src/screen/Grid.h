@@ -73,7 +73,7 @@ public:
   // notch of the wheel is the key for a page.
   bool isRowList() const { return m_isRowList; }
   void setRowList(bool isList);
-  // True if the last row holds totals and is to be told apart from the rows above it.
+  // True if the last row holds totals and looks different from the rows above it.
   bool hasTotalsRow() const { return m_hasTotalsRow; }
   void setTotalsRow(bool has);
   bool isTotals(int row) const { return m_hasTotalsRow && row == rows() - 1; }

@@ -10,7 +10,7 @@
 // What the views need beyond the tree itself. An index holds the place of its node in m_nodes.
 class Tree::Model : public QAbstractItemModel {
 public:
-  explicit Model(const Tree& ofTree) : tree(ofTree) {}
+  explicit Model(const Tree& ofTree) : m_tree(ofTree) {}
 
   void reset(const std::function<void()>& change)
   {
@@ -21,26 +21,26 @@ public:
 
   QModelIndex indexAt(int place) const
   {
-    return place < 0 ? QModelIndex() : createIndex(int(tree.children(tree.m_nodes[place].parent).indexOf(place)), 0, quintptr(place));
+    return place < 0 ? QModelIndex() : createIndex(int(m_tree.children(m_tree.m_nodes[place].parent).indexOf(place)), 0, quintptr(place));
   }
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override
   {
-    const int at = tree.children(placeOf(parent)).value(row, -1);
+    const int at = m_tree.children(placeOf(parent)).value(row, -1);
     return at < 0 || column != 0 ? QModelIndex() : createIndex(row, 0, quintptr(at));
   }
 
   QModelIndex parent(const QModelIndex& index) const override
   {
-    return index.isValid() ? indexAt(tree.m_nodes[placeOf(index)].parent) : QModelIndex();
+    return index.isValid() ? indexAt(m_tree.m_nodes[placeOf(index)].parent) : QModelIndex();
   }
 
-  int rowCount(const QModelIndex& parent = {}) const override { return int(tree.children(placeOf(parent)).size()); }
+  int rowCount(const QModelIndex& parent = {}) const override { return int(m_tree.children(placeOf(parent)).size()); }
   int columnCount(const QModelIndex& = {}) const override { return 1; }
 
   QVariant data(const QModelIndex& index, int role) const override
   {
-    const Node& node = tree.m_nodes[placeOf(index)];
+    const Node& node = m_tree.m_nodes[placeOf(index)];
     switch (role) {
     case Qt::DisplayRole: return node.text;
     case KeyRole: return node.key;
@@ -52,12 +52,12 @@ public:
 private:
   static int placeOf(const QModelIndex& index) { return index.isValid() ? int(index.internalId()) : -1; }
 
-  const Tree& tree;
+  const Tree& m_tree;
 };
 
 namespace {
 
-// Signs ahead of digits ahead of letters, so that "5{" stands ahead of "51{".
+// Signs before digits before letters, so that "5{" comes before "51{".
 int rank(QChar character)
 {
   if (character.isLetter())
@@ -65,7 +65,7 @@ int rank(QChar character)
   return character.isDigit() ? 1 : 0;
 }
 
-bool standsAhead(const QString& left, const QString& right)
+bool comesBefore(const QString& left, const QString& right)
 {
   return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(), [](QChar a, QChar b) {
     return rank(a) != rank(b) ? rank(a) < rank(b) : a.toCaseFolded() < b.toCaseFolded();
@@ -151,7 +151,7 @@ void Tree::sortChildren(const QString& key)
     return;
   m_model->reset([&] {
     QList<int>& children = m_nodes[at].children;
-    std::stable_sort(children.begin(), children.end(), [this](int a, int b) { return standsAhead(m_nodes[a].text, m_nodes[b].text); });
+    std::stable_sort(children.begin(), children.end(), [this](int a, int b) { return comesBefore(m_nodes[a].text, m_nodes[b].text); });
   });
 }
 

@@ -44,7 +44,7 @@ public:
   bool contains(const QString& key) const { return m_places.contains(key); }
   // The node that was added first; empty if the tree is.
   QString firstKey() const { return isEmpty() ? QString() : m_nodes.first().key; }
-  // Sorts the children of a node by their texts: signs ahead of digits ahead of letters, without
+  // Sorts the children of a node by their texts: signs before digits before letters, without
   // regard to case. Their own children stay as they are.
   void sortChildren(const QString& key);
   bool isExpanded(const QString& key) const;

@@ -4,9 +4,9 @@
 
 BillHead::BillHead(QWidget* parent) : Block(parent)
 {
-  Appearance::stamp(*design.LabState);
+  Appearance::stamp(*m_design.LabState);
   // The date that the bill was stored with is shown behind the picker as plain text.
-  Appearance::blend(*design.TxtDate);
+  Appearance::blend(*m_design.TxtDate);
 }
 
 void LoadingPanel::showEvent(QShowEvent* event)

@@ -11,10 +11,10 @@
 
 template <typename Design, typename Base> class Block : public Base {
 public:
-  explicit Block(QWidget* parent) : Base(parent) { design.setupUi(this); }
+  explicit Block(QWidget* parent) : Base(parent) { m_design.setupUi(this); }
 
 protected:
-  Design design;
+  Design m_design;
 };
 
 // The trading partner, the salesman and the memo.
