@@ -4,6 +4,7 @@
 #include "samplefirm/SampleFirm.h"
 #include "screen/CellEditor.h"
 #include "screen/Controls.h"
+#include "screen/Form.h"
 #include "screen/Grid.h"
 
 #include <QDir>
@@ -44,14 +45,15 @@ PaymentScreen::PaymentScreen()
   m_session.params.IsAccessSQL = true;
   m_session.params.ConDataName = QStringLiteral("A001.mdb");
   m_session.params.UserName = QStringLiteral("系统管理员");
-  m_session.params.OperateDate = QStringLiteral("2022-06-08");
+  m_session.params.OperateDate = QDate(2022, 6, 8);
   m_session.DotSet = LoadDotSet(m_session);
-  m_screen = m_screens.screen(QStringLiteral("frmPayfund"));
-  if (!m_screen)
+  m_opened = makeProgramScreen(m_session, QStringLiteral("frmPayfund"));
+  if (!m_opened)
     qFatal("there is no payment screen");
-  m_screen->load();
+  m_screen = &m_opened->form();
+  m_opened->Form_Load();
   m_desk.show(*m_screen);
-  m_screen->frm_Initialize(false);
+  m_opened->frm_Initialize(false);
 }
 
 void PaymentScreen::fillIn(int lines)

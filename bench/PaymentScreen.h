@@ -33,6 +33,6 @@ private:
   FakeDesk m_desk;
   FixedMachine m_machine{m_folder.path()};
   Session m_session{m_desk, m_machine};
-  ProgramScreens m_screens{m_session};
-  Screen* m_screen = nullptr;
+  std::unique_ptr<Screen> m_opened;
+  Form* m_screen = nullptr;
 };

@@ -86,10 +86,9 @@ public:
   explicit ManyBills(int bills)
   {
     fillBills(bills);
-    m_session.params.OperateDate = QStringLiteral("2022-06-08");
+    m_session.params.OperateDate = QDate(2022, 6, 8);
     m_session.DotSet = {2, 2, 2};
-    m_bench.HXMode = QStringLiteral("收付款核销查询");
-    m_bench.load();
+    m_bench.Form_Load();
     m_desk.show(m_bench);
     m_bench.TxtDateeFrom->setText({});
     m_bench.TxtDateeTo->setText({});
@@ -100,7 +99,7 @@ public:
   void renewMatching()
   {
     m_matching = std::make_unique<frmGouDui>(m_session);
-    m_matching->load();
+    m_matching->Form_Load();
     m_desk.show(*m_matching);
   }
 

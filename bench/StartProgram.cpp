@@ -39,8 +39,8 @@ int main(int argc, char** argv)
   DesktopDesk desk(Windows::Designs);
   ThisMachine machine;
   Session session{desk, machine};
-  ProgramScreens screens(session);
-  if (!Mod_ZORVEKMain::Main(session, screens).screen)
+  const Mod_ZORVEKMain::Start start = Mod_ZORVEKMain::Main(session, makeProgramScreen);
+  if (!start.screen)
     return 1;
   while (!paint.hasCome)
     QApplication::processEvents(QEventLoop::WaitForMoreEvents);

@@ -9,6 +9,26 @@ using namespace Qt::StringLiterals;
 // What happens to a bill once it is saved: audit and its reversal, void, delete, browse. Audit is a
 // name in every row of the bill; void is its state, and there is no way back from it.
 
+namespace {
+
+// True, after the message, if the stored bill's date is closed. A void looks at the last carry-forward alone, not at
+// the accounting close.
+bool isBeforeLastTurn(const BillScreen& screen)
+{
+  if (Trim(screen.TxtDate.text()).isEmpty()) {
+    screen.desk().inform(u"本单据开单日期不详，系统禁止作废！"_s);
+    return true;
+  }
+  const auto turn = ModFuntion::LastClosing(screen.session, "TabTurn");
+  const auto date = DateText::parse(screen.TxtDate.text());
+  if (!turn || (date && *turn < *date))
+    return false;
+  screen.desk().inform(u"最后一次结转日期为"_s + DateText::shortForm(*turn) + u"，本单据开单位于最后一结转日期之前，系统禁止作废！"_s);
+  return true;
+}
+
+} // namespace
+
 void BillScreen::setAudit(bool on)
 {
   if (!mayDo(RightKind::Auditing))
@@ -22,7 +42,7 @@ void BillScreen::setAudit(bool on)
     return desk().inform(refusal);
   const QString auditor = on ? session.params.UserName : QString();
   store.setAuditor(auditor);
-  TxtAuditing.setText(auditor);
+  footer.TxtAuditing.setText(auditor);
   LabAuditing.setCaption(on ? u"已审核"_s : u"未审核"_s);
   LabAuditing.setVisible(true);
   RefreshBillControls();
@@ -32,7 +52,7 @@ void BillScreen::VoidBill()
 {
   if (traits().asksRightAtVoid && !mayDo(RightKind::Edit))
     return;
-  if (isBeforeLastTurn())
+  if (isBeforeLastTurn(*this))
     return;
   const auto voucher = Vouchers::voucherOf(session, store.bill().code);
   if (voucher && voucher->isPosted)
@@ -42,22 +62,6 @@ void BillScreen::VoidBill()
   MarkBillVoided();
   if (voucher && !Trim(voucher->code).isEmpty())
     Vouchers::deleteVoidedVoucher(session, voucher->code);
-}
-
-// True, after the message, if the stored bill's date is closed. A void looks at the last carry-forward alone, not at
-// the accounting close.
-bool BillScreen::isBeforeLastTurn()
-{
-  if (Trim(TxtDate.text()).isEmpty()) {
-    desk().inform(u"本单据开单日期不详，系统禁止作废！"_s);
-    return true;
-  }
-  const auto turn = ModFuntion::LastClosing(session, "TabTurn");
-  const auto date = DateText::parse(TxtDate.text());
-  if (!turn || (date && *turn < *date))
-    return false;
-  desk().inform(u"最后一次结转日期为"_s + DateText::shortForm(*turn) + u"，本单据开单位于最后一结转日期之前，系统禁止作废！"_s);
-  return true;
 }
 
 void BillScreen::MarkBillVoided()

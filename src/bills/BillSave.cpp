@@ -6,11 +6,22 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// What leaving an amount box does to its text is done before a save, too.
+void leaveAmount(const Form& form)
+{
+  if (const Control* const box = form.focused(); box && box->onFocusOut)
+    box->onFocusOut();
+}
+
+} // namespace
+
 // Saving a bill: the checks of its kind in their order, then the writing. Whether the bill was written does not decide
 // what follows; one that was refused is not stored, so that no voucher is touched after it.
 void BillScreen::FSave_Click()
 {
-  leaveAmount();
+  leaveAmount(*this);
   for (const SaveCheck check : traits().checks)
     if (const auto refusal = check(*this)) {
       desk().ask(*refusal);
@@ -23,7 +34,7 @@ void BillScreen::FSave_Click()
 
   setLoading(true);
   if (WriteBill(bill)) {
-    if (ChAutoAuditing.isChecked())
+    if (footer.ChAutoAuditing.isChecked())
       RequestAudit();
     showWritten();
   }
@@ -35,32 +46,21 @@ void BillScreen::FSave_Click()
     balance->refresh();
   setLoading(false);
 
+  const auto tellSaved = [this] { desk().inform(u"保存成功！"_s); };
   if (!traits().tellsSavedLast)
     tellSaved();
   BillTable = store.headerTable();
   refreshBillList();
-  if (ChAutoAdd.isChecked())
+  if (footer.ChAutoAdd.isChecked())
     NewBill();
   if (traits().tellsSavedLast)
     tellSaved();
 }
 
-// What leaving an amount box does to its text is done before a save, too.
-void BillScreen::leaveAmount()
-{
-  if (const Control* const box = focused(); box && box->onFocusOut)
-    box->onFocusOut();
-}
-
 void BillScreen::setLoading(bool loading)
 {
   desk().setBusy(loading);
-  LoadingPic.setVisible(loading);
-}
-
-void BillScreen::tellSaved() const
-{
-  desk().inform(u"保存成功！"_s);
+  footer.LoadingPic.setVisible(loading);
 }
 
 BillRecord BillScreen::record() const
@@ -71,7 +71,7 @@ BillRecord BillScreen::record() const
                   .saleMan = Trim(staff.TxtSaleMan.text()),
                   .remark = Trim(staff.TxtMemo.text()),
                   .type = QString::fromUtf16(traits().kind.operation),
-                  .auditor = Trim(TxtAuditing.text()),
+                  .auditor = Trim(footer.TxtAuditing.text()),
                   .offsetType = offsetType()};
   currency.addTo(bill);
   if (partner)
@@ -108,7 +108,7 @@ bool BillScreen::WriteBill(const BillRecord& bill)
   }
   if (store.save(bill, replaces)) {
     IsSavedBill = true;
-    TxtOperator.setText(session.params.UserName);
+    footer.TxtOperator.setText(session.params.UserName);
     return true;
   }
   desk().inform(QString::fromUtf16(traits().duplicateCode));

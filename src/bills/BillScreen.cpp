@@ -10,6 +10,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Where a new bill is begun.
+Control& firstField(BillScreen& screen)
+{
+  return screen.partner ? screen.partner->TxtName : screen.transfer ? screen.transfer->outgoing.name : screen.staff.TxtSaleMan;
+}
+
+} // namespace
+
 BillScreen::BillScreen(Session& ofSession, const BillTraits& traits)
     : Form(ofSession.desk, QString::fromLatin1(traits.kind.screen)), session(ofSession), store(ofSession, traits.kind), Pic(this, u"Pic"_s),
       LabBillName(&Pic, u"LabBillName"_s), LabState(&Pic, u"LabState"_s), LabAuditing(&Pic, u"LabAuditing"_s),
@@ -18,25 +28,18 @@ BillScreen::BillScreen(Session& ofSession, const BillTraits& traits)
       transfer(traits.hasTransfer ? std::make_unique<TransferArea>(*this) : nullptr), staff(*this),
       paid(traits.hasPaid ? std::make_unique<PaidArea>(*this) : nullptr), MSH(&Pic, u"MSH"_s),
       lines(traits.lines ? std::make_unique<LineArea>(*this, *traits.lines) : nullptr),
-      balance(traits.balanceSign != 0 ? std::make_unique<BalanceLabel>(*this, traits.balanceSign) : nullptr),
-      TxtOperator(&Pic, u"TxtOperator"_s), TxtAuditing(&Pic, u"TxtAuditing"_s), ChAutoAuditing(&Pic, u"ChAutoAuditing"_s),
-      ChAutoAdd(&Pic, u"ChAutoAdd"_s), LoadingPic(&Pic, u"LoadingPic"_s), Animation1(&LoadingPic, u"Animation1"_s),
-      LabLoading(&LoadingPic, u"LabLoading"_s), VS(this, u"VS"_s), HS(this, u"HS"_s), menus(*this, traits)
+      balance(traits.balanceSign != 0 ? std::make_unique<BalanceLabel>(*this, traits.balanceSign) : nullptr), footer(this, &Pic),
+      menus(*this, traits)
 {
   turnInto(traits);
-  for (Control* const hidden : std::initializer_list<Control*>{&LabState, &LabAuditing, &LoadingPic})
-    hidden->setVisible(false);
-  for (TextBox* const box : {&TxtDate, &TxtOperator, &TxtAuditing}) {
-    box->setReadOnly(true);
-    box->setTabStop(false);
-  }
+  LabState.setVisible(false);
+  LabAuditing.setVisible(false);
+  TxtDate.setReadOnly(true);
+  TxtDate.setTabStop(false);
   TxtBillCode.setEnabled(false);
   DTPDate.onKey = [this](const Key& key) { return moveOnAtEnter(DTPDate, key); };
   FrameProvide.setCaption(QString::fromUtf16(traits.headFrame));
   MSH.setVisible(traits.lines);
-  ChAutoAuditing.setCaption(u"保存时自动审核单据"_s);
-  ChAutoAdd.setCaption(u"保存后自动新建下一单"_s);
-  LabLoading.setCaption(u"数据读写中,请稍等....."_s);
 }
 
 void BillScreen::turnInto(const BillTraits& traits)
@@ -51,7 +54,7 @@ void BillScreen::turnInto(const BillTraits& traits)
 void BillScreen::Form_Load()
 {
   DTPDate.setDate(session.params.OperateDate);
-  TxtOperator.setText(session.params.UserName);
+  footer.TxtOperator.setText(session.params.UserName);
   currency.load();
   if (!traits().isTurnedByBill)
     menus.fillTemplateMenus();
@@ -87,12 +90,7 @@ void BillScreen::NewBill()
   store.take();
   SetBillEditable(true);
   menus.enablePrinting(false);
-  setFocus(firstField());
-}
-
-Control& BillScreen::firstField()
-{
-  return partner ? partner->TxtName : transfer ? transfer->outgoing.name : staff.TxtSaleMan;
+  setFocus(firstField(*this));
 }
 
 void BillScreen::ClearBillFields()
@@ -118,8 +116,8 @@ void BillScreen::ClearBillFields()
     label->setCaption({});
     label->setVisible(false);
   }
-  TxtOperator.setText(session.params.UserName);
-  TxtAuditing.setText({});
+  footer.TxtOperator.setText(session.params.UserName);
+  footer.TxtAuditing.setText({});
   currency.clear();
 }
 
@@ -182,11 +180,11 @@ void BillScreen::showHeader(const Recordset& header)
   if (const auto day = DateText::parse(date))
     DTPDate.setDate(*day);
   TxtBillCode.setText(header.text("Code"));
-  TxtOperator.setText(header.text("Operator"));
+  footer.TxtOperator.setText(header.text("Operator"));
   staff.TxtMemo.setText(header.text("Remark"));
   staff.TxtSaleMan.setText(header.text("SaleMan"));
   currency.show(header);
-  TxtAuditing.setText(header.text("Auditing"));
+  footer.TxtAuditing.setText(header.text("Auditing"));
   if (partner)
     partner->show(header);
   if (balance)
@@ -211,7 +209,7 @@ void BillScreen::showState(bool isNormal)
 
 bool BillScreen::isAudited() const
 {
-  return !Trim(TxtAuditing.text()).isEmpty();
+  return !Trim(footer.TxtAuditing.text()).isEmpty();
 }
 
 bool BillScreen::isVoided() const

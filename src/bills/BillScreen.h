@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bills/BalanceLabel.h"
+#include "bills/BillFooter.h"
 #include "bills/BillList.h"
 #include "bills/BillMenus.h"
 #include "bills/BillTraits.h"
@@ -31,10 +32,10 @@ public:
   void frm_Initialize(bool keepScreen) override;
   void hideWriteOff() override { find(QStringLiteral("ToolHX"))->setVisible(false); }
 
-  // Menu items and buttons.
+  // Menu items and buttons: BillSave.cpp and BillLife.cpp.
   void NewBill();
-  void FSave_Click();   // BillSave.cpp
-  void FDelete_Click(); // this and what follows: BillLife.cpp
+  void FSave_Click();
+  void FDelete_Click();
   void RequestAudit() { setAudit(true); }
   void RequestUnAudit() { setAudit(false); }
   void VoidBill();
@@ -80,15 +81,7 @@ public:
   Grid MSH; // holds nothing on a bill without lines
   std::unique_ptr<LineArea> lines;
   std::unique_ptr<BalanceLabel> balance;
-  TextBox TxtOperator;
-  TextBox TxtAuditing;
-  CheckBox ChAutoAuditing;
-  CheckBox ChAutoAdd;
-  Container LoadingPic;
-  ProgressBar Animation1;
-  Label LabLoading;
-  ScrollBar VS;
-  ScrollBar HS;
+  BillFooter footer;
   BillMenus menus;
 
 protected:
@@ -103,25 +96,21 @@ protected:
   // Makes the screen that of another kind of bill.
   void turnInto(const BillTraits& traits);
   void onUnload() override;
-  void settleAfterRunTimeError() override { LoadingPic.setVisible(false); }
+  void settleAfterRunTimeError() override { footer.LoadingPic.setVisible(false); }
 
 private:
   void refreshBillList();
   void ClearBillFields();
   void SetBillEditable(bool on);
   void RefreshBillControls();
-  Control& firstField();
   BillRecord record() const;
   Vouchers::VoucherBill voucherBill() const;
   bool WriteBill(const BillRecord& bill);
   void showWritten();
   void setLoading(bool loading);
-  void tellSaved() const;
-  void leaveAmount();
   void showState(bool isNormal);
   void showAudit();
   void setAudit(bool on);
-  bool isBeforeLastTurn();
   void MarkBillVoided();
   void browseTo(const std::optional<QString>& code);
 

@@ -18,7 +18,7 @@ StaffArea::StaffArea(BillScreen& screen)
 bool StaffArea::TxtSaleMan_KeyPress(const Key& key)
 {
   // It is the maker's field that is tested, not the one typed in.
-  if (key.code != Key::Enter || Trim(m_screen.TxtOperator.text()).isEmpty())
+  if (key.code != Key::Enter || Trim(m_screen.footer.TxtOperator.text()).isEmpty())
     return false;
   const QString text = Trim(TxtSaleMan.text());
   const Recordset rs = OpenRecordset(

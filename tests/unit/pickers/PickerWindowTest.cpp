@@ -1,5 +1,6 @@
 #include "desktop/DesktopDesk.h"
 #include "pickers/TreePicker.h"
+#include "pickers/frmWarehouseSelect.h"
 #include "support/Printing.h"
 #include "support/SessionFixture.h"
 #include "windows/Windows.h"

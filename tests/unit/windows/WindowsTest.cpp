@@ -1,10 +1,10 @@
 #include "windows/Windows.h"
 
 #include "desktop/FormWindow.h"
+#include "layouts/frmOption_Bill.h"
 #include "pickers/frmCode.h"
 #include "pickers/frmWarehouseSelect.h"
 #include "printing/frmExport.h"
-#include "printing/frmOption_Bill.h"
 #include "program/ProgramScreens.h"
 #include "support/Printing.h"
 #include "support/SessionFixture.h"
@@ -40,7 +40,7 @@ QStringList unmatched(Form& form)
 TEST(Windows, EveryControlHasItsWidgetAndEveryNamedWidgetItsControl)
 {
   SessionFixture at;
-  ProgramScreens screens(at.session);
+  std::vector<std::unique_ptr<Screen>> screens;
   frmCode codes(at.session, {});
   frmWarehouseSelect accounts(at.session, {});
   frmOption_Bill columns(at.session);
@@ -48,7 +48,7 @@ TEST(Windows, EveryControlHasItsWidgetAndEveryNamedWidgetItsControl)
   QList<Form*> forms{&codes, &accounts, &columns, &progress};
   for (const QString& name : {u"frmPayfund"_s, u"frmGathefund"_s, u"frmBankKeepTake"_s, u"frmFeeElseIncome"_s, u"frmFeeSustain"_s,
                               u"frmGouDui"_s, u"frmGouDuiTogather"_s, u"frmSFKHeXiao"_s})
-    forms.append(screens.screen(name));
+    forms.append(&screens.emplace_back(makeProgramScreen(at.session, name))->form());
   for (Form* const form : forms)
     EXPECT_EQ(unmatched(*form).join(u", "_s), u""_s) << shown(form->name());
 }
