@@ -3,6 +3,7 @@
 #include "accountset/CheckQueries.h"
 #include "database/EmbeddedEngine.h"
 #include "database/ServerEngine.h"
+#include "ledger/BillKinds.h"
 
 namespace Check {
 namespace {
@@ -32,6 +33,23 @@ QString filled(const char* text, NamedValues values)
   for (const auto& [name, value] : values)
     whole.replace(QLatin1String(name), value);
   return whole;
+}
+
+QString isBillOf(const QStringList& tables, const QString& code)
+{
+  QStringList lookups;
+  for (const QString& table : tables)
+    lookups.append(filled("exists (select 1 from @table b where b.Code=@code)", {{"@table", table}, {"@code", code}}));
+  return u'(' + lookups.join(u" or ") + u')';
+}
+
+QStringList headerTables(bool (*wanted)(const BillKind& kind))
+{
+  QStringList tables;
+  for (const BillKind* const kind : BillKinds::All)
+    if (wanted(*kind))
+      tables.append(QLatin1String(kind->headerTable));
+  return tables;
 }
 
 tl::expected<void, QString> run(const AccountSetLocation& location, const std::function<void(const Finding&)>& report)

@@ -1,22 +1,9 @@
 #include "accountset/CheckQueries.h"
 
+#include "ledger/BillKinds.h"
+
 namespace Check {
 namespace {
-
-// A money bill with lines: its tables, the line's column for the bill, and whether it has a partner.
-struct MoneyBill {
-  const char* header;
-  const char* lines;
-  const char* link;
-  bool hasPartner = false;
-};
-constexpr MoneyBill MoneyBills[] = {
-    {"TabPayfundBill", "TabPayfundBillInf", "BillCode", true},
-    {"TabGathefundBill", "TabGathefundBillInf", "BillCode", true},
-    {"TabFee", "TabFeeInf", "Code"},
-    {"TabElseIncome", "TabElseIncomeInf", "Code"},
-    {"TabSustain", "TabSustainInf", "Code", true},
-};
 
 constexpr Rule Rules[] = {
     {"@header: 单据金额与明细合计不符（单号、单据金额、明细合计）",
@@ -58,10 +45,11 @@ constexpr Rule PartnerRule = {"@header: 单据单位与明细单位不符（单�
         where l.@link=h.Code and coalesce(h.UnitCode,'')<>coalesce(l.UnitCode,'')
         order by h.Code)"};
 
-Query queryOf(const Rule& rule, const MoneyBill& bill)
+Query queryOf(const Rule& rule, const BillKind& kind)
 {
-  return queryOf(rule,
-                 {{"@header", QLatin1String(bill.header)}, {"@lines", QLatin1String(bill.lines)}, {"@link", QLatin1String(bill.link)}});
+  return queryOf(rule, {{"@header", QLatin1String(kind.headerTable)},
+                        {"@lines", QLatin1String(kind.lines->table)},
+                        {"@link", QLatin1String(kind.lines->billCode)}});
 }
 
 } // namespace
@@ -69,11 +57,13 @@ Query queryOf(const Rule& rule, const MoneyBill& bill)
 QList<Query> billQueries()
 {
   QList<Query> queries;
-  for (const MoneyBill& bill : MoneyBills) {
+  for (const BillKind* const kind : BillKinds::All) {
+    if (!kind->lines)
+      continue;
     for (const Rule& rule : Rules)
-      queries.append(queryOf(rule, bill));
-    if (bill.hasPartner)
-      queries.append(queryOf(PartnerRule, bill));
+      queries.append(queryOf(rule, *kind));
+    if (kind->hasPartner)
+      queries.append(queryOf(PartnerRule, *kind));
   }
   return queries;
 }

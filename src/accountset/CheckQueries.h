@@ -3,10 +3,12 @@
 #include "database/Engine.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 #include <initializer_list>
 #include <utility>
+
+struct BillKind;
 
 // The queries of the check, by subject. Each returns the rows in which its rule does not hold.
 namespace Check {
@@ -27,8 +29,7 @@ using NamedValues = std::initializer_list<std::pair<const char*, QString>>;
 Query queryOf(const Rule& rule, NamedValues values);
 
 // The tables of the bills that money bills settle.
-inline constexpr const char* GoodsBills[] = {"TabInBill",        "TabInCancleBill", "TabOutBill",
-                                             "TabOutCancleBill", "TabElseInBill",   "TabElseOutBill"};
+inline const QStringList GoodsBills = {"TabInBill", "TabInCancleBill", "TabOutBill", "TabOutCancleBill", "TabElseInBill", "TabElseOutBill"};
 
 // Header and lines of the money bills.
 QList<Query> billQueries();
@@ -45,13 +46,9 @@ QList<Query> settlementQueries();
 QString filled(const char* text, NamedValues values);
 
 // "a header of one of these tables has this code".
-template <std::size_t N> QString isBillOf(const char* const (&tables)[N], const QString& code)
-{
-  QString text;
-  for (const char* table : tables)
-    text += (text.isEmpty() ? "(" : " or ") +
-            filled("exists (select 1 from @table b where b.Code=@code)", {{"@table", QLatin1String(table)}, {"@code", code}});
-  return text + u')';
-}
+QString isBillOf(const QStringList& tables, const QString& code);
+
+// The header tables of the money bills that are `wanted`.
+QStringList headerTables(bool (*wanted)(const BillKind& kind));
 
 } // namespace Check

@@ -1,10 +1,9 @@
 #include "accountset/CheckQueries.h"
 
+#include "ledger/BillKinds.h"
+
 namespace Check {
 namespace {
-
-// The tables whose bills have links to goods bills.
-constexpr const char* SettlingBills[] = {"TabPayfundBill", "TabGathefundBill", "TabSustain"};
 
 constexpr Rule OrphanRules[] = {
     {"核销记录的业务单据已不存在（业务单号、收付款单号、核销金额）",
@@ -43,9 +42,9 @@ constexpr Rule AllocationRule = {"@header: 核销记录合计与收付款金额�
         where x.SFKBillCode=h.Code and abs(x.Total-coalesce(h.SumMoney,0))>@slack
         order by h.Code)"};
 
-Query queryOf(const Rule& rule, const char* header, const char* amount)
+Query queryOf(const Rule& rule, const QString& header, const char* amount)
 {
-  return queryOf(rule, {{"@header", QLatin1String(header)}, {"@slack", filled(Slack, {{"@amount", QLatin1String(amount)}})}});
+  return queryOf(rule, {{"@header", header}, {"@slack", filled(Slack, {{"@amount", QLatin1String(amount)}})}});
 }
 
 } // namespace
@@ -55,13 +54,14 @@ QList<Query> settlementQueries()
   QList<Query> queries;
   for (const Rule& rule : OrphanRules)
     queries.append(queryOf(rule, {{"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("x.InOutBillCode"))},
-                                  {"@isSettlingBill", isBillOf(SettlingBills, QStringLiteral("x.SFKBillCode"))}}));
-  for (const char* header : GoodsBills)
+                                  {"@isSettlingBill", isBillOf(headerTables([](const BillKind& kind) { return kind.hasPartner; }),
+                                                               QStringLiteral("x.SFKBillCode"))}}));
+  for (const QString& header : GoodsBills)
     queries.append(queryOf(GoodsRule, header, "coalesce(x.Total,0)"));
-  for (const char* header : {"TabInBill", "TabOutBill"})
-    queries.append(queryOf(DueRule, header, "h.SumMoney"));
-  for (const char* header : {"TabPayfundBill", "TabGathefundBill"})
-    queries.append(queryOf(AllocationRule, header, "x.Total"));
+  for (const BillKind* const kind : {&BillKinds::Payment, &BillKinds::Receipt})
+    queries.append(queryOf(DueRule, kind->writeOff->goodsTable, "h.SumMoney"));
+  for (const BillKind* const kind : {&BillKinds::Payment, &BillKinds::Receipt})
+    queries.append(queryOf(AllocationRule, kind->headerTable, "x.Total"));
   return queries;
 }
 

@@ -1,28 +1,12 @@
 #include "accountset/CheckQueries.h"
 
+#include "ledger/BillKinds.h"
 #include "platform/DateText.h"
 
 #include <algorithm>
 
 namespace Check {
 namespace {
-
-// The kinds of bill that can have a voucher: the name under which the settings know the kind, and what
-// selects it among the headers of its table.
-struct VoucherKind {
-  const char* name;
-  const char* header;
-  const char* only = "";
-};
-constexpr VoucherKind VoucherKinds[] = {
-    {"付款单", "TabPayfundBill"},
-    {"收款单", "TabGathefundBill"},
-    {"银行存取款单", "TabKeepTake"},
-    {"费用开支单", "TabFee"},
-    {"其他收入单", "TabElseIncome"},
-    {"费用抵冲(客户)", "TabSustain", "and h.SustainType='客户'"},
-    {"费用抵冲(供应商)", "TabSustain", "and h.SustainType='供应商'"},
-};
 
 constexpr Rule Rules[] = {
     {"凭证借贷不平（凭证号、借方、贷方）",
@@ -107,21 +91,17 @@ constexpr Rule KindRules[] = {
         order by h.Code)"},
 };
 
-QString sameKind(const VoucherKind& kind)
+// The rules of a kind of bill, of a fee offset in one of its modes.
+void appendRules(QList<Query>& queries, const BillKind& kind, const OffsetMode* mode, const QString& closed)
 {
-  return QLatin1String(kind.header) == QLatin1String("TabSustain") ? QStringLiteral("and e.SustainType=h.SustainType") : QString();
+  const QString type = mode ? QString::fromUtf16(mode->type) : QString();
+  for (const Rule& rule : KindRules)
+    queries.append(queryOf(rule, {{"@header", QLatin1String(kind.headerTable)},
+                                  {"@kind", QString::fromUtf16(mode ? mode->name : kind.name)},
+                                  {"@only", mode ? "and h.SustainType='" + type + "'" : QString()},
+                                  {"@sameKind", mode ? "and e.SustainType=h.SustainType" : QString()},
+                                  {"@closed", closed}}));
 }
-
-Query queryOf(const Rule& rule, const VoucherKind& kind, const QString& closed)
-{
-  return queryOf(rule, {{"@header", QLatin1String(kind.header)},
-                        {"@kind", QString::fromUtf8(kind.name)},
-                        {"@only", QString::fromUtf8(kind.only)},
-                        {"@sameKind", sameKind(kind)},
-                        {"@closed", closed}});
-}
-
-constexpr const char* MoneyBills[] = {"TabPayfundBill", "TabGathefundBill", "TabKeepTake", "TabFee", "TabElseIncome", "TabSustain"};
 
 } // namespace
 
@@ -129,13 +109,16 @@ QList<Query> voucherQueries(const QString& closed)
 {
   QList<Query> queries;
   for (const Rule& rule : Rules)
-    queries.append(queryOf(rule, {{"@isMoneyBill", isBillOf(MoneyBills, QStringLiteral("h.JXCBillCode"))},
-                                  {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}}));
+    queries.append(
+        queryOf(rule, {{"@isMoneyBill", isBillOf(headerTables([](const BillKind&) { return true; }), QStringLiteral("h.JXCBillCode"))},
+                       {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}}));
   for (const QString& book : {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")})
     queries.append(queryOf(NumberRule, {{"@n", book}}));
-  for (const VoucherKind& kind : VoucherKinds)
-    for (const Rule& rule : KindRules)
-      queries.append(queryOf(rule, kind, closed));
+  for (const BillKind* const kind : BillKinds::All)
+    if (kind != &BillKinds::FeeOffset)
+      appendRules(queries, *kind, nullptr, closed);
+  for (const OffsetMode* const mode : {&BillKinds::CustomerOffset, &BillKinds::SupplierOffset})
+    appendRules(queries, BillKinds::FeeOffset, mode, closed);
   return queries;
 }
 

@@ -30,6 +30,8 @@ struct BillRecord {
   QString currency = {};
   double rate = 1;
   QString auditor; // empty for a bill that is not audited
+  QString state = QStringLiteral("正常");
+  QString report = {}; // says that the voucher has been made
   Currency sum = {};
   QList<BillLine> lines = {}; // of a kind that has lines
 

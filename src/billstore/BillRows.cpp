@@ -54,10 +54,10 @@ Statement header(const BillKind& kind, const BillRecord& record)
 {
   Values values{sqlText(record.code), date(record)};
   values += ownColumns(kind, record);
-  values += {sqlText(record.remark), sqlText(record.type), sqlText(QStringLiteral("正常"))};
+  values += {sqlText(record.remark), sqlText(record.type), sqlText(record.state)};
   if (!record.offsetType.isEmpty())
     values += sqlText(record.offsetType);
-  values += {sqlText({}), sqlText(record.saleMan)}; // no voucher reported yet
+  values += {sqlText(record.report), sqlText(record.saleMan)};
   return Statement::joined(values + closing(record), u",");
 }
 
@@ -68,7 +68,7 @@ Statement line(const BillKind& kind, const BillRecord& record, int number)
   if (kind.hasPartner)
     values += account(record.partner);
   values += account(line.account);
-  values += {money(line.amount), sqlText(line.remark), sqlText(QStringLiteral("正常"))};
+  values += {money(line.amount), sqlText(line.remark), sqlText(record.state)};
   return Statement::joined(values + closing(record), u",");
 }
 

@@ -28,6 +28,15 @@ void RowWriter::insert(const char* table, std::initializer_list<Value> values)
     sqlite3_reset(statement);
 }
 
+void RowWriter::insert(const char* table, const Statement& values)
+{
+  if (!m_result)
+    return;
+  const QByteArray sql = QByteArray("insert into ") + table + " values(" + values.sql().toUtf8() + ")";
+  if (sqlite3_exec(m_database, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    m_result = tl::unexpected(QLatin1String(table) + QStringLiteral(": ") + Sqlite::errorOf(m_database).description);
+}
+
 sqlite3_stmt* RowWriter::statementFor(const char* table, std::size_t columns)
 {
   Sqlite::Statement& kept = m_statements[table];

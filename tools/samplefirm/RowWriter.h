@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/Sqlite.h"
+#include "database/Statement.h"
 
 #include <QByteArray>
 #include <QString>
@@ -33,6 +34,8 @@ public:
 
   // One row with a value for each column of the table, in their order.
   void insert(const char* table, std::initializer_list<Value> values);
+  // The same with the values as SQL.
+  void insert(const char* table, const Statement& values);
 
   // The first failure, if there was one.
   [[nodiscard]] const tl::expected<void, QString>& result() const { return m_result; }

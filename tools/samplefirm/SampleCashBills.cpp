@@ -212,9 +212,9 @@ void addOffsets(std::vector<CashBill>& bills)
 
 void number(std::vector<CashBill>& bills)
 {
-  std::map<std::pair<QStringView, QDate>, int> serials;
+  std::map<std::pair<const BillKind*, QDate>, int> serials;
   for (CashBill& bill : bills)
-    bill.code = documentCode(bill.kind->prefix, bill.day, ++serials[{bill.kind->prefix, bill.day}]);
+    bill.code = documentCode(QString::fromLatin1(bill.kind->kind.prefix), bill.day, ++serials[{&bill.kind->kind, bill.day}]);
 }
 
 } // namespace

@@ -1,37 +1,54 @@
 #pragma once
 
+#include "ledger/BillKinds.h"
 #include "samplefirm/SampleGoodsBills.h"
 
 // The money documents of the sample firm, and which goods bills they settle.
 namespace SampleFirm {
 
-// How the header and the lines of a money document are laid out.
-enum class CashLayout { Fund, Transfer, Fee, Offset };
-
 // What differs between the kinds of money documents.
 struct CashKind {
-  CashLayout layout;
-  const char* headerTable;
-  const char* lineTable; // null if it has no lines
-  QStringView prefix;
+  const BillKind& kind;
   QStringView billType;
   QStringView settingName; // under which the accounting keeps how its vouchers are made
   QStringView voucherType;
   QStringView voucherWord;
   QStringView summaryEnd;
   bool linesAreDebit;
+  const OffsetMode* mode = nullptr;
+
+  constexpr CashKind(const BillKind& bill, QStringView type, QStringView word, QStringView end, bool debit)
+      : kind(bill), billType(bill.operation), settingName(bill.name), voucherType(type), voucherWord(word), summaryEnd(end),
+        linesAreDebit(debit)
+  {
+  }
+  constexpr CashKind of(QStringView ofType) const
+  {
+    CashKind other(*this);
+    other.billType = ofType;
+    return other;
+  }
+  constexpr CashKind of(const OffsetMode& ofMode) const
+  {
+    CashKind other(*this);
+    other.settingName = ofMode.name;
+    other.mode = &ofMode;
+    other.linesAreDebit = &ofMode == &BillKinds::CustomerOffset;
+    return other;
+  }
 };
 
+inline constexpr CashKind AnyTransfer(BillKinds::Bank, u"付款凭证", u"付", u"号银行存取单", true);
+inline constexpr CashKind AnyOffset(BillKinds::FeeOffset, u"转账凭证", u"转", u"号费用抵冲单", true);
 inline constexpr CashKind CashKinds[] = {
-    {CashLayout::Fund, "TabPayfundBill", "TabPayfundBillInf", u"FKD", u"付款", u"付款单", u"付款凭证", u"付", u"号付款单", false},
-    {CashLayout::Fund, "TabGathefundBill", "TabGathefundBillInf", u"SKD", u"收款", u"收款单", u"收款凭证", u"收", u"号收款单", true},
-    {CashLayout::Transfer, "TabKeepTake", nullptr, u"CQD", u"银行存取（存现）", u"银行存取款单", u"付款凭证", u"付", u"号银行存取单", true},
-    {CashLayout::Transfer, "TabKeepTake", nullptr, u"CQD", u"银行存取（取现）", u"银行存取款单", u"付款凭证", u"付", u"号银行存取单", true},
-    {CashLayout::Fee, "TabFee", "TabFeeInf", u"FYD", u"费用开支", u"费用开支单", u"付款凭证", u"付", u"号费用开支单", true},
-    {CashLayout::Fee, "TabElseIncome", "TabElseIncomeInf", u"QSD", u"其他收入", u"其他收入单", u"收款凭证", u"收", u"号其他收入单", false},
-    {CashLayout::Offset, "TabSustain", "TabSustainInf", u"DCD", u"费用抵冲", u"费用抵冲(客户)", u"转账凭证", u"转", u"号费用抵冲单", true},
-    {CashLayout::Offset, "TabSustain", "TabSustainInf", u"DCD", u"费用抵冲", u"费用抵冲(供应商)", u"转账凭证", u"转", u"号费用抵冲单",
-     false},
+    {BillKinds::Payment, u"付款凭证", u"付", u"号付款单", false},
+    {BillKinds::Receipt, u"收款凭证", u"收", u"号收款单", true},
+    AnyTransfer.of(u"银行存取（存现）"),
+    AnyTransfer.of(u"银行存取（取现）"),
+    {BillKinds::Expense, u"付款凭证", u"付", u"号费用开支单", true},
+    {BillKinds::OtherIncome, u"收款凭证", u"收", u"号其他收入单", false},
+    AnyOffset.of(BillKinds::CustomerOffset),
+    AnyOffset.of(BillKinds::SupplierOffset),
 };
 inline constexpr const CashKind& Payment = CashKinds[0];
 inline constexpr const CashKind& Receipt = CashKinds[1];

@@ -56,7 +56,7 @@ struct Line {
 QString allNameOf(const Voucher& v, const Line& line)
 {
   const QString stored = fullName(line.part.account);
-  return line.isCounter && v.bill.kind->layout != CashLayout::Transfer ? line.part.account.toString() + u'>' + stored : stored;
+  return line.isCounter && v.bill.kind->kind.lines ? line.part.account.toString() + u'>' + stored : stored;
 }
 
 void writeLine(RowWriter& rows, const Voucher& v, const Line& line)
