@@ -11,25 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What an item is there for; a bill without it goes without the item.
-enum class Needs { Nothing, Lines, Partner, WriteOff };
-
-bool has(const BillTraits& traits, Needs needs)
-{
-  switch (needs) {
-  case Needs::Nothing: return true;
-  case Needs::Lines: return traits.lines;
-  case Needs::Partner: return traits.partner;
-  case Needs::WriteOff: return traits.kind.writeOff;
-  }
-  return false;
-}
-
 struct Item {
   const char* name; // null for the partner's button, which each bill calls its own
   const char16_t* caption;
   void (*press)(BillScreen& screen);
-  Needs needs = Needs::Nothing;
+  BillArea of = BillArea::Head; // a bill without it goes without the item
 };
 
 void deleteLayout(BillScreen& screen)
@@ -48,13 +34,13 @@ constexpr Item Tools[] = {
     {"ToolAuditing", u"审核", [](BillScreen& s) { s.RequestAudit(); }},
     {"ToolUnAuditing", u"反审核", [](BillScreen& s) { s.RequestUnAudit(); }},
     {"ToolDelete", u"删除", [](BillScreen& s) { s.FDelete_Click(); }},
-    {"ToolInsertRow", u"插入行", [](BillScreen& s) { s.lines->InsertLineRow(); }, Needs::Lines},
-    {"ToolDeleteRow", u"删除行", [](BillScreen& s) { s.lines->DeleteLineRow(); }, Needs::Lines},
+    {"ToolInsertRow", u"插入行", [](BillScreen& s) { s.lines->InsertLineRow(); }, BillArea::Lines},
+    {"ToolDeleteRow", u"删除行", [](BillScreen& s) { s.lines->DeleteLineRow(); }, BillArea::Lines},
     {"ToolRedWord", u"作废", [](BillScreen& s) { s.VoidBill(); }},
     {"ToolSeeWarrent", u"凭证", [](BillScreen& s) { Vouchers::ShowVoucher(s.session, s.store.bill().code); }},
-    {"ToolHX", u"核销", [](BillScreen& s) { s.openWriteOff(); }, Needs::WriteOff},
+    {"ToolHX", u"核销", [](BillScreen& s) { s.openWriteOff(); }, BillArea::WriteOff},
     {"ToolPrint", u"打印", [](BillScreen& s) { s.menus.MPrint.popUp(); }},
-    {nullptr, u"资料", [](BillScreen& s) { s.partner->ShowPartnerInfo(); }, Needs::Partner},
+    {nullptr, u"资料", [](BillScreen& s) { s.partner->ShowPartnerInfo(); }, BillArea::Partner},
     {"ToolImg", u"图文", [](BillScreen& s) { OpenBillImages(s.session, s.store.bill().code, s.voucherKind()); }},
     {"ToolBefore", u"前单", [](BillScreen& s) { s.BrowsePrevious(); }},
     {"ToolBack", u"后单", [](BillScreen& s) { s.BrowseNext(); }},
@@ -67,8 +53,8 @@ constexpr Item FileItems[] = {
     {"FDelete", u"删除单据", [](BillScreen& s) { s.FDelete_Click(); }},
     {"FSeeWarrent", u"查看凭证", [](BillScreen& s) { Vouchers::FSeeWarrent_Click(s.session, s.store.bill().code); }},
     {"FJXCAccount", u"自动生成会计凭证对应科目设置", [](BillScreen& s) { s.FJXCAccount_Click(); }},
-    {"FMSHFormat", u"界面列表格式设置", [](BillScreen& s) { s.lines->FMSHFormat_Click(); }, Needs::Lines},
-    {"FDeleteMSHFormat", u"删除界面列表格式", deleteLayout, Needs::Lines},
+    {"FMSHFormat", u"界面列表格式设置", [](BillScreen& s) { s.lines->FMSHFormat_Click(); }, BillArea::Lines},
+    {"FDeleteMSHFormat", u"删除界面列表格式", deleteLayout, BillArea::Lines},
     {"FPrintSet", u"打印设置", printSettings},
 };
 
@@ -101,7 +87,7 @@ BillMenus::BillMenus(BillScreen& screen, const BillTraits& traits)
 void BillMenus::buildToolbar(const BillTraits& traits)
 {
   for (const Item& item : Tools) {
-    if (!has(traits, item.needs))
+    if (!traits.has(item.of))
       continue;
     auto* const button = add<ToolButton>(m_screen, Toolbar1, item, item.name ? QString() : QString::fromLatin1(traits.partner->infoTool));
     if (!item.name)
@@ -114,7 +100,7 @@ void BillMenus::buildToolbar(const BillTraits& traits)
 void BillMenus::buildFileMenu(const BillTraits& traits)
 {
   for (const Item& item : FileItems)
-    if (has(traits, item.needs))
+    if (traits.has(item.of))
       add<MenuItem>(m_screen, File, item);
   Menu* const exports = new Menu(&File, u"FExcle"_s);
   exports->setCaption(u"导出至Excel文件..."_s);

@@ -88,9 +88,8 @@ QList<BillTemplate::Placeholder> placeholders(const BillScreen& screen)
 {
   const WordValues values(screen);
   QList<BillTemplate::Placeholder> all;
-  // A fee offset knows no balance, and no word for it.
-  for (const TemplateWord& word : screen.traits().templateWords)
-    if (word.value != TemplateWord::Balance || screen.balance)
+  for (const TemplateWord& word : TemplateWords)
+    if (screen.traits().has(word.of))
       all.append({QString::fromUtf16(word.word), values.of(word), word.isAmount()});
   return all;
 }

@@ -56,7 +56,6 @@ struct BillTraits {
 
   std::span<const PrintLine> printHead;
   std::span<const PrintLine> printFoot = {};
-  std::span<const TemplateWord> templateWords;
 
   const char16_t* duplicateCode;
   const char16_t* missingAtVoid;
@@ -68,4 +67,18 @@ struct BillTraits {
   bool isTurnedByBill = false;
   // Fields that a delete empties; a bill without any starts a new one instead.
   std::span<const char* const> emptyAfterDelete = {};
+
+  constexpr bool has(BillArea area) const
+  {
+    switch (area) {
+    case BillArea::Head: return true;
+    case BillArea::Partner: return partner;
+    case BillArea::Lines: return lines;
+    case BillArea::Transfer: return hasTransfer;
+    case BillArea::Paid: return hasPaid;
+    case BillArea::Balance: return balanceSign != 0;
+    case BillArea::WriteOff: return kind.writeOff;
+    }
+    return false;
+  }
 };

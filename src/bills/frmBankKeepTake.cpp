@@ -43,7 +43,6 @@ constexpr BillTraits Traits{
     .checks = Checks,
     .hasTransfer = true,
     .printHead = BankHead,
-    .templateWords = BankWords,
     .duplicateCode = u"单编号重复，请修改！",
     .missingAtVoid = u"单编号不存在，作废失败！",
     .emptyAfterDelete = EmptyAfterDelete,

@@ -67,7 +67,6 @@ constexpr BillTraits traitsOf(const BillKind& kind, const LineTraits& lines)
       .hasPaid = true,
       .printHead = FeeHead,
       .printFoot = FeeFoot,
-      .templateWords = FeeWords,
       .duplicateCode = u"单据编号重复，请修改！",
       .missingAtVoid = u"单据编号不存在，作废失败！",
       .isTurnedByBill = true,

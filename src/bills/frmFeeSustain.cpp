@@ -46,7 +46,6 @@ constexpr BillTraits Traits{
     .lines = &Lines,
     .printHead = PartnerHead,
     .printFoot = TotalFoot,
-    .templateWords = PartnerWords,
     .duplicateCode = u"费用抵冲单编号重复，请修改！",
     .missingAtVoid = u"费用抵冲单编号不存在，作废失败！",
     .asksRightAtVoid = false,

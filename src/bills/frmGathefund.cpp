@@ -40,7 +40,6 @@ constexpr BillTraits Traits{
     .balanceSign = 1,
     .printHead = PartnerHead,
     .printFoot = TotalFoot,
-    .templateWords = PartnerWords,
     .duplicateCode = u"收款单编号重复，请修改！",
     .missingAtVoid = u"收款单编号不存在，作废失败！",
     .newClosesEditor = true,

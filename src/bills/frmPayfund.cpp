@@ -51,7 +51,6 @@ constexpr BillTraits Traits{
     .balanceSign = -1,
     .printHead = PartnerHead,
     .printFoot = TotalFoot,
-    .templateWords = PartnerWords,
     .duplicateCode = u"付款单编号重复，请修改！",
     .missingAtVoid = u"付款单编号不存在，作废失败！",
 };

@@ -53,7 +53,7 @@ constexpr BillType Bills[] = {
 BillTables find(const QString& billName)
 {
   const QString name = Trim(billName);
-  if (const BillKind* const kind = BillKinds::by(&BillKind::names, name))
+  if (const BillKind* const kind = BillKinds::first(&BillKind::isCalled, name))
     return BillTables{kind->headerTable, kind->lines ? kind->lines->table : ""};
   for (const BillType& bill : Bills)
     if (name == QStringView(bill.name))

@@ -3,6 +3,7 @@
 #include <QLatin1String>
 #include <QStringView>
 
+#include <algorithm>
 #include <span>
 
 // The catalogue of the bills that this program keeps, one row a kind. Whatever needs a name, a code prefix, a table or
@@ -45,10 +46,23 @@ struct BillKind {
   const BillLines* lines = nullptr;
   const char* partnerAccount = ""; // column of TabClient with the account that the voucher needs
   const BillWriteOff* writeOff = nullptr;
-  BillNames newOrders;  // orders that open the screen for a new bill,
-  BillNames viewOrders; // and on a stored one
-  BillNames names;      // by which the programs of the suite call it
-  BillNames imageNames; // the same for its images
+  // Where the suite says it in more ways than one: orders that open the screen for a new bill, and on a stored one,
+  // instead of the operation; names of the kind, and those of its images.
+  BillNames newOrders = {};
+  BillNames viewOrders = {};
+  BillNames names = {};
+  BillNames imageNames = {};
+
+  bool opensNew(QStringView order) const { return isOneOf(order, newOrders, operation); }
+  bool opensStored(QStringView order) const { return isOneOf(order, viewOrders, operation); }
+  bool isCalled(QStringView other) const { return isOneOf(other, names, name); }
+  bool hasImagesCalled(QStringView other) const { return imageNames.empty() ? isCalled(other) : isOneOf(other, imageNames, name); }
+
+private:
+  static bool isOneOf(QStringView text, BillNames list, QStringView otherwise)
+  {
+    return list.empty() ? text == otherwise : std::any_of(list.begin(), list.end(), [text](QStringView one) { return one == text; });
+  }
 };
 
 namespace BillKinds {
@@ -56,8 +70,6 @@ namespace BillKinds {
 inline constexpr BillLines PaymentLines{"TabPayfundBillInf", "BillCode", "AccountantCode", "AccountantName"};
 inline constexpr const char16_t* PurchaseTypes[] = {u"采购入库", u"购买入库"};
 inline constexpr BillWriteOff PaymentWriteOff{u"付款核销", u"付款核销查询原单", "TabInBill", PurchaseTypes};
-inline constexpr const char16_t* PaymentOrders[] = {u"付款"};
-inline constexpr const char16_t* PaymentNames[] = {u"付款单"};
 inline constexpr BillKind Payment{.name = u"付款单",
                                   .operation = u"付款",
                                   .screen = "frmPayfund",
@@ -66,17 +78,11 @@ inline constexpr BillKind Payment{.name = u"付款单",
                                   .hasPartner = true,
                                   .lines = &PaymentLines,
                                   .partnerAccount = "YingFuCode",
-                                  .writeOff = &PaymentWriteOff,
-                                  .newOrders = PaymentOrders,
-                                  .viewOrders = PaymentOrders,
-                                  .names = PaymentNames,
-                                  .imageNames = PaymentNames};
+                                  .writeOff = &PaymentWriteOff};
 
 inline constexpr BillLines ReceiptLines{"TabGathefundBillInf", "BillCode", "AccountantCode", "AccountantName"};
 inline constexpr const char16_t* SaleTypes[] = {u"销售出库"};
 inline constexpr BillWriteOff ReceiptWriteOff{u"收款核销", u"收款核销查询原单", "TabOutBill", SaleTypes};
-inline constexpr const char16_t* ReceiptOrders[] = {u"收款"};
-inline constexpr const char16_t* ReceiptNames[] = {u"收款单"};
 inline constexpr BillKind Receipt{.name = u"收款单",
                                   .operation = u"收款",
                                   .screen = "frmGathefund",
@@ -85,14 +91,9 @@ inline constexpr BillKind Receipt{.name = u"收款单",
                                   .hasPartner = true,
                                   .lines = &ReceiptLines,
                                   .partnerAccount = "YingShouCode",
-                                  .writeOff = &ReceiptWriteOff,
-                                  .newOrders = ReceiptOrders,
-                                  .viewOrders = ReceiptOrders,
-                                  .names = ReceiptNames,
-                                  .imageNames = ReceiptNames};
+                                  .writeOff = &ReceiptWriteOff};
 
 // The whole bill is its header. The programs of the suite do not agree how to spell it.
-inline constexpr const char16_t* BankOrders[] = {u"银行存取"};
 inline constexpr const char16_t* BankViews[] = {u"银行存取（存现）", u"银行存取（取现）", u"银行存取(存现)", u"银行存取(取现)"};
 inline constexpr const char16_t* BankNames[] = {u"银行存取款单", u"银行存取(取现)单", u"银行存取(存现)单"};
 inline constexpr const char16_t* BankImages[] = {u"银行存取款单", u"银行存取（取现）单", u"银行存取(存现)单"};
@@ -101,44 +102,30 @@ inline constexpr BillKind Bank{.name = u"银行存取款单",
                                .screen = "frmBankKeepTake",
                                .prefix = "CQD",
                                .headerTable = "TabKeepTake",
-                               .newOrders = BankOrders,
                                .viewOrders = BankViews,
                                .names = BankNames,
                                .imageNames = BankImages};
 
 inline constexpr BillLines ExpenseLines{"TabFeeInf", "Code", "AccountCode", "AccountName"};
-inline constexpr const char16_t* ExpenseOrders[] = {u"费用开支"};
-inline constexpr const char16_t* ExpenseNames[] = {u"费用开支单"};
 inline constexpr BillKind Expense{.name = u"费用开支单",
                                   .operation = u"费用开支",
                                   .screen = "frmFeeElseIncome",
                                   .prefix = "FYD",
                                   .headerTable = "TabFee",
-                                  .lines = &ExpenseLines,
-                                  .newOrders = ExpenseOrders,
-                                  .viewOrders = ExpenseOrders,
-                                  .names = ExpenseNames,
-                                  .imageNames = ExpenseNames};
+                                  .lines = &ExpenseLines};
 
 inline constexpr BillLines OtherIncomeLines{"TabElseIncomeInf", "Code", "AccountCode", "AccountName"};
-inline constexpr const char16_t* OtherIncomeOrders[] = {u"其他收入"};
-inline constexpr const char16_t* OtherIncomeNames[] = {u"其他收入单"};
 inline constexpr BillKind OtherIncome{.name = u"其他收入单",
                                       .operation = u"其他收入",
                                       .screen = "frmFeeElseIncome",
                                       .prefix = "QSD",
                                       .headerTable = "TabElseIncome",
-                                      .lines = &OtherIncomeLines,
-                                      .newOrders = OtherIncomeOrders,
-                                      .viewOrders = OtherIncomeOrders,
-                                      .names = OtherIncomeNames,
-                                      .imageNames = OtherIncomeNames};
+                                      .lines = &OtherIncomeLines};
 
 inline constexpr OffsetMode CustomerOffset{u"费用抵冲(客户)", u"费用抵冲单--客户", u"客户", "YingShouCode"};
 inline constexpr OffsetMode SupplierOffset{u"费用抵冲(供应商)", u"费用抵冲单--供应商", u"供应商", "YingFuCode"};
 inline constexpr BillLines FeeOffsetLines{"TabSustainInf", "Code", "AccountantCode", "AccountantName"};
 inline constexpr const char16_t* FeeOffsetOrders[] = {CustomerOffset.name, SupplierOffset.name};
-inline constexpr const char16_t* FeeOffsetViews[] = {u"费用抵冲"};
 inline constexpr const char16_t* FeeOffsetNames[] = {u"费用抵冲单", u"费用抵冲(客户)单", u"费用抵冲(供应商)单", CustomerOffset.name,
                                                      SupplierOffset.name};
 inline constexpr BillKind FeeOffset{.name = u"费用抵冲单",
@@ -149,28 +136,15 @@ inline constexpr BillKind FeeOffset{.name = u"费用抵冲单",
                                     .hasPartner = true,
                                     .lines = &FeeOffsetLines,
                                     .newOrders = FeeOffsetOrders,
-                                    .viewOrders = FeeOffsetViews,
-                                    .names = FeeOffsetNames,
-                                    .imageNames = FeeOffsetNames};
+                                    .names = FeeOffsetNames};
 
 inline constexpr const BillKind* All[] = {&Payment, &Receipt, &Bank, &Expense, &OtherIncome, &FeeOffset};
 
-// The kind that has `value` among these names of its own, for example `BillKinds::by(&BillKind::viewOrders, order)`; null if
-// none has.
-inline const BillKind* by(BillNames BillKind::*names, QStringView value)
+// The kind of which `is` holds, for example `first(&BillKind::opensNew, order)`; null if there is none.
+inline const BillKind* first(bool (BillKind::*is)(QStringView) const, QStringView text)
 {
   for (const BillKind* const kind : All)
-    for (const char16_t* const name : kind->*names)
-      if (value == QStringView(name))
-        return kind;
-  return nullptr;
-}
-
-// The kind with this header table; null if there is none.
-inline const BillKind* withHeader(QStringView table)
-{
-  for (const BillKind* const kind : All)
-    if (table == QLatin1String(kind->headerTable))
+    if ((kind->*is)(text))
       return kind;
   return nullptr;
 }

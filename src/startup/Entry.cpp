@@ -37,7 +37,7 @@ void show(Session& session, Screen& screen, bool keepScreen)
 std::unique_ptr<Screen> openNewScreen(Session& session, ScreenMaker make)
 {
   const QString order = Trim(session.params.OperateType);
-  const BillKind* const kind = BillKinds::by(&BillKind::newOrders, order);
+  const BillKind* const kind = BillKinds::first(&BillKind::opensNew, order);
   const char* name = kind ? kind->screen : nullptr;
   for (const ListScreen& list : ListScreens)
     if (order == QStringView(list.order))
@@ -62,7 +62,7 @@ std::unique_ptr<Screen> openView(Session& session, ScreenMaker make)
 {
   const QString order = Trim(session.params.OperationsDirective2);
   const bool isSourceBill = isSourceOrder(order);
-  const BillKind* const kind = isSourceBill ? &BillKinds::Receipt : BillKinds::by(&BillKind::viewOrders, order);
+  const BillKind* const kind = isSourceBill ? &BillKinds::Receipt : BillKinds::first(&BillKind::opensStored, order);
   const bool isQuery = order == QStringView(WriteOffQuery.order);
   if (!kind && !isQuery)
     return nullptr;

@@ -51,7 +51,7 @@ const Sibling* siblingFor(const QString& operation)
   for (const BillKind* const kind : BillKinds::All)
     if (kind->writeOff && operation == QString::fromUtf16(kind->name) + QStringLiteral("原单查看"))
       return &CashAndBank;
-  const bool isOfImages = operation.endsWith(u"图片") && BillKinds::by(&BillKind::imageNames, QStringView(operation).chopped(2));
+  const bool isOfImages = operation.endsWith(u"图片") && BillKinds::first(&BillKind::hasImagesCalled, QStringView(operation).chopped(2));
   return isOfImages ? &ImageManager : nullptr;
 }
 
