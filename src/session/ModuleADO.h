@@ -17,7 +17,7 @@ QString GetConnectionString(Session& session);
 // Runs a select, opening the connection first if it is not open. A statement whose shape a value has changed is
 // not run. A failure shows "Error:" with number and description and returns a recordset that is not open, which
 // throws when it is read.
-Recordset OpenRecordset(Session& session, const Statement& statement);
+[[nodiscard]] Recordset OpenRecordset(Session& session, const Statement& statement);
 
 // The same for an insert, update or delete. False if it failed, which has been shown: most callers go on with
 // their next step all the same.
