@@ -157,10 +157,13 @@ int main(int argc, char* argv[])
   const QCommandLineOption server(QStringLiteral("server"), QStringLiteral("Make it on a server."));
   const QCommandLineOption login(QStringLiteral("login"), QStringLiteral("Who the program will be on the server."), QStringLiteral("NAME"));
   const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this."));
-  parser.addOptions({demo, server, login, help});
+  const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Shows the version."));
+  parser.addOptions({demo, server, login, help, version});
   parser.addPositionalArgument(QStringLiteral("create|copy|check"), QStringLiteral("The command."));
   if (!parser.parse(QCoreApplication::arguments()))
     return complain(parser.errorText(), WrongUse);
+  if (parser.isSet(version))
+    return *answerOf({QStringLiteral("--version")}, nullptr);
   if (parser.isSet(help))
     parser.showHelp(Done);
 

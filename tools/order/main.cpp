@@ -12,6 +12,11 @@
 
 namespace {
 
+constexpr char Help[] = "order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]]\n\n"
+                        "Writes the parameter file with which the next program in the folder starts: order firm ConDataName=firm.mdb\n"
+                        "OperateDate=2022-06-08 付款. UserName is 系统管理员 and DatabaseType Access if they are not given. The passwords\n"
+                        "ConDataBasePWD and UserPSW are read from environment variables of these names.";
+
 constexpr int MostOrders = 5;
 constexpr const char* Passwords[] = {"ConDataBasePWD", "UserPSW"};
 
@@ -27,6 +32,8 @@ int main(int argc, char* argv[])
   forbidMemoryImages();
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments().mid(1);
+  if (const auto status = answerOf(arguments, Help))
+    return *status;
   if (arguments.isEmpty() || arguments[0].startsWith(u'-'))
     return complain(QStringLiteral("usage: order FOLDER [KEY=VALUE ...] [ORDER [ORDER2 ... ORDER5]]"), WrongUse);
 

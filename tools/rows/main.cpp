@@ -9,6 +9,10 @@
 
 namespace {
 
+constexpr char Help[] = "rows FILE STATEMENT\n\n"
+                        "Shows what an account set holds: rows firm.mdb 'select * from TabPayfundBill'. The first line has the\n"
+                        "names of the columns. A statement that writes is carried out.";
+
 QString line(const RowSet& rows, std::int64_t row)
 {
   QStringList values;
@@ -25,6 +29,8 @@ int main(int argc, char* argv[])
 {
   const QCoreApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
+  if (const auto status = answerOf(arguments.mid(1), Help))
+    return *status;
   if (arguments.size() != 3)
     return complain(QStringLiteral("usage: rows FILE STATEMENT"), WrongUse);
   const auto engine = EmbeddedEngine::open(arguments[1]);
