@@ -95,7 +95,7 @@ QStringList leftovers(const QList<File>& files, const QStringList& compiled)
 {
   static const QStringList UsedAsAWhole{u"tests/scripts/"_s, u"tests/operator/selftest/"_s, u".ci/"_s, u".git"_s};
   static const QStringList EntryPoints{
-      u"README.md"_s, u"CMakeLists.txt"_s, u"CMakePresets.json"_s, u".clang-format"_s, u".clang-tidy"_s, u"run"_s, u"test"_s};
+      u"README.md"_s, u"CMakeLists.txt"_s, u"CMakePresets.json"_s, u".clang-format"_s, u".clang-tidy"_s, u".editorconfig"_s, u"run"_s, u"test"_s};
   QStringList found;
   for (const File& file : files) {
     // The build takes every .qrc of a room.
