@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QToolBar>
 
+using namespace Qt::StringLiterals;
+
 ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face) : Binding(window, control), m_action(face)
 {
   takeShortcut();
@@ -13,12 +15,12 @@ ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face
 }
 
 // A tool button and a menu item that do the same have the same key. It belongs to the menu item, which
-// shows it; the tool button tells of it.
+// shows it; the tool button mentions it in its tool tip.
 void ActionBinding::takeShortcut()
 {
-  const QKeySequence key(QLatin1String(formWindow().face(control()).shortcut));
+  const QKeySequence key(formWindow().face(control()).shortcut.toString());
   const QString tip = control().toolTip().isEmpty() ? control().caption() : control().toolTip();
-  m_action.setToolTip(key.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
+  m_action.setToolTip(key.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, key.toString(QKeySequence::NativeText)));
   if (key.isEmpty())
     return;
   const bool isMenuItem = qobject_cast<const MenuItem*>(&control());

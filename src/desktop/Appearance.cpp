@@ -10,6 +10,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Shade {
@@ -36,22 +38,22 @@ constexpr QRgb GroupBorder = 0xffd5dce3;
 constexpr QPoint GroupTitleIndent{8, 2};
 
 // Families that hold all the characters of the screens, so that none has to be looked for elsewhere.
-const QStringList Families{QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"), QStringLiteral("Microsoft YaHei")};
+const QStringList Families{u"Noto Sans CJK SC"_s, u"Source Han Sans SC"_s, u"Microsoft YaHei"_s};
 
 // The usual style of the toolkit, but for what it reads from picture files: its own pictures cost a fifth
 // of the program's start.
 class Style : public QProxyStyle {
 public:
-  Style() : QProxyStyle(QStringLiteral("fusion")) {}
+  Style() : QProxyStyle(u"fusion"_s) {}
 
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override
   {
     switch (which) {
-    case SP_MessageBoxInformation: return Icons::icon("information");
-    case SP_MessageBoxQuestion: return Icons::icon("question");
-    case SP_MessageBoxWarning: return Icons::icon("warning");
-    case SP_MessageBoxCritical: return Icons::icon("stop");
-    case SP_ToolBarHorizontalExtensionButton: return Icons::icon("more");
+    case SP_MessageBoxInformation: return Icons::icon(u"information");
+    case SP_MessageBoxQuestion: return Icons::icon(u"question");
+    case SP_MessageBoxWarning: return Icons::icon(u"warning");
+    case SP_MessageBoxCritical: return Icons::icon(u"stop");
+    case SP_ToolBarHorizontalExtensionButton: return Icons::icon(u"more");
     default: return QProxyStyle::standardIcon(which, option, widget);
     }
   }

@@ -14,6 +14,8 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A row is as high as a line of Chinese text needs, and the columns grow in step: a bill's code fits into the
@@ -121,7 +123,7 @@ void GridBinding::showCorner()
   if (!m_corner) {
     QWidget* const button = m_view.findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
     m_corner = new QLabel(button);
-    m_corner->setObjectName(QStringLiteral("cornerText"));
+    m_corner->setObjectName(u"cornerText"_s);
     m_corner->setAlignment(Qt::AlignCenter);
     auto* const layout = new QVBoxLayout(button);
     layout->setContentsMargins({});

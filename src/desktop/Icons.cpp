@@ -8,6 +8,8 @@
 #include <QStyleOption>
 #include <QSvgRenderer>
 
+using namespace Qt::StringLiterals;
+
 // The shell's own pictures are in this library; without the call the linker would leave them out.
 static void load()
 {
@@ -20,7 +22,7 @@ namespace {
 // the readers of all other formats on the way.
 class Drawing : public QIconEngine {
 public:
-  explicit Drawing(const char* name) : m_name(name) {}
+  explicit Drawing(const QString& name) : m_name(name) {}
 
   QIconEngine* clone() const override { return new Drawing(m_name); }
 
@@ -46,17 +48,17 @@ private:
     QPixmap drawn(size);
     drawn.fill(Qt::transparent);
     QPainter painter(&drawn);
-    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(m_name))).render(&painter);
+    QSvgRenderer(u":/icons/%1.svg"_s.arg(m_name)).render(&painter);
     return drawn;
   }
 
-  const char* const m_name;
+  const QString m_name;
   QPixmap m_drawn;
 };
 
 } // namespace
 
-QIcon Icons::icon(const char* name)
+QIcon Icons::icon(QStringView name)
 {
-  return name ? QIcon(new Drawing(name)) : QIcon();
+  return name.isEmpty() ? QIcon() : QIcon(new Drawing(name.toString()));
 }

@@ -2,10 +2,10 @@
 
 #include <QIcon>
 
-// The pictures of the program, drawn for it.
+// The program's icons.
 namespace Icons {
 
-// By the name of its file in icons/ of the program's resources, without the ending; a literal. A null icon for null.
-QIcon icon(const char* name);
+// By the name of its file in icons/ of the program's resources, without the ending. A null icon for an empty name.
+QIcon icon(QStringView name);
 
 } // namespace Icons

@@ -42,7 +42,7 @@ void ButtonBinding::show()
   SelfActingBinding::show();
   m_button.setText(control().caption());
   // A text takes the key of its own letter, or none.
-  if (const QKeySequence key(QLatin1String(formWindow().face(control()).shortcut)); !key.isEmpty())
+  if (const QKeySequence key(formWindow().face(control()).shortcut.toString()); !key.isEmpty())
     m_button.setShortcut(key);
   if (const auto* const box = qobject_cast<const CheckBox*>(&control()))
     m_button.setChecked(box->isChecked());
@@ -51,7 +51,7 @@ void ButtonBinding::show()
 PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face) : CaptionBinding(window, control, face)
 {
   face.setFocusPolicy(Qt::NoFocus);
-  face.setIcon(Icons::icon(qobject_cast<ImageButton*>(&control) ? "pick" : window.face(control).icon));
+  face.setIcon(Icons::icon(qobject_cast<ImageButton*>(&control) ? QStringView(u"pick") : window.face(control).icon));
   connect(&face, &QToolButton::clicked, this, [this, &face] { formWindow().click(this->control(), &face); });
 }
 

@@ -13,6 +13,8 @@
 #include <QSignalBlocker>
 #include <QStyleOptionSpinBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The keys by which accounting users open what a field offers.
@@ -26,8 +28,8 @@ bool isPickerKey(const QKeyEvent& event)
 Control* pickerOf(const Control& box)
 {
   const QString field = box.name().mid(3);
-  for (const QString& name : {field, QString(field).remove(QStringLiteral("Name"))})
-    if (auto* const button = box.form().find<ImageButton>(QStringLiteral("Img") + name))
+  for (const QString& name : {field, QString(field).remove(u"Name"_s)})
+    if (auto* const button = box.form().find<ImageButton>(u"Img"_s + name))
       return button;
   return nullptr;
 }
@@ -174,7 +176,7 @@ bool ComboBinding::editsWith(const Key& key) const
 DateBinding::DateBinding(FormWindow& window, DatePicker& control, QDateEdit& face)
     : WidgetBinding(window, control, face), m_picker(control), m_edit(face)
 {
-  face.setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+  face.setDisplayFormat(u"yyyy-MM-dd"_s);
   face.setCalendarPopup(true);
   connect(&face, &QDateEdit::dateChanged, this, [this](QDate date) { formWindow().act([&] { m_picker.setDate(date); }); });
 }

@@ -27,8 +27,8 @@ protected:
   }
 
 private:
-  const QIcon m_parentPic = Icons::icon("tree-root");
-  const QIcon m_childPic = Icons::icon("tree-node");
+  const QIcon m_parentPic = Icons::icon(u"tree-root");
+  const QIcon m_childPic = Icons::icon(u"tree-node");
 };
 
 } // namespace

@@ -7,9 +7,9 @@ class QWidget;
 
 // What a tool button or menu item looks like beyond its caption.
 struct ActionFace {
-  const char* icon = nullptr;     // name of a picture, see Icons
-  const char* shortcut = nullptr; // the key that presses it from anywhere in the window
-  bool startsGroup = false;       // a line separates it from those before
+  QStringView icon = {};     // name of a picture, see Icons
+  QStringView shortcut = {}; // the key that presses it from anywhere in the window
+  bool startsGroup = false;  // a line separates it from those before
 };
 
 // What the shell asks of whoever designed the windows. The shell itself knows no form.

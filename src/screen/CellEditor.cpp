@@ -2,7 +2,9 @@
 
 #include "screen/Form.h"
 
-CellEditor::CellEditor(QObject* parent, Grid& grid) : TextBox(parent, QStringLiteral("Text2")), m_grid(grid)
+using namespace Qt::StringLiterals;
+
+CellEditor::CellEditor(QObject* parent, Grid& grid) : TextBox(parent, u"Text2"_s), m_grid(grid)
 {
   setVisible(false);
   setTabStop(false);

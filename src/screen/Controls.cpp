@@ -2,6 +2,8 @@
 
 #include "screen/Form.h"
 
+using namespace Qt::StringLiterals;
+
 void TextBox::setText(const QString& text)
 {
   if (m_text == text)
@@ -138,7 +140,7 @@ void DatePicker::setDate(const QDate& date)
 
 QString DatePicker::shownText() const
 {
-  return m_date.toString(QStringLiteral("yyyy-MM-dd"));
+  return m_date.toString(u"yyyy-MM-dd"_s);
 }
 
 void CheckBox::setChecked(bool checked)

@@ -18,7 +18,7 @@ public:
     QString text;
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
-    QString title = QStringLiteral("系统提示");
+    QString title = QString::fromUtf16(u"系统提示");
   };
 
   virtual ~Desk() = default;

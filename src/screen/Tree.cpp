@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // What the views need beyond the tree itself. An index holds the place of its node in m_nodes.
 class Tree::Model : public QAbstractItemModel {
 public:
@@ -117,14 +119,14 @@ void Tree::addChild(const QString& parentKey, const QString& key, const QString&
 {
   const int parent = place(parentKey);
   if (parent < 0)
-    throw RunTimeError(RunTimeError::NoSuchNode, QStringLiteral("元素未找到：%1 的上级 %2 不在列表中").arg(text, parentKey));
+    throw RunTimeError(RunTimeError::NoSuchNode, u"元素未找到：%1 的上级 %2 不在列表中"_s.arg(text, parentKey));
   add(parent, key, text, image);
 }
 
 void Tree::add(int parent, const QString& key, const QString& text, Image image)
 {
   if (contains(key))
-    throw RunTimeError(RunTimeError::NodeNotUnique, QStringLiteral("集合中的关键字不唯一：%1").arg(text));
+    throw RunTimeError(RunTimeError::NodeNotUnique, u"集合中的关键字不唯一：%1"_s.arg(text));
   const int at = int(m_nodes.size());
   m_nodes.append({key, text, image, parent, false, {}});
   m_places.insert(key, at);

@@ -15,6 +15,8 @@
 #include <QDialog>
 #include <QMainWindow>
 
+using namespace Qt::StringLiterals;
+
 // The pictures are in this library; without the call the linker would leave them out.
 static void loadPictures()
 {
@@ -38,7 +40,7 @@ template <typename Panel> std::unique_ptr<QWidget> designBill(QWidget* parent)
   Ui::BillWindow frame;
   frame.setupUi(window.get());
   auto* const panel = new QWidget;
-  panel->setObjectName(QStringLiteral("Pic"));
+  panel->setObjectName(u"Pic"_s);
   Panel().setupUi(panel);
   window->resize(panel->size());
   frame.area->setWidget(panel);
@@ -46,68 +48,68 @@ template <typename Panel> std::unique_ptr<QWidget> designBill(QWidget* parent)
 }
 
 struct Maker {
-  const char* form;
+  QStringView form;
   std::unique_ptr<QWidget> (*make)(QWidget* parent);
 };
 
 constexpr Maker Makers[] = {
-    {"frmPayfund", designBill<Ui::frmPayfund>},
-    {"frmGathefund", designBill<Ui::frmPayfund>},
-    {"frmBankKeepTake", designBill<Ui::frmBankKeepTake>},
-    {"frmFeeElseIncome", designBill<Ui::frmFeeElseIncome>},
-    {"frmFeeSustain", designBill<Ui::frmFeeSustain>},
-    {"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
-    {"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
-    {"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
-    {"frmExport", design<Ui::frmExport, QDialog>},
-    {"frmOption_Bill", design<Ui::frmOption_Bill, QDialog>},
-    {"frmCode", design<Ui::frmCode, QDialog>},
-    {"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
+    {u"frmPayfund", designBill<Ui::frmPayfund>},
+    {u"frmGathefund", designBill<Ui::frmPayfund>},
+    {u"frmBankKeepTake", designBill<Ui::frmBankKeepTake>},
+    {u"frmFeeElseIncome", designBill<Ui::frmFeeElseIncome>},
+    {u"frmFeeSustain", designBill<Ui::frmFeeSustain>},
+    {u"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
+    {u"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
+    {u"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
+    {u"frmExport", design<Ui::frmExport, QDialog>},
+    {u"frmOption_Bill", design<Ui::frmOption_Bill, QDialog>},
+    {u"frmCode", design<Ui::frmCode, QDialog>},
+    {u"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
 };
 
 struct NamedFace {
-  const char* control;
+  QStringView control;
   ActionFace face;
 };
 
 constexpr NamedFace Faces[] = {
-    {"ToolBuild", {"new", "Ctrl+N"}},
-    {"ToolSave", {"save", "Ctrl+S"}},
-    {"ToolAuditing", {"audit", "F9", true}},
-    {"ToolUnAuditing", {"unaudit", "Shift+F9"}},
-    {"ToolDelete", {"delete", "Ctrl+Shift+Del", true}},
-    {"ToolInsertRow", {"insert-row", "Ctrl+I", true}},
-    {"ToolDeleteRow", {"delete-row", "Ctrl+D"}},
-    {"ToolRedWord", {"void", nullptr, true}},
-    {"ToolSeeWarrent", {"voucher", "Ctrl+Shift+V", true}},
-    {"ToolInOutBill", {"goods-bill", "Ctrl+B"}},
-    {"ToolSFKBill", {"money-bill", "Ctrl+M"}},
-    {"ToolOldBill", {"goods-bill", "Ctrl+B"}},
-    {"ToolInf", {"detail", "Ctrl+E"}},
-    {"ToolHX", {"write-off", "Ctrl+H"}},
-    {"ToolOK", {"take-in", nullptr, true}},
-    {"ToolFiltre", {"filter"}},
-    {"ToolPrint", {"print", "Ctrl+P", true}},
-    {"ToolProvideInf", {"partner", "Ctrl+R", true}},
-    {"ToolClientInf", {"partner", "Ctrl+R", true}},
-    {"ToolProvideClientInf", {"partner", "Ctrl+R", true}},
-    {"ToolImg", {"images", "Ctrl+G"}},
-    {"ToolBefore", {"previous", "Ctrl+PgUp", true}},
-    {"ToolBack", {"next", "Ctrl+PgDown"}},
-    {"ToolExit", {"exit", "Ctrl+F4", true}},
-    {"FBuild", {nullptr, "Ctrl+N"}},
-    {"FSave", {nullptr, "Ctrl+S"}},
-    {"FDelete", {nullptr, "Ctrl+Shift+Del"}},
-    {"FSeeWarrent", {nullptr, "Ctrl+Shift+V", true}},
-    {"FMSHFormat", {nullptr, nullptr, true}},
-    {"FPrintSet", {nullptr, nullptr, true}},
-    {"CmdQuery", {nullptr, "F5"}},
-    {"FExit", {nullptr, "Ctrl+F4", true}},
-    {"ToolSelect", {"select"}},
-    {"ToolAdd", {"add"}},
-    {"ToolRefresh", {"refresh", "F5"}},
-    {"MPDirect_Excel", {nullptr, nullptr, true}},
-    {"MPrintSet_Excel", {nullptr, nullptr, true}},
+    {u"ToolBuild", {u"new", u"Ctrl+N"}},
+    {u"ToolSave", {u"save", u"Ctrl+S"}},
+    {u"ToolAuditing", {u"audit", u"F9", true}},
+    {u"ToolUnAuditing", {u"unaudit", u"Shift+F9"}},
+    {u"ToolDelete", {u"delete", u"Ctrl+Shift+Del", true}},
+    {u"ToolInsertRow", {u"insert-row", u"Ctrl+I", true}},
+    {u"ToolDeleteRow", {u"delete-row", u"Ctrl+D"}},
+    {u"ToolRedWord", {u"void", {}, true}},
+    {u"ToolSeeWarrent", {u"voucher", u"Ctrl+Shift+V", true}},
+    {u"ToolInOutBill", {u"goods-bill", u"Ctrl+B"}},
+    {u"ToolSFKBill", {u"money-bill", u"Ctrl+M"}},
+    {u"ToolOldBill", {u"goods-bill", u"Ctrl+B"}},
+    {u"ToolInf", {u"detail", u"Ctrl+E"}},
+    {u"ToolHX", {u"write-off", u"Ctrl+H"}},
+    {u"ToolOK", {u"take-in", {}, true}},
+    {u"ToolFiltre", {u"filter"}},
+    {u"ToolPrint", {u"print", u"Ctrl+P", true}},
+    {u"ToolProvideInf", {u"partner", u"Ctrl+R", true}},
+    {u"ToolClientInf", {u"partner", u"Ctrl+R", true}},
+    {u"ToolProvideClientInf", {u"partner", u"Ctrl+R", true}},
+    {u"ToolImg", {u"images", u"Ctrl+G"}},
+    {u"ToolBefore", {u"previous", u"Ctrl+PgUp", true}},
+    {u"ToolBack", {u"next", u"Ctrl+PgDown"}},
+    {u"ToolExit", {u"exit", u"Ctrl+F4", true}},
+    {u"FBuild", {{}, u"Ctrl+N"}},
+    {u"FSave", {{}, u"Ctrl+S"}},
+    {u"FDelete", {{}, u"Ctrl+Shift+Del"}},
+    {u"FSeeWarrent", {{}, u"Ctrl+Shift+V", true}},
+    {u"FMSHFormat", {{}, {}, true}},
+    {u"FPrintSet", {{}, {}, true}},
+    {u"CmdQuery", {{}, u"F5"}},
+    {u"FExit", {{}, u"Ctrl+F4", true}},
+    {u"ToolSelect", {u"select"}},
+    {u"ToolAdd", {u"add"}},
+    {u"ToolRefresh", {u"refresh", u"F5"}},
+    {u"MPDirect_Excel", {{}, {}, true}},
+    {u"MPrintSet_Excel", {{}, {}, true}},
 };
 
 } // namespace
@@ -116,7 +118,7 @@ std::unique_ptr<QWidget> make(const QString& form, QWidget* parent)
 {
   loadPictures();
   for (const Maker& maker : Makers)
-    if (form == QLatin1String(maker.form))
+    if (form == maker.form)
       return maker.make(parent);
   return nullptr;
 }
@@ -124,7 +126,7 @@ std::unique_ptr<QWidget> make(const QString& form, QWidget* parent)
 ActionFace face(const QString& control)
 {
   for (const NamedFace& named : Faces)
-    if (control == QLatin1String(named.control))
+    if (control == named.control)
       return named.face;
   return {};
 }

@@ -73,7 +73,8 @@ protected:
   frmSample form{desk};
   FormWindow bound{
       form,
-      {sampleWindow, [](const QString& name) { return ActionFace{.shortcut = name.endsWith(u"Save"_s) ? "Ctrl+S" : nullptr}; }},
+      {sampleWindow,
+       [](const QString& name) { return ActionFace{.shortcut = name.endsWith(u"Save"_s) ? QStringView(u"Ctrl+S") : QStringView()}; }},
       nullptr};
 };
 
