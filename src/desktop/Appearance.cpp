@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QGroupBox>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -65,6 +66,21 @@ public:
     painter->setPen(QColor::fromRgb(GroupBorder));
     painter->setBrush(option->palette.alternateBase());
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
+
+  // What a group holds has the same place in each, unless its layout says otherwise.
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+  {
+    const bool isGroup = qobject_cast<const QGroupBox*>(widget);
+    switch (isGroup ? metric : PM_CustomBase) {
+    case PM_LayoutLeftMargin:
+    case PM_LayoutRightMargin: return 12;
+    case PM_LayoutTopMargin: return 6;
+    case PM_LayoutBottomMargin: return 10;
+    case PM_LayoutHorizontalSpacing:
+    case PM_LayoutVerticalSpacing: return 8;
+    default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
   }
 
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const override

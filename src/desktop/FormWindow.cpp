@@ -20,6 +20,7 @@ FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWid
   connect(&m_form, &Form::focusMoved, this, &FormWindow::moveFocus);
   connect(&m_form, &Form::closed, this, &FormWindow::formClosed);
   bindControls();
+  hideUnbound();
   setTabOrder();
   if (m_form.focused())
     moveFocus(m_form.focused());
@@ -40,6 +41,15 @@ void FormWindow::bindControls()
     m_bindings.insert(control, binding);
     keepInStep(*binding);
   }
+}
+
+// Forms that share a design need not have every control of it. Names that begin with a small letter are the
+// window's own.
+void FormWindow::hideUnbound()
+{
+  for (QWidget* widget : m_window->findChildren<QWidget*>())
+    if (!widget->objectName().isEmpty() && widget->objectName().front().isUpper() && !m_form.find(widget->objectName()))
+      widget->hide();
 }
 
 void FormWindow::keepInStep(Binding& binding)

@@ -13,9 +13,9 @@ class Binding;
 
 // A form and its window. For each control of the form it finds the widget, action or menu of the same
 // name and keeps the two in step; buttons of a toolbar and entries of menus that the window does not
-// have it makes from the controls. It decides nothing: what an event means is the form's business.
-//
-// Names that begin with a small letter are the window's own and need no control.
+// have it makes from the controls. A widget that the form has no control for is hidden, unless its name
+// begins with a small letter: such widgets are the window's own. It decides nothing: what an event means is
+// the form's business.
 class FormWindow : public QObject {
   Q_OBJECT
 
@@ -53,6 +53,7 @@ protected:
 
 private:
   void bindControls();
+  void hideUnbound();
   void keepInStep(Binding& binding);
   void setTabOrder();
   void moveFocus(Control* control);

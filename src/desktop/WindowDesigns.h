@@ -14,7 +14,8 @@ struct ActionFace {
 
 // What the shell asks of whoever designed the windows. The shell itself knows no form.
 struct WindowDesigns {
-  // A new window for the form of this name, over `parent` if there is one; null if none was designed.
+  // A new window for the form of this name, over `parent` if there is one; null if none was designed. Forms
+  // may share a design: what a form has no control for is hidden.
   std::unique_ptr<QWidget> (*window)(const QString& form, QWidget* parent);
   // The face of the tool button or menu item of this name.
   ActionFace (*face)(const QString& control);

@@ -1,21 +1,20 @@
 #include "windows/Windows.h"
 
+#include "desktop/Appearance.h"
+#include "ui_BillPartner.h"
+#include "ui_BillStaff.h"
+#include "ui_BillTransfer.h"
 #include "ui_BillWindow.h"
-#include "ui_frmBankKeepTake.h"
+#include "ui_ListWindow.h"
 #include "ui_frmCode.h"
 #include "ui_frmExport.h"
-#include "ui_frmFeeElseIncome.h"
-#include "ui_frmFeeSustain.h"
 #include "ui_frmGouDui.h"
 #include "ui_frmOption_Bill.h"
-#include "ui_frmPayfund.h"
 #include "ui_frmSFKHeXiao.h"
 #include "ui_frmWarehouseSelect.h"
 
 #include <QDialog>
 #include <QMainWindow>
-
-using namespace Qt::StringLiterals;
 
 // The pictures are in this library; without the call the linker would leave them out.
 static void loadPictures()
@@ -26,45 +25,55 @@ static void loadPictures()
 namespace Windows {
 namespace {
 
-template <typename Design, typename Window> std::unique_ptr<QWidget> design(QWidget* parent)
+template <typename Design> std::unique_ptr<QWidget> dialog(QWidget* parent)
 {
-  auto window = std::make_unique<Window>(parent);
+  auto window = std::make_unique<QDialog>(parent);
   Design().setupUi(window.get());
   return window;
 }
 
-// The bills are panels in one window with a menu bar and a toolbar.
-template <typename Panel> std::unique_ptr<QWidget> designBill(QWidget* parent)
+// The bills differ in what their frame FrameProvide holds.
+template <typename Provide> std::unique_ptr<QWidget> billWindow(QWidget* parent)
 {
   auto window = std::make_unique<QMainWindow>(parent);
-  Ui::BillWindow frame;
-  frame.setupUi(window.get());
-  auto* const panel = new QWidget;
-  panel->setObjectName(u"Pic"_s);
-  Panel().setupUi(panel);
-  window->resize(panel->size());
-  frame.area->setWidget(panel);
+  Ui::BillWindow bill;
+  bill.setupUi(window.get());
+  Provide().setupUi(bill.FrameProvide);
+  Appearance::stamp(*bill.LabState);
+  // The date that the bill was stored with is shown behind the picker as plain text.
+  Appearance::blend(*bill.TxtDate);
+  return window;
+}
+
+// A list of rows below the conditions that they meet.
+template <typename Conditions> std::unique_ptr<QWidget> listWindow(QWidget* parent)
+{
+  auto window = std::make_unique<QMainWindow>(parent);
+  Ui::ListWindow list;
+  list.setupUi(window.get());
+  Conditions().setupUi(list.FrameCondition);
   return window;
 }
 
 struct Maker {
   QStringView form;
   std::unique_ptr<QWidget> (*make)(QWidget* parent);
+  QSize size; // of the window when it opens; invalid for one that is as large as its contents
 };
 
 constexpr Maker Makers[] = {
-    {u"frmPayfund", designBill<Ui::frmPayfund>},
-    {u"frmGathefund", designBill<Ui::frmPayfund>},
-    {u"frmBankKeepTake", designBill<Ui::frmBankKeepTake>},
-    {u"frmFeeElseIncome", designBill<Ui::frmFeeElseIncome>},
-    {u"frmFeeSustain", designBill<Ui::frmFeeSustain>},
-    {u"frmSFKHeXiao", design<Ui::frmSFKHeXiao, QMainWindow>},
-    {u"frmGouDui", design<Ui::frmGouDui, QMainWindow>},
-    {u"frmGouDuiTogather", design<Ui::frmGouDui, QMainWindow>},
-    {u"frmExport", design<Ui::frmExport, QDialog>},
-    {u"frmOption_Bill", design<Ui::frmOption_Bill, QDialog>},
-    {u"frmCode", design<Ui::frmCode, QDialog>},
-    {u"frmWarehouseSelect", design<Ui::frmWarehouseSelect, QDialog>},
+    {u"frmPayfund", billWindow<Ui::BillPartner>, {1024, 700}},
+    {u"frmGathefund", billWindow<Ui::BillPartner>, {1024, 700}},
+    {u"frmBankKeepTake", billWindow<Ui::BillTransfer>, {960, 460}},
+    {u"frmFeeElseIncome", billWindow<Ui::BillStaff>, {1024, 700}},
+    {u"frmFeeSustain", billWindow<Ui::BillPartner>, {1024, 700}},
+    {u"frmSFKHeXiao", listWindow<Ui::frmSFKHeXiao>, {1260, 760}},
+    {u"frmGouDui", listWindow<Ui::frmGouDui>, {1260, 760}},
+    {u"frmGouDuiTogather", listWindow<Ui::frmGouDui>, {1260, 760}},
+    {u"frmExport", dialog<Ui::frmExport>, {}},
+    {u"frmOption_Bill", dialog<Ui::frmOption_Bill>, {560, 420}},
+    {u"frmCode", dialog<Ui::frmCode>, {860, 560}},
+    {u"frmWarehouseSelect", dialog<Ui::frmWarehouseSelect>, {460, 560}},
 };
 
 struct NamedFace {
@@ -118,8 +127,12 @@ std::unique_ptr<QWidget> make(const QString& form, QWidget* parent)
 {
   loadPictures();
   for (const Maker& maker : Makers)
-    if (form == maker.form)
-      return maker.make(parent);
+    if (form == maker.form) {
+      auto window = maker.make(parent);
+      if (maker.size.isValid())
+        window->resize(maker.size);
+      return window;
+    }
   return nullptr;
 }
 
