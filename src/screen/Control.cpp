@@ -25,30 +25,6 @@ bool Control::isUsable() const
   return m_enabled && (!container() || container()->isUsable());
 }
 
-void Control::setEnabled(bool enabled)
-{
-  if (m_enabled == enabled)
-    return;
-  m_enabled = enabled;
-  emit changed();
-}
-
-void Control::setVisible(bool visible)
-{
-  if (m_visible == visible)
-    return;
-  m_visible = visible;
-  emit changed();
-}
-
-void Control::setCaption(const QString& caption)
-{
-  if (m_caption == caption)
-    return;
-  m_caption = caption;
-  emit changed();
-}
-
 void Control::click()
 {
   if (!isReachable())

@@ -31,11 +31,11 @@ public:
   bool isReachable() const { return isShown() && isUsable(); }
   bool isShown() const;
   bool isUsable() const;
-  void setEnabled(bool enabled);
-  void setVisible(bool visible);
+  void setEnabled(bool enabled) { change(m_enabled, enabled); }
+  void setVisible(bool visible) { change(m_visible, visible); }
 
   QString caption() const { return m_caption; }
-  void setCaption(const QString& caption);
+  void setCaption(const QString& caption) { change(m_caption, caption); }
   QString toolTip() const { return m_toolTip; }
   void setToolTip(const QString& toolTip) { m_toolTip = toolTip; }
 
@@ -71,6 +71,15 @@ signals:
   void changed();
 
 protected:
+  // Sets a visible property. True, after changed(), if it was different.
+  template <typename Value> bool change(Value& property, const Value& to)
+  {
+    if (property == to)
+      return false;
+    property = to;
+    emit changed();
+    return true;
+  }
   virtual void clicked();
   // What the control does with a key that no handler swallowed.
   virtual void edit(const Key& key) { Q_UNUSED(key); }

@@ -6,11 +6,9 @@ using namespace Qt::StringLiterals;
 
 void TextBox::setText(const QString& text)
 {
-  if (m_text == text)
+  if (!change(m_text, text))
     return;
-  m_text = text;
-  m_anchor = m_caret = text.size();
-  emit changed();
+  m_anchor = m_caret = m_text.size();
   if (onChange)
     onChange();
 }
@@ -21,14 +19,6 @@ void TextBox::assign(const QString& text)
     setText(text);
   else if (onChange)
     onChange();
-}
-
-void TextBox::setReadOnly(bool readOnly)
-{
-  if (m_readOnly == readOnly)
-    return;
-  m_readOnly = readOnly;
-  emit changed();
 }
 
 void TextBox::selectAll()
@@ -102,14 +92,6 @@ ComboBox::ComboBox(QObject* parent, const QString& name) : TextBox(parent, name)
   setReadOnly(true);
 }
 
-void ComboBox::setItems(const QStringList& items)
-{
-  if (m_items == items)
-    return;
-  m_items = items;
-  emit changed();
-}
-
 void ComboBox::setEditable(bool editable)
 {
   m_editable = editable;
@@ -130,25 +112,13 @@ bool ComboBox::choose(const QString& item)
 
 void DatePicker::setDate(const QDate& date)
 {
-  if (!date.isValid() || m_date == date)
-    return;
-  m_date = date;
-  emit changed();
-  if (onChange)
+  if (date.isValid() && change(m_date, date) && onChange)
     form().handle(onChange);
 }
 
 QString DatePicker::shownText() const
 {
   return m_date.toString(u"yyyy-MM-dd"_s);
-}
-
-void CheckBox::setChecked(bool checked)
-{
-  if (m_checked == checked)
-    return;
-  m_checked = checked;
-  emit changed();
 }
 
 void CheckBox::clicked()
@@ -203,10 +173,8 @@ void ListBox::setItems(const QStringList& items)
 
 void ListBox::setItem(int index, const QString& text)
 {
-  if (index < 0 || index >= m_items.size() || m_items[index] == text)
-    return;
-  m_items[index] = text;
-  emit changed();
+  if (index >= 0 && index < m_items.size())
+    change(m_items[index], text);
 }
 
 void ListBox::select(int index)
@@ -229,13 +197,4 @@ void ListBox::edit(const Key& key)
     select(0);
   else if (key.code == Key::End)
     select(int(m_items.size()) - 1);
-}
-
-void ProgressBar::setValue(int value)
-{
-  const int bounded = qBound(0, value, 100);
-  if (m_value == bounded)
-    return;
-  m_value = bounded;
-  emit changed();
 }

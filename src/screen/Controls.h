@@ -36,7 +36,7 @@ public:
   void assign(const QString& text);
   // Nothing can be typed into it; it still takes the focus.
   bool isReadOnly() const { return m_readOnly; }
-  void setReadOnly(bool readOnly);
+  void setReadOnly(bool readOnly) { change(m_readOnly, readOnly); }
 
   // Marks the whole text, so that the next key replaces it.
   void selectAll();
@@ -77,7 +77,7 @@ public:
   ComboBox(QObject* parent, const QString& name);
 
   QStringList items() const { return m_items; }
-  void setItems(const QStringList& items);
+  void setItems(const QStringList& items) { change(m_items, items); }
   void addItem(const QString& item) { setItems(m_items + QStringList(item)); }
   // Index of the item that the text equals; -1 if it equals none.
   int index() const { return int(m_items.indexOf(text())); }
@@ -121,7 +121,7 @@ public:
   using Control::Control;
 
   bool isChecked() const { return m_checked; }
-  void setChecked(bool checked);
+  void setChecked(bool checked) { change(m_checked, checked); }
   bool takesFocus() const override { return true; }
 
 protected:
@@ -244,7 +244,7 @@ public:
 
   // 0 to 100.
   int value() const { return m_value; }
-  void setValue(int value);
+  void setValue(int value) { change(m_value, qBound(0, value, 100)); }
   QString shownText() const override { return QString::number(m_value); }
 
 private:

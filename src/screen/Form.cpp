@@ -7,13 +7,6 @@
 
 Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(desk) {}
 
-Form::~Form() = default;
-
-QList<Control*> Form::controls() const
-{
-  return findChildren<Control*>();
-}
-
 void Form::handle(const std::function<void()>& event)
 {
   // Before a form is shown, an error belongs to whoever starts the program.
@@ -47,16 +40,6 @@ void Form::setFocus(Control& control)
   });
 }
 
-void Form::focusNext()
-{
-  moveFocus(1);
-}
-
-void Form::focusPrevious()
-{
-  moveFocus(-1);
-}
-
 void Form::moveFocus(int step)
 {
   QList<Control*> stops;
@@ -76,11 +59,6 @@ void Form::closeOnEscape()
       close();
     return key.code == Key::Escape;
   };
-}
-
-void Form::opened()
-{
-  m_open = true;
 }
 
 void Form::close()

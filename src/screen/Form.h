@@ -18,14 +18,13 @@ class Form : public Control {
 
 public:
   Form(Desk& desk, const QString& name);
-  ~Form() override;
 
   Desk& desk() const { return m_desk; }
 
   // The control of that name and kind on this form; null if there is none.
   template <typename Kind = Control> Kind* find(const QString& name) const { return findChild<Kind*>(name); }
   // All controls, in the order in which they were made: the order of Tab.
-  QList<Control*> controls() const;
+  QList<Control*> controls() const { return findChildren<Control*>(); }
 
   // Runs one event of the operator. A RunTimeError ends it with a box; the pointer and whatever
   // settleAfterRunTimeError resets go back. An event that comes up inside another (a change handler,
@@ -35,12 +34,12 @@ public:
   // The focus. Setting it on a control that is not reachable does nothing.
   Control* focused() const { return m_focused; }
   void setFocus(Control& control);
-  void focusNext();
-  void focusPrevious();
+  void focusNext() { moveFocus(1); }
+  void focusPrevious() { moveFocus(-1); }
 
   bool isOpen() const { return m_open; }
   // Called by the desk when the form comes up.
-  void opened();
+  void opened() { m_open = true; }
   // Closes the form: onUnload, then the window goes.
   void close();
 

@@ -233,18 +233,6 @@ void Grid::setCurrent(int row, int col)
     onCellChange();
 }
 
-void Grid::setRowList(bool isList)
-{
-  m_isRowList = isList;
-  emit changed();
-}
-
-void Grid::setTotalsRow(bool has)
-{
-  m_hasTotalsRow = has;
-  emit changed();
-}
-
 void Grid::clickCell(int row, int col)
 {
   if (!isReachable() || !contains(row, col))

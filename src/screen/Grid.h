@@ -72,10 +72,10 @@ public:
   // True for a list of rows: the current row as a whole is marked, and while the grid has the focus one
   // notch of the wheel is the key for a page.
   bool isRowList() const { return m_isRowList; }
-  void setRowList(bool isList);
+  void setRowList(bool isList) { change(m_isRowList, isList); }
   // True if the last row holds totals and looks different from the rows above it.
   bool hasTotalsRow() const { return m_hasTotalsRow; }
-  void setTotalsRow(bool has);
+  void setTotalsRow(bool has) { change(m_hasTotalsRow, has); }
   bool isTotals(int row) const { return m_hasTotalsRow && row == rows() - 1; }
 
   bool takesFocus() const override { return true; }
