@@ -44,7 +44,6 @@ Binding* (*const Binds[])(FormWindow&, Control&, QWidget&) = {
     bind<CheckBox, QCheckBox, ButtonBinding>,
     bind<Button, QPushButton, ButtonBinding>,
     bind<ImageButton, QToolButton, PictureButtonBinding>,
-    bind<ToolButton, QToolButton, PictureButtonBinding>,
     bind<Label, QLabel, CaptionBinding>,
     bind<Grid, QTableView, GridBinding>,
     bind<Tree, QTreeView, TreeBinding>,
@@ -71,10 +70,8 @@ template <typename Face> Face* holder(const FormWindow& window, const Control& c
   return window.window().findChild<Face*>(control.parent()->objectName());
 }
 
-QAction* actionNamed(const FormWindow& window, QWidget& owner, const Control& control)
+QAction* addAction(const FormWindow& window, QWidget& owner, const Control& control)
 {
-  if (auto* const designed = owner.findChild<QAction*>(control.name()))
-    return designed;
   if (window.face(control).startsGroup && !owner.actions().isEmpty()) {
     QAction* const line = new QAction(&owner);
     line->setSeparator(true);
@@ -91,7 +88,7 @@ Binding* bindToolButton(FormWindow& window, Control& control)
   auto* const bar = holder<QToolBar>(window, control);
   if (!bar)
     return nullptr;
-  QAction* const action = actionNamed(window, *bar, control);
+  QAction* const action = addAction(window, *bar, control);
   action->setIcon(Icons::icon(window.face(control).icon));
   if (QWidget* const button = bar->widgetForAction(action))
     button->setFocusPolicy(Qt::NoFocus);
@@ -100,15 +97,12 @@ Binding* bindToolButton(FormWindow& window, Control& control)
 
 Binding* bindMenu(FormWindow& window, Menu& control)
 {
-  auto* menu = window.window().findChild<QMenu*>(control.name());
-  if (!menu) {
-    auto* const above = holder<QMenu>(window, control);
-    auto* const bar = window.window().findChild<QMenuBar*>();
-    if (!above && !bar)
-      return nullptr;
-    menu = above ? above->addMenu(QString()) : bar->addMenu(QString());
-    menu->setObjectName(control.name());
-  }
+  auto* const above = holder<QMenu>(window, control);
+  auto* const bar = window.window().findChild<QMenuBar*>();
+  if (!above && !bar)
+    return nullptr;
+  QMenu* const menu = above ? above->addMenu(QString()) : bar->addMenu(QString());
+  menu->setObjectName(control.name());
   return new MenuBinding(window, control, *menu);
 }
 
@@ -119,7 +113,7 @@ Binding* bindMenuEntry(FormWindow& window, Control& control)
     return nullptr;
   if (auto* const items = qobject_cast<MenuItemArray*>(&control))
     return new ItemArrayBinding(window, *items, *menu);
-  return new ActionBinding(window, control, *actionNamed(window, *menu, control));
+  return new ActionBinding(window, control, *addAction(window, *menu, control));
 }
 
 // VS and HS are the bars of the area that the form's panel lies in.
@@ -149,7 +143,7 @@ Binding* bindControl(FormWindow& window, Control& control)
     return bindScrollBar(window, *bar);
   if (qobject_cast<MenuItem*>(&control) || qobject_cast<MenuItemArray*>(&control))
     return bindMenuEntry(window, control);
-  if (Binding* const designed = bindWidget(window, control))
-    return designed;
-  return qobject_cast<ToolButton*>(&control) ? bindToolButton(window, control) : nullptr;
+  if (qobject_cast<ToolButton*>(&control))
+    return bindToolButton(window, control);
+  return bindWidget(window, control);
 }

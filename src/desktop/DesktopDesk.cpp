@@ -57,35 +57,24 @@ void dress(QMessageBox& box, const Desk::Box& asked)
   box.setEscapeButton(buttons.closing);
 }
 
-// The window that asked is in front again when the box or the dialog is gone, of other windows too.
-class Front {
-public:
-  explicit Front(QWidget* window) : m_window(window) {}
-  ~Front()
-  {
-    if (m_window && m_window->isVisible())
-      m_window->activateWindow();
-  }
-  Q_DISABLE_COPY(Front)
-
-private:
-  QPointer<QWidget> m_window;
-};
+// Reactivates the window that asked, at the end of the scope.
+auto reactivateLater(QWidget* window)
+{
+  return qScopeGuard([asker = QPointer(window)] {
+    if (asker && asker->isVisible())
+      asker->activateWindow();
+  });
+}
 
 } // namespace
 
-// Whoever is asked something does not see the pointer of a program that works.
-class DesktopDesk::Pause {
-public:
-  explicit Pause(DesktopDesk& ofDesk) : m_desk(ofDesk), m_front(ofDesk.topWindow()), m_wasBusy(ofDesk.m_isBusy) { m_desk.setBusy(false); }
-  ~Pause() { m_desk.setBusy(m_wasBusy); }
-  Q_DISABLE_COPY(Pause)
-
-private:
-  DesktopDesk& m_desk;
-  const Front m_front;
-  const bool m_wasBusy;
-};
+// No busy cursor over a question.
+auto DesktopDesk::pauseBusy()
+{
+  const bool wasBusy = m_isBusy;
+  setBusy(false);
+  return qScopeGuard([this, wasBusy] { setBusy(wasBusy); });
+}
 
 DesktopDesk::DesktopDesk(const WindowDesigns& designs, DeskObserver* observer) : m_designs(designs), m_observer(observer) {}
 
@@ -101,7 +90,8 @@ QWidget* DesktopDesk::topWindow() const
 
 Desk::Answer DesktopDesk::ask(const Box& asked)
 {
-  const Pause pause(*this);
+  const auto front = reactivateLater(topWindow());
+  const auto pause = pauseBusy();
   QMessageBox box(topWindow());
   dress(box, asked);
   if (m_observer)
@@ -154,7 +144,8 @@ std::unique_ptr<FormWindow> DesktopDesk::take(FormWindow& window)
 
 void DesktopDesk::showModal(Form& form)
 {
-  const Pause pause(*this);
+  const auto front = reactivateLater(topWindow());
+  const auto pause = pauseBusy();
   FormWindow& opened = open(form, topWindow());
   QEventLoop wait;
   QObject::connect(&opened, &FormWindow::closed, &wait, &QEventLoop::quit);
@@ -172,7 +163,7 @@ void DesktopDesk::showModal(Form& form)
 
 void DesktopDesk::showDuring(Form& form, const std::function<void()>& work)
 {
-  const Front front(topWindow());
+  const auto front = reactivateLater(topWindow());
   FormWindow& opened = open(form, topWindow());
   const auto gone = qScopeGuard([&] {
     form.close();

@@ -37,12 +37,11 @@ public:
   void setBusy(bool busy) override;
 
 private:
-  class Pause;
-
   // The window of the form that was shown last and is still open; null if there is none.
   QWidget* topWindow() const;
   // Brings the window of a form that is open already to the front; false if there is none.
   bool bringToFront(const Form& form);
+  auto pauseBusy();
   FormWindow& open(Form& form, QWidget* parent);
   std::unique_ptr<FormWindow> take(FormWindow& window);
 

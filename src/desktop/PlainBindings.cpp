@@ -51,7 +51,7 @@ void ButtonBinding::show()
 PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face) : CaptionBinding(window, control, face)
 {
   face.setFocusPolicy(Qt::NoFocus);
-  face.setIcon(Icons::icon(qobject_cast<ImageButton*>(&control) ? QStringView(u"pick") : window.face(control).icon));
+  face.setIcon(Icons::icon(u"pick"));
   connect(&face, &QToolButton::clicked, this, [this, &face] { formWindow().click(this->control(), &face); });
 }
 

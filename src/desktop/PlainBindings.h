@@ -32,7 +32,7 @@ private:
   QAbstractButton& m_button;
 };
 
-// A button that never has the focus: of a toolbar, or with a picture beside its field.
+// A button with a picture beside its field. It never has the focus.
 class PictureButtonBinding : public CaptionBinding {
   Q_OBJECT
 

@@ -40,7 +40,7 @@ TextBinding::TextBinding(FormWindow& window, TextBox& control, QLineEdit& face)
     : WidgetBinding(window, control, face), m_box(control), m_edit(face)
 {
   connect(&face, &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
-  connect(&control, &TextBox::selectionWanted, this, &TextBinding::mark);
+  connect(&control, &TextBox::selectionWanted, this, [&face](bool all) { all ? face.selectAll() : face.end(false); });
 }
 
 void TextBinding::show()
@@ -54,14 +54,6 @@ void TextBinding::show()
   }
   if (m_edit.text() != m_box.text())
     m_edit.setText(m_box.text());
-}
-
-void TextBinding::mark(bool all)
-{
-  if (all)
-    m_edit.selectAll();
-  else
-    m_edit.end(false);
 }
 
 bool TextBinding::editsWith(const Key& key) const

@@ -25,7 +25,6 @@ protected:
   virtual bool openPicker();
 
 private:
-  void mark(bool all);
   bool commit(const QInputMethodEvent& event);
 
   TextBox& m_box;
