@@ -8,17 +8,17 @@
 
 using namespace Qt::StringLiterals;
 
-ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& face) : Binding(window, control), m_action(face)
+ActionBinding::ActionBinding(FormWindow& window, Control& control, QAction& action) : Binding(window, control), m_action(action)
 {
   takeShortcut();
-  connect(&face, &QAction::triggered, this, &ActionBinding::trigger);
+  connect(&action, &QAction::triggered, this, &ActionBinding::trigger);
 }
 
-// A tool button and a menu item that do the same have the same key. It belongs to the menu item, which
+// A tool button and a menu item that do the same have the same shortcut. It belongs to the menu item, which
 // shows it; the tool button mentions it in its tool tip.
 void ActionBinding::takeShortcut()
 {
-  const QKeySequence key(formWindow().face(control()).shortcut.toString());
+  const QKeySequence key(formWindow().actionDesign(control()).shortcut.toString());
   const QString tip = control().toolTip().isEmpty() ? control().caption() : control().toolTip();
   m_action.setToolTip(key.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, key.toString(QKeySequence::NativeText)));
   if (key.isEmpty())
@@ -43,7 +43,7 @@ void ActionBinding::show()
 
 void ActionBinding::trigger()
 {
-  // The tool button that shows the action, if one does: a menu may have to come up under it.
+  // The tool button that shows the action, if any: a menu may have to open below it.
   QWidget* tool = nullptr;
   for (QObject* const holder : m_action.associatedObjects())
     if (auto* const bar = qobject_cast<QToolBar*>(holder))
@@ -51,7 +51,7 @@ void ActionBinding::trigger()
   formWindow().click(control(), tool);
 }
 
-MenuBinding::MenuBinding(FormWindow& window, Menu& control, QMenu& face) : Binding(window, control), m_menu(face)
+MenuBinding::MenuBinding(FormWindow& window, Menu& control, QMenu& menu) : Binding(window, control), m_menu(menu)
 {
   connect(&control, &Menu::poppedUp, this, [this] { m_menu.popup(formWindow().popUpPlace()); });
 }

@@ -8,12 +8,12 @@
 class QAction;
 class QMenu;
 
-// A tool button or menu item whose face is an action.
+// A tool button or menu item, shown as an action.
 class ActionBinding : public Binding {
   Q_OBJECT
 
 public:
-  ActionBinding(FormWindow& window, Control& control, QAction& face);
+  ActionBinding(FormWindow& window, Control& control, QAction& action);
   void show() override;
 
 private:
@@ -23,19 +23,19 @@ private:
   QAction& m_action;
 };
 
-// A menu, of the menu bar or below another menu.
+// A menu of the menu bar, or a submenu.
 class MenuBinding : public Binding {
   Q_OBJECT
 
 public:
-  MenuBinding(FormWindow& window, Menu& control, QMenu& face);
+  MenuBinding(FormWindow& window, Menu& control, QMenu& menu);
   void show() override;
 
 private:
   QMenu& m_menu;
 };
 
-// Items that share one name: one action for each, made as the form adds them, in their order.
+// Menu items that share one name: one action for each, in their order.
 class ItemArrayBinding : public Binding {
   Q_OBJECT
 

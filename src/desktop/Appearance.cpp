@@ -21,7 +21,7 @@ struct Shade {
   QRgb disabled;
 };
 
-// A disabled field is a bill that is settled, not one to be passed over: its text stays readable.
+// A disabled field belongs to a settled bill that is still read: its text stays legible.
 constexpr Shade Shades[] = {
     {QPalette::Window, 0xfff4f6f8, 0xfff4f6f8},
     {QPalette::WindowText, 0xff1f2933, 0xff52606d},
@@ -38,11 +38,10 @@ constexpr Shade Shades[] = {
 constexpr QRgb GroupBorder = 0xffd5dce3;
 constexpr QPoint GroupTitleIndent{8, 2};
 
-// Families that hold all the characters of the screens, so that none has to be looked for elsewhere.
+// Families with all characters of the screens, so that no fallback font is searched.
 const QStringList Families{u"Noto Sans CJK SC"_s, u"Source Han Sans SC"_s, u"Microsoft YaHei"_s};
 
-// The usual style of the toolkit, but for what it reads from picture files: its own pictures cost a fifth
-// of the program's start.
+// Fusion without the icons that it loads from files: they cost a fifth of the start-up time.
 class Style : public QProxyStyle {
 public:
   Style() : QProxyStyle(u"fusion"_s) {}
@@ -68,7 +67,7 @@ public:
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
   }
 
-  // What a group holds has the same place in each, unless its layout says otherwise.
+  // The margins and spacing of group boxes, where a layout sets none.
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
   {
     const bool isGroup = qobject_cast<const QGroupBox*>(widget);
@@ -118,11 +117,11 @@ void Appearance::apply()
   QApplication::setPalette(colours);
   QApplication::setFont(QFont(Families, 10));
 
-  // A closed drop-down is read like a field, not like a button.
+  // A disabled drop-down is read like a field, not like a button.
   colours.setColor(QPalette::Disabled, QPalette::ButtonText, colours.color(QPalette::Disabled, QPalette::Text));
   QApplication::setPalette(colours, "QComboBox");
 
-  // The current cell or row is pointed out, without shouting.
+  // A muted highlight for item views.
   colours.setColor(QPalette::Highlight, QColor::fromRgb(0xffcfe3f6));
   colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Active, QPalette::Text));
   for (const char* view : {"QTableView", "QTreeView", "QListView"})
@@ -139,7 +138,7 @@ void Appearance::blend(QWidget& field)
   recolour(field, QPalette::Base, 0x00000000);
 }
 
-void Appearance::ground(QWidget& field, bool isReadOnly)
+void Appearance::setBackground(QWidget& field, bool isReadOnly)
 {
   const QPalette colours = QApplication::palette(&field);
   recolour(field, QPalette::Base, colours.color(isReadOnly ? QPalette::Disabled : QPalette::Active, QPalette::Base).rgba());

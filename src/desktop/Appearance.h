@@ -9,13 +9,13 @@ namespace Appearance {
 void apply();
 
 // For single widgets.
-// Colour of a red stamp, such as the one of a void bill.
+// The colour of a red stamp, such as that of a void bill.
 void stamp(QWidget& label);
-// A field without a background of its own.
+// A transparent background.
 void blend(QWidget& field);
-// A field that is only read has the background of a disabled one, another that of a field to type in.
-void ground(QWidget& field, bool isReadOnly);
-// The field that a grid is edited in stands out from the cells around it.
+// The background of a disabled field if it is read-only, else that of an enabled one.
+void setBackground(QWidget& field, bool isReadOnly);
+// Makes the field in which a grid is edited differ from the cells around it.
 void markAsCellEditor(QWidget& field);
 
 } // namespace Appearance

@@ -7,9 +7,9 @@
 class FormWindow;
 class QWidget;
 
-// One control and its face in the window, a widget or an action, kept in step: what the form sets
-// shows on the face, and what the operator does to the face becomes an event of the control. Made
-// and owned by the FormWindow, and gone before the control or the face is.
+// Keeps one control and its widget (or action) in the window in step: what the form sets shows on the
+// widget, and what the user does to the widget becomes an event of the control. Created and owned by the
+// FormWindow, and destroyed before the control and the widget.
 class Binding : public QObject {
   Q_OBJECT
 
@@ -18,10 +18,10 @@ public:
 
   Control& control() const { return m_control; }
 
-  // Makes the face look as the control says. Runs at start and after every change of the control
-  // or of a container that holds it.
+  // Updates the widget from the control. Runs at start and after every change of the control or of one of
+  // its containers.
   virtual void show() = 0;
-  // The widget that the focus goes to; null for a face that never has it.
+  // The widget that gets the focus; null if it never does.
   virtual QWidget* focusWidget() const { return nullptr; }
 
 protected:

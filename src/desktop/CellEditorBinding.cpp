@@ -13,14 +13,14 @@ CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QT
 {
 }
 
-CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& face)
-    : TextBinding(window, control, face), m_editor(control), m_view(view), m_face(face)
+CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& widget)
+    : TextBinding(window, control, widget), m_editor(control), m_view(view), m_widget(widget)
 {
-  face.setObjectName(control.name());
-  face.setFrame(false);
-  face.setTextMargins(1, 0, 1, 0);
-  Appearance::markAsCellEditor(face);
-  face.hide();
+  widget.setObjectName(control.name());
+  widget.setFrame(false);
+  widget.setTextMargins(1, 0, 1, 0);
+  Appearance::markAsCellEditor(widget);
+  widget.hide();
   for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
     connect(bar, &QScrollBar::valueChanged, this, &CellEditorBinding::lay);
   connect(view.horizontalHeader(), &QHeaderView::sectionResized, this, &CellEditorBinding::lay);
@@ -30,7 +30,7 @@ CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QT
 
 void CellEditorBinding::show()
 {
-  if (m_editor.isShown() && m_face.isHidden())
+  if (m_editor.isShown() && m_widget.isHidden())
     m_view.scrollTo(m_editor.grid().indexOf(m_editor.grid().row(), m_editor.grid().col()));
   lay();
   TextBinding::show();
@@ -41,9 +41,9 @@ void CellEditorBinding::lay()
   if (!m_editor.isShown())
     return;
   const Grid& grid = m_editor.grid();
-  m_face.setGeometry(m_view.visualRect(grid.indexOf(grid.row(), grid.col())));
-  m_face.setAlignment(grid.alignment(grid.row(), grid.col()));
-  m_face.raise();
+  m_widget.setGeometry(m_view.visualRect(grid.indexOf(grid.row(), grid.col())));
+  m_widget.setAlignment(grid.alignment(grid.row(), grid.col()));
+  m_widget.raise();
 }
 
 bool CellEditorBinding::openPicker()

@@ -5,26 +5,26 @@
 
 class QTableView;
 
-// The box that lies over the current cell of a grid. It moves with its cell when the view scrolls or
-// is laid out again, and has the cell's colour and alignment.
+// The text box over the current cell of a grid. It follows its cell when the view scrolls or is laid out
+// again, and has the cell's alignment.
 class CellEditorBinding : public TextBinding {
   Q_OBJECT
 
 public:
-  // The face is made here, over the cells of the view that shows the editor's grid.
+  // Creates the widget, over the cells of the view that shows the editor's grid.
   CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view);
 
   void show() override;
 
 protected:
-  // In a cell that has a picker the double click opens it.
+  // In a cell that has a picker a double click opens it.
   bool openPicker() override;
 
 private:
-  CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& face);
+  CellEditorBinding(FormWindow& window, CellEditor& control, QTableView& view, QLineEdit& widget);
   void lay();
 
   CellEditor& m_editor;
   QTableView& m_view;
-  QLineEdit& m_face;
+  QLineEdit& m_widget;
 };

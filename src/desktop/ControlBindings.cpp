@@ -28,14 +28,14 @@
 
 namespace {
 
-template <typename Kind, typename Face, typename Bound> Binding* bind(FormWindow& window, Control& control, QWidget& widget)
+template <typename Kind, typename Widget, typename Bound> Binding* bind(FormWindow& window, Control& control, QWidget& found)
 {
   auto* const kind = qobject_cast<Kind*>(&control);
-  auto* const face = qobject_cast<Face*>(&widget);
-  return kind && face ? new Bound(window, *kind, *face) : nullptr;
+  auto* const widget = qobject_cast<Widget*>(&found);
+  return kind && widget ? new Bound(window, *kind, *widget) : nullptr;
 }
 
-// Which face shows which kind of control. The first row that fits holds.
+// Which widget shows which kind of control. The first matching row applies.
 Binding* (*const Binds[])(FormWindow&, Control&, QWidget&) = {
     bind<ComboBox, QComboBox, ComboBinding>,
     bind<TextBox, QLineEdit, TextBinding>,
@@ -64,15 +64,15 @@ Binding* bindWidget(FormWindow& window, Control& control)
   return nullptr;
 }
 
-// The face of the container that holds a control.
-template <typename Face> Face* holder(const FormWindow& window, const Control& control)
+// The widget of the container that holds a control.
+template <typename Widget> Widget* holder(const FormWindow& window, const Control& control)
 {
-  return window.window().findChild<Face*>(control.parent()->objectName());
+  return window.window().findChild<Widget*>(control.parent()->objectName());
 }
 
 QAction* addAction(const FormWindow& window, QWidget& owner, const Control& control)
 {
-  if (window.face(control).startsGroup && !owner.actions().isEmpty()) {
+  if (window.actionDesign(control).startsGroup && !owner.actions().isEmpty()) {
     QAction* const line = new QAction(&owner);
     line->setSeparator(true);
     owner.addAction(line);
@@ -89,7 +89,7 @@ Binding* bindToolButton(FormWindow& window, Control& control)
   if (!bar)
     return nullptr;
   QAction* const action = addAction(window, *bar, control);
-  action->setIcon(Icons::icon(window.face(control).icon));
+  action->setIcon(Icons::icon(window.actionDesign(control).icon));
   if (QWidget* const button = bar->widgetForAction(action))
     button->setFocusPolicy(Qt::NoFocus);
   return new ActionBinding(window, control, *action);
@@ -116,7 +116,7 @@ Binding* bindMenuEntry(FormWindow& window, Control& control)
   return new ActionBinding(window, control, *addAction(window, *menu, control));
 }
 
-// VS and HS are the bars of the area that the form's panel lies in.
+// VS and HS are the scroll bars of the area that contains the form's panel.
 Binding* bindScrollBar(FormWindow& window, ScrollBar& control)
 {
   auto* const area = window.window().findChild<QScrollArea*>();

@@ -4,6 +4,6 @@ class Binding;
 class Control;
 class FormWindow;
 
-// Finds the face of a control in the window, or makes it where the window leaves that to the control,
-// and ties the two. Null if the window has no face of that name and kind.
+// Binds a control to its widget in the window. Menus, their entries and the buttons of a toolbar are created
+// here. Null if the window has no widget of that name and kind.
 Binding* bindControl(FormWindow& window, Control& control);

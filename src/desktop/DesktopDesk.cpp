@@ -14,13 +14,13 @@
 
 namespace {
 
-struct ButtonFace {
+struct BoxButton {
   QMessageBox::StandardButton button;
   Desk::Answer answer;
-  const char16_t* text;
+  QStringView text;
 };
 
-constexpr ButtonFace ButtonFaces[] = {
+constexpr BoxButton BoxButtons[] = {
     {QMessageBox::Ok, Desk::Answer::Ok, u"确定"},
     {QMessageBox::Cancel, Desk::Answer::Cancel, u"取消"},
     {QMessageBox::Yes, Desk::Answer::Yes, u"是(&Y)"},
@@ -50,9 +50,9 @@ void dress(QMessageBox& box, const Desk::Box& asked)
   box.setIcon(BoxIcons[int(asked.icon)]);
   const ButtonSet& buttons = ButtonSets[int(asked.buttons)];
   box.setStandardButtons(buttons.all);
-  for (const ButtonFace& face : ButtonFaces)
-    if (QAbstractButton* const button = box.button(face.button))
-      button->setText(QString::fromUtf16(face.text));
+  for (const BoxButton& one : BoxButtons)
+    if (QAbstractButton* const button = box.button(one.button))
+      button->setText(one.text.toString());
   box.setDefaultButton(buttons.first);
   box.setEscapeButton(buttons.closing);
 }
@@ -97,9 +97,9 @@ Desk::Answer DesktopDesk::ask(const Box& asked)
   if (m_observer)
     QTimer::singleShot(0, &box, [&] { m_observer->boxStands(box); });
   const int pressed = box.exec();
-  for (const ButtonFace& face : ButtonFaces)
-    if (face.button == pressed)
-      return face.answer;
+  for (const BoxButton& one : BoxButtons)
+    if (one.button == pressed)
+      return one.answer;
   return Answer::Ok;
 }
 
@@ -129,7 +129,7 @@ void DesktopDesk::show(Form& form)
   if (bringToFront(form))
     return;
   FormWindow& opened = open(form, nullptr);
-  // The window may be in the middle of the very event that closes it, and goes when that is over.
+  // The window may still be handling the event that closes it: delete it afterwards.
   QObject::connect(&opened, &FormWindow::closed, &opened, [this, &opened] { take(opened).release()->deleteLater(); });
   opened.window().show();
 }

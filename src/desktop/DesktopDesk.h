@@ -12,8 +12,8 @@ class FormWindow;
 class QMessageBox;
 class QWidget;
 
-// Someone who looks on while the program waits for the operator, and may act in his place: the player
-// of operator scripts. Called from inside the wait, just after the box or window has come up.
+// Test hook: called right after a box or a modal window appears, while the program waits for the user. The
+// player of operator scripts acts in the user's place.
 class DeskObserver {
 public:
   virtual ~DeskObserver() = default;
@@ -21,8 +21,8 @@ public:
   virtual void modalStands(QWidget& window) = 0;
 };
 
-// The operator at the screen: boxes, windows, beep and pointer of the desktop. One lives as long as
-// the program, with an application around it. A form that has no window design stops the program.
+// The Desk of real windows. Lives as long as the program, inside a QApplication. A form without a window
+// design ends the program.
 class DesktopDesk : public Desk {
 public:
   explicit DesktopDesk(const WindowDesigns& designs, DeskObserver* observer = nullptr);
@@ -37,9 +37,9 @@ public:
   void setBusy(bool busy) override;
 
 private:
-  // The window of the form that was shown last and is still open; null if there is none.
+  // The window of the open form that was shown last; null if there is none.
   QWidget* topWindow() const;
-  // Brings the window of a form that is open already to the front; false if there is none.
+  // Brings the window of an open form to the front; false if the form is not open.
   bool bringToFront(const Form& form);
   auto pauseBusy();
   FormWindow& open(Form& form, QWidget* parent);
@@ -47,7 +47,7 @@ private:
 
   const WindowDesigns m_designs;
   DeskObserver* m_observer;
-  std::vector<std::unique_ptr<FormWindow>> m_windows; // in the order in which they came up
-  QHash<QString, QSize> m_dialogSizes;                // as the operator left them in this run, by the forms' names
+  std::vector<std::unique_ptr<FormWindow>> m_windows; // the topmost last
+  QHash<QString, QSize> m_dialogSizes;                // as the user left them in this run, by the forms' names
   bool m_isBusy = false;
 };

@@ -28,7 +28,7 @@ FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWid
 
 FormWindow::~FormWindow()
 {
-  // The bindings go before the widgets that they watch.
+  // Destroy the bindings before the widgets they observe.
   qDeleteAll(m_bindings);
 }
 
@@ -57,7 +57,7 @@ void FormWindow::keepInStep(Binding& binding)
   binding.show();
   Control* const control = &binding.control();
   connect(control, &Control::changed, &binding, [this, control, &binding] {
-    // What a container holds goes first, so that it comes up complete.
+    // Contents first, so that a container appears complete.
     for (const Control* held : control->findChildren<Control*>())
       if (Binding* const inner = bindingOf(*held))
         inner->show();
@@ -84,8 +84,8 @@ void FormWindow::click(Control& control, QWidget* tool)
 
 void FormWindow::focusCameTo(Control& control, Qt::FocusReason reason)
 {
-  // Qt's other reasons are not the operator: it passes the focus on from a widget that is hidden or
-  // disabled, or gives it back when a window or a menu has gone.
+  // Qt's other reasons are not the user: it moves the focus from a hidden or disabled widget, or restores it
+  // when a window or a menu has closed.
   if (reason == Qt::MouseFocusReason || reason == Qt::OtherFocusReason || reason == Qt::ShortcutFocusReason)
     act([&] { m_form.setFocus(control); });
 }
@@ -107,7 +107,7 @@ void FormWindow::settleFocus()
     adoptFocus();
 }
 
-// The control in focus can no longer be reached, and Qt has passed the focus on.
+// The focused control became unreachable and Qt moved the focus: follow it.
 void FormWindow::adoptFocus()
 {
   for (Binding* binding : std::as_const(m_bindings)) {
@@ -154,7 +154,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event)
   }
   if (event->type() != QEvent::KeyPress)
     return false;
-  // A key that no control has received. Dialogs would close, or press a button of their own choice.
+  // A key that no control handled. A dialog would close, or press its default button.
   const auto key = keyOf(*static_cast<QKeyEvent*>(event));
   if (key)
     act([&] { m_form.handleKey(*key); });

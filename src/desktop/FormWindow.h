@@ -11,41 +11,39 @@
 
 class Binding;
 
-// A form and its window. For each control of the form it finds the widget, action or menu of the same
-// name and keeps the two in step; buttons of a toolbar and entries of menus that the window does not
-// have it makes from the controls. A widget that the form has no control for is hidden, unless its name
-// begins with a small letter: such widgets are the window's own. It decides nothing: what an event means is
-// the form's business.
+// A form and its window. For each control of the form it finds the widget of the same name and keeps the two
+// in step; it creates menus, their entries and the buttons of toolbars from their controls. A widget that
+// the form has no control for is hidden, unless its name begins with a small letter: such widgets are the
+// window's own. It decides nothing: what an event means is the form's business.
 class FormWindow : public QObject {
   Q_OBJECT
 
 public:
-  // Ends the program if no window was designed for the form.
+  // Ends the program if the form has no window design.
   FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWidget* parent);
   ~FormWindow() override;
 
   Form& form() const { return m_form; }
   QWidget& window() const { return *m_window; }
-  // True once the form has closed: the window is hidden, and gets no more events.
+  // True after the form has closed: the window is hidden and ignores further events.
   bool isClosed() const { return m_closed; }
 
   // For the bindings.
-  // Runs an event of the operator. After it the focus is where the form has it, or on a control that can
-  // be reached.
+  // Runs an event of the user. Afterwards the focus is on the form's focused control, or on another that is
+  // reachable.
   void act(const std::function<void()>& event);
-  // The same for a click on a control; `tool` is the button of a toolbar that brought it about, if one did.
+  // The same for a click on a control; `tool` is the tool button that was pressed, if any.
   void click(Control& control, QWidget* tool = nullptr);
-  // A widget has got the focus.
+  // A widget has received the focus.
   void focusCameTo(Control& control, Qt::FocusReason reason);
-  // The binding of a control; null if it has no face.
+  // The binding of a control; null if it has no widget.
   Binding* bindingOf(const Control& control) const { return m_bindings.value(&control); }
-  ActionFace face(const Control& control) const { return m_designs.face(control.name()); }
-  // Where a menu opens that comes up by an order of the form: under the tool button whose press is
-  // under way, or at the pointer.
+  ActionDesign actionDesign(const Control& control) const { return m_designs.action(control.name()); }
+  // Where a menu opens that the form pops up: below the tool button being pressed, or at the mouse pointer.
   QPoint popUpPlace() const;
 
 signals:
-  // The form has closed and the window is gone from the screen.
+  // The form has closed and the window is hidden.
   void closed();
 
 protected:

@@ -18,13 +18,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A row is as high as a line of Chinese text needs, and the columns grow in step: a bill's code fits into the
-// column that is made for it.
+// A row is as high as a line of Chinese text needs, and columns are scaled to match: a bill's code fits into
+// its column.
 constexpr int TwipsPerPixel = 12;
 constexpr int RowPixels = 24;
-constexpr QRgb TotalsGround = 0xffe8edf2;
+constexpr QRgb TotalsBackground = 0xffe8edf2;
 
-// A cell that has a colour of its own keeps it in the row that is marked.
+// A coloured cell keeps its colour in the highlighted row.
 class CellDelegate : public QStyledItemDelegate {
 public:
   CellDelegate(const Grid& ofGrid, QObject* parent) : QStyledItemDelegate(parent), m_grid(ofGrid) {}
@@ -38,7 +38,7 @@ protected:
         option->palette.setColor(role, QColor(color & 0xff, color >> 8 & 0xff, color >> 16 & 0xff));
     if (!m_grid.isTotals(index.row() + 1))
       return;
-    option->backgroundBrush = QColor::fromRgb(TotalsGround);
+    option->backgroundBrush = QColor::fromRgb(TotalsBackground);
     option->font.setBold(true);
     option->fontMetrics = QFontMetrics(option->font);
   }
@@ -49,8 +49,8 @@ private:
 
 } // namespace
 
-GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& face)
-    : ItemViewBinding(window, control, face, control.model()), m_grid(control), m_view(face)
+GridBinding::GridBinding(FormWindow& window, Grid& control, QTableView& widget)
+    : ItemViewBinding(window, control, widget, control.model()), m_grid(control), m_view(widget)
 {
   prepareView();
   connect(&m_grid.model(), &QAbstractItemModel::modelReset, this, &GridBinding::layOut);
@@ -91,7 +91,7 @@ void GridBinding::show()
 void GridBinding::layOut()
 {
   m_view.setSelectionBehavior(m_grid.isRowList() ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
-  // Amounts that end a list stay beside the others.
+  // The last column of a list with totals is an amount: do not stretch it.
   m_view.horizontalHeader()->setStretchLastSection(!m_grid.hasTotalsRow());
   for (int col = 0; col < m_grid.cols(); ++col)
     layOutColumn(col);
@@ -114,7 +114,7 @@ void GridBinding::layOutColumn(int col)
     headings->resizeSection(col - 1, width);
 }
 
-// The place where the two headers meet has no text in the view itself.
+// QTableView shows no text in the corner where the two headers meet.
 void GridBinding::showCorner()
 {
   const QString text = m_grid.text(0, 0);
@@ -134,7 +134,7 @@ void GridBinding::showCorner()
 
 void GridBinding::showCurrent()
 {
-  // A row is marked as a whole even when its fixed column is the current one.
+  // The whole row is highlighted even if its heading is the current cell.
   const int col = m_grid.isRowList() ? qMax(m_grid.col(), 1) : m_grid.col();
   ItemViewBinding::showCurrent(m_grid.indexOf(m_grid.row(), col));
 }
@@ -175,7 +175,7 @@ void GridBinding::clickHeading(int row, int col)
   formWindow().act([&] { m_grid.clickCell(row, col); });
 }
 
-// A turn that has moved the current cell has scrolled enough; any other scrolls the view.
+// A turn that moves the current cell does not also scroll the view.
 bool GridBinding::wheelTurned(int step, Qt::KeyboardModifiers held)
 {
   if (formWindow().isClosed() || step == 0 || held != Qt::NoModifier)
@@ -185,7 +185,7 @@ bool GridBinding::wheelTurned(int step, Qt::KeyboardModifiers held)
   return m_grid.row() != row;
 }
 
-// Keys that the grid does not know must not move the view's own current cell.
+// Keys unknown to the grid must not move the view's current cell.
 bool GridBinding::pressSpecial(const QKeyEvent& event)
 {
   if (event.matches(QKeySequence::Copy))

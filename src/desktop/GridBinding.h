@@ -6,13 +6,12 @@
 class QLabel;
 class QTableView;
 
-// A grid. All moving of the current cell is done by the grid itself; the view shows where it is and
-// scrolls.
+// A grid. The Grid itself moves the current cell; the view shows it and scrolls.
 class GridBinding : public ItemViewBinding {
   Q_OBJECT
 
 public:
-  GridBinding(FormWindow& window, Grid& control, QTableView& face);
+  GridBinding(FormWindow& window, Grid& control, QTableView& widget);
 
   void show() override;
 

@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The shell's own pictures are in this library; without the call the linker would leave them out.
+// The shell's icons are in this static library; without the call the linker would drop them.
 static void load()
 {
   Q_INIT_RESOURCE(icons);
@@ -18,8 +18,8 @@ static void load()
 
 namespace {
 
-// Draws a picture when it is first wanted in a size. The toolkit's own way to a picture file would load
-// the readers of all other formats on the way.
+// Renders an icon when a size is first needed. Qt's own icon engine would load the plugins of all image
+// formats.
 class Drawing : public QIconEngine {
 public:
   explicit Drawing(const QString& name) : m_name(name) {}

@@ -5,13 +5,13 @@
 #include <QAbstractItemView>
 #include <QMouseEvent>
 
-ItemViewBinding::ItemViewBinding(FormWindow& window, Control& control, QAbstractItemView& face, QAbstractItemModel& model)
-    : SelfActingBinding(window, control, face), m_view(face)
+ItemViewBinding::ItemViewBinding(FormWindow& window, Control& control, QAbstractItemView& widget, QAbstractItemModel& model)
+    : SelfActingBinding(window, control, widget), m_view(widget)
 {
-  face.setModel(&model);
-  face.viewport()->installEventFilter(this);
-  face.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  face.setSelectionMode(QAbstractItemView::SingleSelection);
+  widget.setModel(&model);
+  widget.viewport()->installEventFilter(this);
+  widget.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  widget.setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 bool ItemViewBinding::eventFilter(QObject* watched, QEvent* event)

@@ -5,17 +5,17 @@
 class QAbstractItemModel;
 class QAbstractItemView;
 
-// A grid or a tree in its view. All moving of the current item is done by the control; the view shows where
-// it is and scrolls, and its own mouse handling is switched off.
+// A grid or a tree in its view. The control moves the current item; the view shows it and scrolls. The view's
+// own mouse handling is switched off.
 class ItemViewBinding : public SelfActingBinding {
   Q_OBJECT
 
 public:
-  ItemViewBinding(FormWindow& window, Control& control, QAbstractItemView& face, QAbstractItemModel& model);
+  ItemViewBinding(FormWindow& window, Control& control, QAbstractItemView& widget, QAbstractItemModel& model);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  // `twice` for the second press of a double click; the first has been a click already.
+  // `twice` for the second press of a double click, which follows a single one.
   virtual void mousePressed(const QPoint& at, Qt::MouseButton button, bool twice) = 0;
   // Makes an item the view's current one and scrolls to it.
   void showCurrent(const QModelIndex& current);

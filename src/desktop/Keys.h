@@ -6,6 +6,6 @@
 
 class QKeyEvent;
 
-// The key press as the controls know it; nothing for a key that they do not know, such as a function
-// key or one with Ctrl or Alt held.
+// The key press as controls know it; nullopt for any other, such as a function key or a key with Ctrl or
+// Alt.
 std::optional<Key> keyOf(const QKeyEvent& event);

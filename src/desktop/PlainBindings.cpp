@@ -12,26 +12,26 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 
-CaptionBinding::CaptionBinding(FormWindow& window, Control& control, QWidget& face) : WidgetBinding(window, control, face)
+CaptionBinding::CaptionBinding(FormWindow& window, Control& control, QWidget& widget) : WidgetBinding(window, control, widget)
 {
-  if (auto* const label = qobject_cast<QLabel*>(&face))
+  if (auto* const label = qobject_cast<QLabel*>(&widget))
     label->setTextFormat(Qt::PlainText);
 }
 
 void CaptionBinding::show()
 {
   WidgetBinding::show();
-  face().setProperty(qobject_cast<QGroupBox*>(&face()) ? "title" : "text", control().caption());
+  widget().setProperty(qobject_cast<QGroupBox*>(&widget()) ? "title" : "text", control().caption());
 }
 
-ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButton& face)
-    : SelfActingBinding(window, control, face), m_button(face)
+ButtonBinding::ButtonBinding(FormWindow& window, Control& control, QAbstractButton& widget)
+    : SelfActingBinding(window, control, widget), m_button(widget)
 {
   // The form decides which options are unchecked when one is chosen.
-  face.setAutoExclusive(false);
-  if (auto* const push = qobject_cast<QPushButton*>(&face))
+  widget.setAutoExclusive(false);
+  if (auto* const push = qobject_cast<QPushButton*>(&widget))
     push->setAutoDefault(false);
-  connect(&face, &QAbstractButton::clicked, this, [this] {
+  connect(&widget, &QAbstractButton::clicked, this, [this] {
     formWindow().click(this->control());
     show();
   });
@@ -41,26 +41,27 @@ void ButtonBinding::show()
 {
   SelfActingBinding::show();
   m_button.setText(control().caption());
-  // A text takes the key of its own letter, or none.
-  if (const QKeySequence key(formWindow().face(control()).shortcut.toString()); !key.isEmpty())
+  // setText() resets the shortcut.
+  if (const QKeySequence key(formWindow().actionDesign(control()).shortcut.toString()); !key.isEmpty())
     m_button.setShortcut(key);
   if (const auto* const box = qobject_cast<const CheckBox*>(&control()))
     m_button.setChecked(box->isChecked());
 }
 
-PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face) : CaptionBinding(window, control, face)
+PictureButtonBinding::PictureButtonBinding(FormWindow& window, Control& control, QToolButton& widget)
+    : CaptionBinding(window, control, widget)
 {
-  face.setFocusPolicy(Qt::NoFocus);
-  face.setIcon(Icons::icon(u"pick"));
-  connect(&face, &QToolButton::clicked, this, [this, &face] { formWindow().click(this->control(), &face); });
+  widget.setFocusPolicy(Qt::NoFocus);
+  widget.setIcon(Icons::icon(u"pick"));
+  connect(&widget, &QToolButton::clicked, this, [this, &widget] { formWindow().click(this->control(), &widget); });
 }
 
-ListBinding::ListBinding(FormWindow& window, ListBox& control, QListWidget& face)
-    : SelfActingBinding(window, control, face), m_list(control), m_view(face)
+ListBinding::ListBinding(FormWindow& window, ListBox& control, QListWidget& widget)
+    : SelfActingBinding(window, control, widget), m_list(control), m_view(widget)
 {
-  connect(&face, &QListWidget::itemPressed, this,
+  connect(&widget, &QListWidget::itemPressed, this,
           [this](QListWidgetItem* item) { formWindow().act([&] { m_list.select(m_view.row(item)); }); });
-  connect(&face, &QListWidget::itemDoubleClicked, this, [this] { formWindow().act([this] { m_list.doubleClick(); }); });
+  connect(&widget, &QListWidget::itemDoubleClicked, this, [this] { formWindow().act([this] { m_list.doubleClick(); }); });
 }
 
 void ListBinding::show()
@@ -79,23 +80,23 @@ void ListBinding::show()
   m_view.setCurrentRow(m_list.index());
 }
 
-ProgressBinding::ProgressBinding(FormWindow& window, ProgressBar& control, QProgressBar& face)
-    : WidgetBinding(window, control, face), m_progress(control), m_bar(face)
+ProgressBinding::ProgressBinding(FormWindow& window, ProgressBar& control, QProgressBar& widget)
+    : WidgetBinding(window, control, widget), m_progress(control), m_bar(widget)
 {
-  face.setRange(0, 100);
+  widget.setRange(0, 100);
 }
 
 void ProgressBinding::show()
 {
   WidgetBinding::show();
   m_bar.setValue(m_progress.value());
-  // The work in progress lets no event through.
+  // The event loop is blocked by the work that it reports.
   if (m_bar.isVisible())
     m_bar.repaint();
 }
 
-ScrollBarBinding::ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& face) : Binding(window, control)
+ScrollBarBinding::ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& widget) : Binding(window, control)
 {
-  face.setObjectName(control.name());
-  connect(&face, &QScrollBar::rangeChanged, &control, [&control](int, int maximum) { control.setVisible(maximum > 0); });
+  widget.setObjectName(control.name());
+  connect(&widget, &QScrollBar::rangeChanged, &control, [&control](int, int maximum) { control.setVisible(maximum > 0); });
 }

@@ -9,14 +9,14 @@ class QProgressBar;
 class QScrollBar;
 class QToolButton;
 
-// The faces that need little: labels, frames, buttons, lists, bars.
+// Simple widgets: labels, frames, buttons, lists, bars.
 
-// A label, a frame with a title.
+// A label, or a frame with a title.
 class CaptionBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  CaptionBinding(FormWindow& window, Control& control, QWidget& face);
+  CaptionBinding(FormWindow& window, Control& control, QWidget& widget);
   void show() override;
 };
 
@@ -25,19 +25,19 @@ class ButtonBinding : public SelfActingBinding {
   Q_OBJECT
 
 public:
-  ButtonBinding(FormWindow& window, Control& control, QAbstractButton& face);
+  ButtonBinding(FormWindow& window, Control& control, QAbstractButton& widget);
   void show() override;
 
 private:
   QAbstractButton& m_button;
 };
 
-// A button with a picture beside its field. It never has the focus.
+// A button with an icon beside its field. It never has the focus.
 class PictureButtonBinding : public CaptionBinding {
   Q_OBJECT
 
 public:
-  PictureButtonBinding(FormWindow& window, Control& control, QToolButton& face);
+  PictureButtonBinding(FormWindow& window, Control& control, QToolButton& widget);
   QWidget* focusWidget() const override { return nullptr; }
 };
 
@@ -45,7 +45,7 @@ class ListBinding : public SelfActingBinding {
   Q_OBJECT
 
 public:
-  ListBinding(FormWindow& window, ListBox& control, QListWidget& face);
+  ListBinding(FormWindow& window, ListBox& control, QListWidget& widget);
   void show() override;
 
 private:
@@ -57,7 +57,7 @@ class ProgressBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  ProgressBinding(FormWindow& window, ProgressBar& control, QProgressBar& face);
+  ProgressBinding(FormWindow& window, ProgressBar& control, QProgressBar& widget);
   void show() override;
 
 private:
@@ -65,12 +65,11 @@ private:
   QProgressBar& m_bar;
 };
 
-// A bar of the scroll area around the panel. The area shows and hides it by itself; the control
-// is visible with it.
+// A scroll bar of the area around the panel. The area shows and hides it; the control follows.
 class ScrollBarBinding : public Binding {
   Q_OBJECT
 
 public:
-  ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& face);
+  ScrollBarBinding(FormWindow& window, ScrollBar& control, QScrollBar& widget);
   void show() override {}
 };

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The keys by which accounting users open what a field offers.
+// The keys by which accounting users open the picker of a field.
 bool isPickerKey(const QKeyEvent& event)
 {
   const bool plainF4 = event.key() == Qt::Key_F4 && event.modifiers() == Qt::NoModifier;
@@ -36,11 +36,11 @@ Control* pickerOf(const Control& box)
 
 } // namespace
 
-TextBinding::TextBinding(FormWindow& window, TextBox& control, QLineEdit& face)
-    : WidgetBinding(window, control, face), m_box(control), m_edit(face)
+TextBinding::TextBinding(FormWindow& window, TextBox& control, QLineEdit& widget)
+    : WidgetBinding(window, control, widget), m_box(control), m_edit(widget)
 {
-  connect(&face, &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
-  connect(&control, &TextBox::selectionWanted, this, [&face](bool all) { all ? face.selectAll() : face.end(false); });
+  connect(&widget, &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
+  connect(&control, &TextBox::selectionWanted, this, [&widget](bool all) { all ? widget.selectAll() : widget.end(false); });
 }
 
 void TextBinding::show()
@@ -48,9 +48,9 @@ void TextBinding::show()
   WidgetBinding::show();
   if (m_edit.isReadOnly() != m_box.isReadOnly()) {
     m_edit.setReadOnly(m_box.isReadOnly());
-    // A field without a frame has no background of its own.
+    // A field without a frame is transparent.
     if (m_edit.hasFrame())
-      Appearance::ground(m_edit, m_box.isReadOnly());
+      Appearance::setBackground(m_edit, m_box.isReadOnly());
   }
   if (m_edit.text() != m_box.text())
     m_edit.setText(m_box.text());
@@ -96,7 +96,7 @@ bool TextBinding::eventFilter(QObject* watched, QEvent* event)
   return WidgetBinding::eventFilter(watched, event);
 }
 
-// What an input method has made of several keys passes the handlers letter by letter, as if typed.
+// Text committed by an input method is offered to the handlers character by character, as if typed.
 bool TextBinding::commit(const QInputMethodEvent& event)
 {
   QString kept;
@@ -117,19 +117,19 @@ bool TextBinding::commit(const QInputMethodEvent& event)
   return true;
 }
 
-ComboBinding::ComboBinding(FormWindow& window, ComboBox& control, QComboBox& face)
-    : WidgetBinding(window, control, face), m_box(control), m_drop(face)
+ComboBinding::ComboBinding(FormWindow& window, ComboBox& control, QComboBox& widget)
+    : WidgetBinding(window, control, widget), m_box(control), m_drop(widget)
 {
-  face.setEditable(control.isEditable());
-  face.setInsertPolicy(QComboBox::NoInsert);
-  connect(&face, &QComboBox::textActivated, this, [this](const QString& text) {
+  widget.setEditable(control.isEditable());
+  widget.setInsertPolicy(QComboBox::NoInsert);
+  connect(&widget, &QComboBox::textActivated, this, [this](const QString& text) {
     formWindow().act([&] { m_box.choose(text); });
     show();
   });
   if (!control.isEditable())
     return;
-  face.setCompleter(nullptr);
-  connect(face.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
+  widget.setCompleter(nullptr);
+  connect(widget.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
 }
 
 void ComboBinding::show()
@@ -147,7 +147,7 @@ void ComboBinding::show()
 void ComboBinding::showItems()
 {
   QStringList wanted = m_box.items();
-  // A text that is none of the items is to be seen all the same.
+  // A text that is not among the items is shown too.
   if (!m_box.isEditable() && !m_box.text().isEmpty() && !wanted.contains(m_box.text()))
     wanted.append(m_box.text());
   QStringList there;
@@ -165,12 +165,12 @@ bool ComboBinding::editsWith(const Key& key) const
   return key.code != Key::Enter && key.code != Key::Escape;
 }
 
-DateBinding::DateBinding(FormWindow& window, DatePicker& control, QDateEdit& face)
-    : WidgetBinding(window, control, face), m_picker(control), m_edit(face)
+DateBinding::DateBinding(FormWindow& window, DatePicker& control, QDateEdit& widget)
+    : WidgetBinding(window, control, widget), m_picker(control), m_edit(widget)
 {
-  face.setDisplayFormat(u"yyyy-MM-dd"_s);
-  face.setCalendarPopup(true);
-  connect(&face, &QDateEdit::dateChanged, this, [this](QDate date) { formWindow().act([&] { m_picker.setDate(date); }); });
+  widget.setDisplayFormat(u"yyyy-MM-dd"_s);
+  widget.setCalendarPopup(true);
+  connect(&widget, &QDateEdit::dateChanged, this, [this](QDate date) { formWindow().act([&] { m_picker.setDate(date); }); });
 }
 
 void DateBinding::show()
@@ -194,7 +194,7 @@ bool DateBinding::pressSpecial(const QKeyEvent& event)
   return true;
 }
 
-// The date edit opens its calendar for nothing but a press of its arrow.
+// QDateEdit has no function that opens its calendar: click its arrow.
 void DateBinding::openCalendar()
 {
   QStyleOptionComboBox option;

@@ -8,12 +8,12 @@ class QDateEdit;
 class QInputMethodEvent;
 class QLineEdit;
 
-// A text box. Typing changes the control letter by letter.
+// A text box. Typing changes the control character by character.
 class TextBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  TextBinding(FormWindow& window, TextBox& control, QLineEdit& face);
+  TextBinding(FormWindow& window, TextBox& control, QLineEdit& widget);
 
   void show() override;
 
@@ -21,7 +21,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool editsWith(const Key& key) const override;
   bool pressSpecial(const QKeyEvent& event) override;
-  // What opens the picker of the field, if it has one.
+  // Opens the picker of the field; false if it has none.
   virtual bool openPicker();
 
 private:
@@ -31,12 +31,12 @@ private:
   QLineEdit& m_edit;
 };
 
-// A drop-down, typed into or not.
+// A drop-down, editable or not.
 class ComboBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  ComboBinding(FormWindow& window, ComboBox& control, QComboBox& face);
+  ComboBinding(FormWindow& window, ComboBox& control, QComboBox& widget);
 
   void show() override;
 
@@ -54,7 +54,7 @@ class DateBinding : public WidgetBinding {
   Q_OBJECT
 
 public:
-  DateBinding(FormWindow& window, DatePicker& control, QDateEdit& face);
+  DateBinding(FormWindow& window, DatePicker& control, QDateEdit& widget);
 
   void show() override;
 

@@ -13,7 +13,7 @@ QString keyOf(const QModelIndex& node)
   return node.data(Tree::KeyRole).toString();
 }
 
-// A root has another picture than what is below it.
+// Roots and other nodes have different icons.
 class NodeDelegate : public QStyledItemDelegate {
 public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -33,8 +33,8 @@ private:
 
 } // namespace
 
-TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& face)
-    : ItemViewBinding(window, control, face, control.model()), m_tree(control), m_view(face)
+TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& widget)
+    : ItemViewBinding(window, control, widget, control.model()), m_tree(control), m_view(widget)
 {
   m_view.setItemDelegate(new NodeDelegate(&m_view));
   m_view.setHeaderHidden(true);
@@ -71,7 +71,7 @@ void TreeBinding::mousePressed(const QPoint& at, Qt::MouseButton button, bool tw
     m_tree.form().setFocus(m_tree);
     if (!index.isValid())
       return;
-    // Before the node is what opens and closes its branch.
+    // Left of the node is its expander.
     if (at.x() < m_view.visualRect(index).left())
       m_tree.setExpanded(key, !m_tree.isExpanded(key));
     else

@@ -5,13 +5,13 @@
 
 class QTreeView;
 
-// A tree. Which branches are open and which node is the current one is decided by the tree itself; the
-// view shows it and scrolls.
+// A tree. The Tree itself decides which branches are open and which node is the current one; the view shows
+// them and scrolls.
 class TreeBinding : public ItemViewBinding {
   Q_OBJECT
 
 public:
-  TreeBinding(FormWindow& window, Tree& control, QTreeView& face);
+  TreeBinding(FormWindow& window, Tree& control, QTreeView& widget);
 
 protected:
   void mousePressed(const QPoint& at, Qt::MouseButton button, bool twice) override;

@@ -8,32 +8,31 @@
 
 Binding::Binding(FormWindow& formWindow, Control& boundControl) : QObject(&formWindow), m_formWindow(formWindow), m_control(boundControl) {}
 
-WidgetBinding::WidgetBinding(FormWindow& window, Control& control, QWidget& face) : Binding(window, control), m_face(face)
+WidgetBinding::WidgetBinding(FormWindow& window, Control& control, QWidget& widget) : Binding(window, control), m_widget(widget)
 {
-  face.installEventFilter(this);
+  widget.installEventFilter(this);
   if (!control.toolTip().isEmpty())
-    face.setToolTip(control.toolTip());
+    widget.setToolTip(control.toolTip());
 }
 
 void WidgetBinding::show()
 {
-  // The states that the operator sees: the window may hold its widgets in other containers than the
-  // form does its controls.
-  m_face.setEnabled(control().isUsable());
-  if (m_face.isHidden() == control().isShown())
-    m_face.setVisible(control().isShown());
+  // The effective states: a widget may lie in other containers than its control does in the form.
+  m_widget.setEnabled(control().isUsable());
+  if (m_widget.isHidden() == control().isShown())
+    m_widget.setVisible(control().isShown());
 }
 
 bool WidgetBinding::eventFilter(QObject* watched, QEvent* event)
 {
-  if (watched != &m_face || formWindow().isClosed())
+  if (watched != &m_widget || formWindow().isClosed())
     return false;
   switch (event->type()) {
   case QEvent::KeyPress: return keyPressed(*static_cast<QKeyEvent*>(event));
   case QEvent::FocusIn: formWindow().focusCameTo(control(), static_cast<QFocusEvent*>(event)->reason()); return false;
   case QEvent::Wheel:
-    // Values do not change under the pointer of someone who only scrolls past.
-    if (m_face.hasFocus() || (m_face.focusPolicy() & Qt::ClickFocus) == 0)
+    // Scrolling past an unfocused field must not change it.
+    if (m_widget.hasFocus() || (m_widget.focusPolicy() & Qt::ClickFocus) == 0)
       return false;
     event->ignore();
     return true;
@@ -46,9 +45,9 @@ bool WidgetBinding::keyPressed(const QKeyEvent& event)
   const auto key = keyOf(event);
   if (!key)
     return pressSpecial(event);
-  bool usedUp = false;
-  formWindow().act([&] { usedUp = press(*key); });
-  return usedUp || !editsWith(*key);
+  bool consumed = false;
+  formWindow().act([&] { consumed = press(*key); });
+  return consumed || !editsWith(*key);
 }
 
 bool WidgetBinding::press(const Key& key)

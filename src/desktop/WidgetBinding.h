@@ -6,32 +6,32 @@
 
 class QKeyEvent;
 
-// A control whose face is a widget: enabled, visible, tool tip, focus and keys.
+// A control shown by a widget: enabled, visible, tool tip, focus and keys.
 //
-// Every key goes to the control's handlers first. One that they do not use up reaches the widget only
-// if the widget edits with it; none goes on to the widgets around it.
+// Every key goes to the control's handlers first. A key that they do not consume reaches the widget only if
+// the widget edits with it; none is passed to the parent widgets.
 class WidgetBinding : public Binding {
   Q_OBJECT
 
 public:
-  WidgetBinding(FormWindow& window, Control& control, QWidget& face);
+  WidgetBinding(FormWindow& window, Control& control, QWidget& widget);
 
   void show() override;
-  QWidget* focusWidget() const override { return &m_face; }
+  QWidget* focusWidget() const override { return &m_widget; }
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
-  QWidget& face() const { return m_face; }
-  // Whether the widget's own editing has a use for a key that no handler used up.
+  QWidget& widget() const { return m_widget; }
+  // Whether the widget edits with a key that no handler consumed.
   virtual bool editsWith(const Key& key) const
   {
     Q_UNUSED(key)
     return false;
   }
-  // Gives the key to the control. True if it is used up.
+  // Passes the key to the control. True if it is consumed.
   virtual bool press(const Key& key);
-  // A key that the controls do not know; true if it means something to the window.
+  // A key that is not a Key; true if the binding handles it.
   virtual bool pressSpecial(const QKeyEvent& event)
   {
     Q_UNUSED(event)
@@ -41,10 +41,10 @@ protected:
 private:
   bool keyPressed(const QKeyEvent& event);
 
-  QWidget& m_face;
+  QWidget& m_widget;
 };
 
-// A control that does itself whatever its keys do: the widget gets none of them.
+// A control that handles all its keys; the widget gets none.
 class SelfActingBinding : public WidgetBinding {
   Q_OBJECT
 

@@ -12,7 +12,7 @@ CellEditor::CellEditor(QObject* parent, Grid& grid) : TextBox(parent, u"Text2"_s
 
 void CellEditor::lay(const QString& text)
 {
-  // Hidden while it takes the cell's text, so that this is no change by the operator.
+  // Hidden while it takes the cell's text, so that this is not an edit by the user.
   setVisible(false);
   setText(text);
   setVisible(true);

@@ -3,9 +3,8 @@
 #include "screen/Controls.h"
 #include "screen/Grid.h"
 
-// The floating text box "Text2" of a grid that is edited in place: one box, laid over the current
-// cell, while it is visible. What its keys mean belongs to the form; this class only opens it,
-// leaves it and keeps it over its cell.
+// The floating text box "Text2" of a grid that is edited in place. While it is visible it lies over the
+// current cell. The form decides what its keys mean; this class only opens it and leaves it.
 class CellEditor : public TextBox {
   Q_OBJECT
 
@@ -14,14 +13,14 @@ public:
 
   Grid& grid() const { return m_grid; }
 
-  // Lays the box over the current cell with this text, shows it, focuses it and marks all of it.
+  // Lays the box over the current cell with this text, shows it, focuses it and selects its text.
   void open(const QString& text);
-  // The same with the caret at the end and nothing marked.
+  // The same with the caret at the end and nothing selected.
   void openAtEnd(const QString& text);
   void hide() { setVisible(false); }
-  // Gives the focus back to the grid; the box stays as it is.
+  // Returns the focus to the grid; the box stays as it is.
   void returnToGrid();
-  // Gives the focus back to the grid and lets it have the key, as when it had the focus itself.
+  // Returns the focus to the grid and presses the key there.
   void passToGrid(const Key& key);
 
 private:

@@ -49,15 +49,15 @@ void Control::clicked()
 
 bool Control::handleKey(const Key& key)
 {
-  bool swallowed = false;
+  bool consumed = false;
   form().handle([&] {
-    swallowed = (onKey && onKey(key)) || (&form() != this && form().onKey && form().onKey(key));
-    if (!swallowed && key.code == Key::Tab) {
+    consumed = (onKey && onKey(key)) || (&form() != this && form().onKey && form().onKey(key));
+    if (!consumed && key.code == Key::Tab) {
       key.shift ? form().focusPrevious() : form().focusNext();
-      swallowed = true;
+      consumed = true;
     }
   });
-  return swallowed;
+  return consumed;
 }
 
 void Control::press(const Key& key)

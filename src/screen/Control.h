@@ -8,12 +8,12 @@
 
 class Form;
 
-// A named thing on a form. Its name (objectName) is the system's own, and the window finds the
-// widget of the same name. A control holds what the operator sees; it knows no widget.
+// A named element of a form. Its name (objectName) is the one that the suite uses; the window finds the
+// widget of the same name. A control holds what the user sees; it knows no widget.
 //
-// Two sorts of calls: setters, which the form makes and which never ask whether the operator may;
-// and events (press, click, focus …), which are the operator's actions and reach the handlers
-// through Form::handle.
+// There are two kinds of calls: setters, called by the form and not subject to enabled or visible; and
+// events (press, click, focus …), which are the user's actions and reach the handlers through
+// Form::handle.
 class Control : public QObject {
   Q_OBJECT
 
@@ -24,10 +24,10 @@ public:
   // The form that the control lies on.
   Form& form() const;
 
-  // The control's own state. A container that is disabled or hidden disables or hides what it holds.
+  // The control's own state. A disabled or hidden container disables or hides its contents.
   bool isEnabled() const { return m_enabled; }
   bool isVisible() const { return m_visible; }
-  // What the operator sees: the control in all its containers.
+  // What the user sees: the state of the control and of all its containers.
   bool isReachable() const { return isShown() && isUsable(); }
   bool isShown() const;
   bool isUsable() const;
@@ -39,16 +39,16 @@ public:
   QString toolTip() const { return m_toolTip; }
   void setToolTip(const QString& toolTip) { m_toolTip = toolTip; }
 
-  // What a script and the window read as the control's text: the caption, or what was typed.
+  // The text that scripts and windows read: the caption, or what was typed.
   virtual QString shownText() const { return m_caption; }
 
   // True for a control that can hold the focus.
   virtual bool takesFocus() const { return false; }
-  // False for one that is passed over by Tab although it can hold the focus.
+  // False for a control that Tab skips although it can hold the focus.
   bool isTabStop() const { return m_tabStop; }
   void setTabStop(bool tabStop) { m_tabStop = tabStop; }
 
-  // Handlers of the form. onKey says whether it swallowed the key; one that a control did not swallow
+  // Handlers of the form. onKey returns whether it consumed the key; a key that a control did not consume
   // is offered to the onKey of its form.
   std::function<bool(const Key&)> onKey;
   std::function<void()> onClick;
@@ -56,18 +56,18 @@ public:
   std::function<void()> onFocusIn;
   std::function<void()> onFocusOut;
 
-  // Events. Nothing happens on a control that is not reachable. A click takes the focus to a control
-  // that can hold it.
+  // Events. Nothing happens on a control that is not reachable. A click focuses a control that
+  // can hold the focus.
   void click();
   void doubleClick();
-  // The handlers' part of a key press: onKey here and of the form, then Tab, which moves the focus. True if the key is
-  // used up, so that neither the control nor the widget edits with it.
+  // Offers the key to onKey, then to the form's onKey, then handles Tab. True if the key is consumed, so that
+  // neither the control nor the widget edits with it.
   bool handleKey(const Key& key);
-  // A whole key press: the handlers, then what the control itself does with it.
+  // A whole key press: the handlers, then the control's own editing.
   void press(const Key& key);
 
 signals:
-  // Something that the operator sees of this control is no longer what it was.
+  // A visible property has changed.
   void changed();
 
 protected:
@@ -81,7 +81,7 @@ protected:
     return true;
   }
   virtual void clicked();
-  // What the control does with a key that no handler swallowed.
+  // What the control does with a key that no handler consumed.
   virtual void edit(const Key& key) { Q_UNUSED(key); }
   // The container that holds this control; null for a form.
   Control* container() const { return qobject_cast<Control*>(parent()); }

@@ -54,7 +54,7 @@ void TextBox::replaceSelection(const QString& with)
 qsizetype TextBox::caretMoved(int step) const
 {
   const qsizetype to = qBound<qsizetype>(0, m_caret + step, m_text.size());
-  // Never between the halves of one character.
+  // Never between the two halves of a surrogate pair.
   const bool insidePair = to > 0 && to < m_text.size() && m_text[to].isLowSurrogate() && m_text[to - 1].isHighSurrogate();
   return insidePair ? to + step : to;
 }

@@ -7,7 +7,7 @@
 
 // The plain controls of a form. Grid and Tree have files of their own.
 
-// Holds other controls: a frame, a panel, a toolbar, a menu.
+// Contains other controls: a frame, a panel, a toolbar, a menu.
 class Container : public Control {
   Q_OBJECT
 
@@ -32,15 +32,15 @@ public:
   QString text() const { return m_text; }
   void setText(const QString& text);
   // The same for a text that is chosen or looked up: it counts as a change even if the text is
-  // the same, so that what depends on it is computed again.
+  // the same, so that dependent values are recomputed.
   void assign(const QString& text);
-  // Nothing can be typed into it; it still takes the focus.
+  // A read-only box still takes the focus.
   bool isReadOnly() const { return m_readOnly; }
   void setReadOnly(bool readOnly) { change(m_readOnly, readOnly); }
 
-  // Marks the whole text, so that the next key replaces it.
+  // Selects the whole text, so that the next key replaces it.
   void selectAll();
-  // Puts the caret after the last character and marks nothing.
+  // Puts the caret after the last character, with nothing selected.
   void moveCaretToEnd();
 
   QString shownText() const override { return m_text; }
@@ -48,11 +48,11 @@ public:
 
   std::function<void()> onChange;
 
-  // The window's editor has made this of the text.
+  // The widget reports the edited text.
   void typed(const QString& text);
 
 signals:
-  // The form wants the whole text marked, or the caret at the end.
+  // The form wants the whole text selected, or the caret at the end.
   void selectionWanted(bool all);
 
 protected:
@@ -60,7 +60,7 @@ protected:
 
 private:
   void replaceSelection(const QString& with);
-  // Where one character forward (1) or back (-1) of the caret is.
+  // The position one character after (1) or before (-1) the caret.
   qsizetype caretMoved(int step) const;
 
   QString m_text;
@@ -86,7 +86,7 @@ public:
   bool isEditable() const { return m_editable; }
   void setEditable(bool editable);
 
-  // The operator picks an item: the text changes, then onClick runs. False if there is none of this text.
+  // The user picks an item: the text changes, then onClick runs. False if there is no such item.
   bool choose(const QString& item);
 
 private:
@@ -101,7 +101,7 @@ public:
   using Control::Control;
 
   QDate date() const { return m_date; }
-  // An invalid date is passed over: the picker always holds one.
+  // Ignores an invalid date: the picker always holds a valid one.
   void setDate(const QDate& date);
 
   QString shownText() const override;
@@ -154,7 +154,7 @@ protected:
   void edit(const Key& key) override;
 };
 
-// A button with a picture, beside the field that it fills; reached by the mouse, not by Tab.
+// A button with an icon, beside the field that it fills; reached by the mouse, not by Tab.
 class ImageButton : public Control {
   Q_OBJECT
 
@@ -162,7 +162,7 @@ public:
   using Control::Control;
 };
 
-// A button of a toolbar. It never takes the focus, so the field typed in keeps it.
+// A button of a toolbar. It never takes the focus, so the field being edited keeps it.
 class ToolButton : public Control {
   Q_OBJECT
 
@@ -170,14 +170,14 @@ public:
   using Control::Control;
 };
 
-// A menu, or an item that opens another: a container of its items.
+// A menu or submenu: a container of its items.
 class Menu : public Container {
   Q_OBJECT
 
 public:
   using Container::Container;
 
-  // Opens the menu at the operator's hand.
+  // Opens the menu at the mouse pointer, or below the tool button that was pressed.
   void popUp() { emit poppedUp(); }
 
 signals:
@@ -203,7 +203,7 @@ public:
   void setItem(int index, const QString& caption);
 
   std::function<void(int index)> onItemClick;
-  // The operator clicks item `index`. False if there is none.
+  // The user clicks item `index`. False if there is none.
   bool clickItem(int index);
 
 private:
@@ -222,7 +222,7 @@ public:
   void setItem(int index, const QString& text);
   int index() const { return m_index; }
   QString text() const { return m_items.value(m_index); }
-  // The operator, or the form, makes an item the current one; onClick runs.
+  // The user or the form makes an item the current one; onClick runs.
   void select(int index);
 
   QString shownText() const override { return text(); }
@@ -251,7 +251,7 @@ private:
   int m_value = 0;
 };
 
-// Moves the panel of a form that is larger than its window, and is visible only then; the window says so.
+// Scrolls the panel of a form that is larger than its window. The window makes it visible only then.
 class ScrollBar : public Control {
   Q_OBJECT
 

@@ -6,8 +6,8 @@
 
 class Form;
 
-// The operator in front of the screen: message boxes, forms shown to him, the beep, the busy
-// pointer. The windows implement it, and so does the player of operator scripts.
+// The user interface as forms see it: message boxes, other forms, the beep, the busy cursor. The desktop
+// implements it, and so does the player of operator scripts.
 class Desk {
 public:
   enum class Icon { None, Information, Question, Warning, Stop };
@@ -29,20 +29,19 @@ public:
 
   // Shows a form and returns at once. One that is open already comes to the front.
   virtual void show(Form& form) = 0;
-  // Shows a form over all others and returns when it has been closed.
+  // Shows a form as a modal dialog and returns when it has been closed.
   virtual void showModal(Form& form) = 0;
 
-  // Shows a form over all others while a long work runs, and closes it afterwards.
+  // Shows `form` modally while `work` runs, then closes it.
   virtual void showDuring(Form& form, const std::function<void()>& work) = 0;
-  // Called by a long work now and then: the screen is painted, and the form shown during it takes the
-  // operator. Nothing else of his is taken meanwhile.
+  // Called regularly by long-running work: repaints, and delivers input to the modal form only.
   virtual void breathe() = 0;
 
   virtual void beep() = 0;
-  // The pointer of a program that works. Not counted: the last call holds.
+  // The busy cursor. Not reference counted: the last call applies.
   virtual void setBusy(bool busy) = 0;
 
-  // Boxes that only inform.
+  // Boxes without a choice.
   void inform(const QString& text) { ask({text}); }
   void stop(const QString& text) { ask({text, Icon::Stop}); }
   // Yes or no; true for yes.

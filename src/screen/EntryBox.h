@@ -2,10 +2,10 @@
 
 #include "screen/Controls.h"
 
-// True, with the focus on the next field, if the key is Enter.
+// If the key is Enter, moves the focus to the next field and returns true.
 bool moveOnAtEnter(const Control& control, const Key& key);
 
-// A text box in which Enter moves on; of the characters it takes only those of `allowed`, if there are any.
+// A text box in which Enter moves to the next field. If `allowed` is not empty, only its characters are accepted.
 class EntryBox : public TextBox {
   Q_OBJECT
 
@@ -13,7 +13,7 @@ public:
   EntryBox(QObject* parent, const QString& name, const QString& allowed = {});
 };
 
-// The button with a picture beside a field that lets the user pick its value.
+// The image button beside a field that lets the user pick its value.
 class PickButton : public ImageButton {
   Q_OBJECT
 

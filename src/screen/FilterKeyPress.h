@@ -8,8 +8,8 @@ class Desk;
 
 namespace ModFuntion {
 
-// True if the key may go into a field that takes only these characters (Latin case does not matter),
-// and Backspace if `allowBackspace`; otherwise the beep sounds. Keys that type nothing always may.
+// True if a field that accepts only these characters (case-insensitive), and Backspace if `allowBackspace`,
+// accepts the key; otherwise it beeps. Keys that type nothing are always accepted.
 bool FilterKeyPress(Desk& desk, const Key& key, const QString& allowedCharacters, bool allowBackspace);
 
 } // namespace ModFuntion

@@ -9,7 +9,7 @@ Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(des
 
 void Form::handle(const std::function<void()>& event)
 {
-  // Before a form is shown, an error belongs to whoever starts the program.
+  // Before a form is shown, its caller handles errors.
   if (!m_open || m_isHandling) {
     event();
     return;
@@ -31,8 +31,8 @@ void Form::setFocus(Control& control)
   handle([&] {
     Control* const left = m_focused;
     m_focused = &control;
-    // The window follows even if a handler below ends with an error.
-    const auto tellWindow = qScopeGuard([this] { emit focusMoved(m_focused); });
+    // Notify the window even if a handler throws.
+    const auto notifyWindow = qScopeGuard([this] { emit focusMoved(m_focused); });
     if (left && left->onFocusOut)
       left->onFocusOut();
     if (m_focused == &control && control.onFocusIn)

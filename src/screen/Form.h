@@ -7,12 +7,11 @@
 #include <functional>
 #include <memory>
 
-// One screen without its window: named controls and what happens in them. The window shows a form
-// by finding the widget of each control's name; a script drives it by the same names.
+// One screen without its window: named controls and their handlers. The window finds a widget of each
+// control's name; a script drives the form by the same names.
 //
-// Always holds: a handler that the operator's hand called and in which a RunTimeError was thrown
-// has ended where it was; the box has been shown, the pointer is back and what was typed is still
-// there (see handle).
+// Invariant: if an event of the user throws RunTimeError, its handler is abandoned, the error is shown, the
+// cursor is restored and typed input is kept (see handle).
 class Form : public Control {
   Q_OBJECT
 
@@ -23,12 +22,12 @@ public:
 
   // The control of that name and kind on this form; null if there is none.
   template <typename Kind = Control> Kind* find(const QString& name) const { return findChild<Kind*>(name); }
-  // All controls, in the order in which they were made: the order of Tab.
+  // All controls in the order of their creation, which is the tab order.
   QList<Control*> controls() const { return findChildren<Control*>(); }
 
-  // Runs one event of the operator. A RunTimeError ends it with a box; the pointer and whatever
-  // settleAfterRunTimeError resets go back. An event that comes up inside another (a change handler,
-  // say) is part of that one, and its error ends both.
+  // Runs one event of the user. A RunTimeError ends it with a box, after which the cursor and whatever
+  // settleAfterRunTimeError resets are restored. An event inside another (a change handler, say) is part of
+  // that one, and its error ends both.
   void handle(const std::function<void()>& event);
 
   // The focus. Setting it on a control that is not reachable does nothing.
@@ -38,9 +37,9 @@ public:
   void focusPrevious() { moveFocus(-1); }
 
   bool isOpen() const { return m_open; }
-  // Called by the desk when the form comes up.
+  // Called by the desk when it shows the form.
   void opened() { m_open = true; }
-  // Closes the form: onUnload, then the window goes.
+  // Closes the form: onUnload runs, then the window closes.
   void close();
 
 signals:
@@ -48,7 +47,7 @@ signals:
   void closed();
 
 protected:
-  // Makes a control in its container, which owns it, under the name that the window's widget has too.
+  // Creates a control in its container, which owns it, with the name of its widget.
   template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
   {
     Kind* const control = new Kind(container, QString::fromLatin1(name));
@@ -56,11 +55,11 @@ protected:
     control->setToolTip(toolTip);
     return control;
   }
-  // Called by a dialog: Esc leaves it like its exit button.
+  // Called by a dialog: Esc closes it like its exit button.
   void closeOnEscape();
-  // What the form does before it goes.
+  // Runs before the form closes.
   virtual void onUnload() {}
-  // Hides what an interrupted handler left open, such as a waiting panel.
+  // Hides what an aborted handler left visible, such as a waiting panel.
   virtual void settleAfterRunTimeError() {}
 
 private:

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-// What the views need beyond the grid itself; it holds nothing.
+// An adapter without data of its own: Control and QAbstractItemModel are both QObjects.
 class Grid::Model : public QAbstractTableModel {
 public:
   explicit Model(const Grid& ofGrid) : m_grid(ofGrid) {}
@@ -36,7 +36,7 @@ public:
     }
   }
 
-  void tellCell(int row, int col)
+  void cellChanged(int row, int col)
   {
     if (const QModelIndex cell = index(row - 1, col - 1); cell.isValid())
       emit dataChanged(cell, cell);
@@ -52,8 +52,8 @@ private:
 
 namespace {
 
-// Whether a text reads as an amount, and so is at the right of a column that says nothing else. A
-// date, and the dashes of a place without an amount, are none.
+// Whether a text is an amount, which is right-aligned unless the column says otherwise. A date is not, nor
+// are the dashes of a field without an amount.
 bool isAmount(QStringView text)
 {
   if (text.startsWith(u'-'))
@@ -142,7 +142,7 @@ void Grid::setText(int row, int col, const QString& text)
   if (row == 0 && col == 0)
     emit columnChanged(0);
   else
-    m_model->tellCell(row, col);
+    m_model->cellChanged(row, col);
 }
 
 void Grid::setBlock(int firstRow, QList<QStringList> texts)

@@ -8,11 +8,11 @@
 #include <memory>
 
 // Rows and columns of text below a row of headings and beside a column of their own: row 0 and column 0.
-// It is not edited by itself: a CellEditor lies over it where it can be. Widths are twips (1/1440 inch);
-// 0 hides a column.
+// Cells are edited in a CellEditor that lies over the grid. Widths are twips (1/1440 inch); 0 hides a
+// column.
 //
-// Always holds: rows and columns are at least 1; the current cell is inside the grid; every cell
-// has a text.
+// Invariant: there is at least one row and one column; the current cell is inside the grid; every cell has
+// a text.
 class Grid : public Control {
   Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
   Grid(QObject* parent, const QString& name);
   ~Grid() override;
 
-  // The grid as views read it: the headings are its headers, and the cells begin at row 1 and column 1.
+  // The model for views: the headings are its headers, and its cells begin at row 1 and column 1 of the grid.
   // Every change of the rows or columns resets it.
   QAbstractItemModel& model() const;
   // Invalid for a heading.
@@ -37,43 +37,42 @@ public:
   void setRows(int rows);
   void setCols(int cols);
 
-  // Empties every cell and sets widths, alignments and colours back; keeps the size.
+  // Empties every cell and resets widths, alignments and colours; keeps the size.
   void clear();
   void addRow() { setRows(rows() + 1); }
 
-  // An empty text for a cell that is not there; setting one that is not there does nothing.
+  // The text of a cell outside the grid is empty; setting it does nothing.
   QString text(int row, int col) const;
   void setText(int row, int col, const QString& text);
-  // Makes `texts` the rows from `firstRow` on, one list a row, in one step; the grid grows as needed.
+  // Replaces the rows from `firstRow` on by `texts`, one list a row, in one step; the grid grows as needed.
   void setBlock(int firstRow, QList<QStringList> texts);
-  // Makes `count` rows from `firstRow` on whose texts are made when they are asked for, and not kept: for
-  // lists of tens of thousands of rows. `text` gets the row, counted from 0 at `firstRow`, and the
-  // column. A row that is written to keeps texts of its own from then on. One such block at a time.
+  // Makes `count` rows from `firstRow` on whose texts are computed on demand and not stored: for lists of
+  // tens of thousands of rows. `text` is called with the row, counted from 0 at `firstRow`, and the column.
+  // A row that is written to stores its texts from then on. There is one such block at a time.
   void setRowsOnDemand(int firstRow, int count, std::function<QString(int row, int col)> text);
 
   int colWidth(int col) const;
   void setColWidth(int col, int width);
   int colAlignment(int col) const;
   void setColAlignment(int col, int alignment);
-  // Marks a column whose figures are codes: by its default alignment they are not at the right as
-  // amounts are.
+  // Marks a column whose digits are codes: its default alignment is left, not right as for amounts.
   void setHoldsCodes(int col);
-  // Where the text of a cell is in its cell.
+  // The alignment of the text in its cell.
   Qt::Alignment alignment(int row, int col) const;
-  // Text colour as red + 256 green + 65536 blue; 0 is black. Headings and totals stay black.
+  // Text colour as red + 256 green + 65536 blue; 0 is black. Headings and totals are always black.
   int cellColor(int row, int col) const;
   void setColColor(int col, int color);
 
-  // The current cell. Moving it runs onCellChange if it moves.
+  // The current cell. onCellChange runs when it moves.
   int row() const { return m_row; }
   int col() const { return m_col; }
   void setCurrent(int row, int col);
 
-  // True for a list of rows: the current row as a whole is marked, and while the grid has the focus one
-  // notch of the wheel is the key for a page.
+  // True for a list of rows: the whole current row is highlighted, and while the grid has the focus one
+  // notch of the wheel acts as PageUp or PageDown.
   bool isRowList() const { return m_isRowList; }
   void setRowList(bool isList) { change(m_isRowList, isList); }
-  // True if the last row holds totals and looks different from the rows above it.
+  // True if the last row holds totals and looks different from the others.
   bool hasTotalsRow() const { return m_hasTotalsRow; }
   void setTotalsRow(bool has) { change(m_hasTotalsRow, has); }
   bool isTotals(int row) const { return m_hasTotalsRow && row == rows() - 1; }
@@ -84,20 +83,19 @@ public:
   // After onMouseDown, for the right button; the current cell stays where it is.
   std::function<void()> onRightButton;
   std::function<void()> onCellChange;
-  // Key-down: runs after each key has had its effect on the current cell. What the handler opens is over
-  // the cell that the key has moved to.
+  // Runs for every key not consumed by onKey, after the current cell has moved.
   std::function<void(const Key&)> onKeyDown;
 
-  // Events of the operator.
+  // Events of the user.
   void clickCell(int row, int col);
   void doubleClickCell(int row, int col);
   void pressRightButton();
-  // A turn of the wheel by `step` eighths of a degree (120 is one notch up) with no key held; a window
-  // says nothing of the others.
+  // A turn of the wheel by `step` eighths of a degree (120 is one notch up). Turns with a modifier are not
+  // reported.
   void wheel(int step);
 
 signals:
-  // The width or alignment of a column, or its heading if that is the corner.
+  // The width, alignment or colour of a column, or the text of the corner.
   void columnChanged(int col);
   void currentChanged();
 
@@ -115,10 +113,10 @@ private:
 
   bool contains(int row, int col) const { return row >= 0 && row < rows() && hasCol(col); }
   bool hasCol(int col) const { return col >= 0 && col < cols(); }
-  // Runs a change of the rows or columns; the views start over after it.
+  // Runs a change of the rows or columns as a reset of the model.
   void reshape(const std::function<void()>& change);
   template <typename Value> void setOfColumn(int col, Value Column::*property, Value value);
-  // The nearest column in a direction that is not hidden; the old one if there is none.
+  // The nearest visible column in a direction; `from` if there is none.
   int stepCol(int from, int step) const;
 
   std::unique_ptr<Model> m_model;

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-// What the views need beyond the tree itself. An index holds the place of its node in m_nodes.
+// An adapter without data of its own. An index holds the position of its node in m_nodes.
 class Tree::Model : public QAbstractItemModel {
 public:
   explicit Model(const Tree& ofTree) : m_tree(ofTree) {}
@@ -59,7 +59,7 @@ private:
 
 namespace {
 
-// Signs before digits before letters, so that "5{" comes before "51{".
+// Order: symbols, digits, letters, so that "5{" comes before "51{".
 int rank(QChar character)
 {
   if (character.isLetter())
@@ -92,7 +92,7 @@ QModelIndex Tree::indexOf(const QString& key) const
 
 std::optional<RunTimeError> Tree::fill(const std::function<void()>& load)
 {
-  // Views never see a place that is no longer there, whatever box comes up during the load.
+  // A box during the load repaints the views: they must not keep indexes of removed nodes.
   m_model->reset([this] {
     m_nodes.clear();
     m_top.clear();
@@ -254,7 +254,7 @@ void Tree::moveBy(int step)
   const QList<int> all = shown();
   if (all.isEmpty())
     return;
-  // Without a current node the first key only takes hold of the first one.
+  // Without a current node, the first arrow key selects the first node.
   const int to = m_current < 0 ? 0 : int(qBound<qsizetype>(0, all.indexOf(m_current) + step, all.size() - 1));
   if (all[to] != m_current)
     clickAt(all[to]);

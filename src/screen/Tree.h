@@ -9,16 +9,14 @@
 #include <memory>
 #include <optional>
 
-// Nodes below each other, each known by its key. A node comes after the siblings that were added
-// before it, until the children of its parent are sorted.
+// A tree of nodes, each with a key. A node follows the siblings that were added before it, until the
+// children of its parent are sorted.
 //
-// Always holds: every key is there once; the current node, if there is one, is shown, so all the
-// branches above it are open.
+// Invariant: keys are unique; all branches above the current node, if there is one, are open.
 class Tree : public Control {
   Q_OBJECT
 
 public:
-  // Tells a root from what hangs below it.
   enum class Image { ParentPic, ChildPic };
 
   // Roles of the model beside the text: the key, and the image as a number.
@@ -27,16 +25,16 @@ public:
   Tree(QObject* parent, const QString& name);
   ~Tree() override;
 
-  // The tree as views read it; a fill and a sort reset it.
+  // The model for views; a fill and a sort reset it.
   QAbstractItemModel& model() const;
-  // Where a node is in the model; invalid if there is none of this key.
+  // The index of a node in the model; invalid if there is no such key.
   QModelIndex indexOf(const QString& key) const;
 
-  // Empties the tree and lets `load` add its nodes. Gives the error of addTop or addChild that stopped the
-  // load, if one did; what was added by then stays.
+  // Empties the tree and lets `load` add its nodes. Returns the error of addTop or addChild that stopped the
+  // load, if any; nodes added before it stay.
   std::optional<RunTimeError> fill(const std::function<void()>& load);
-  // Called by the load. Adds a top node, or the last child of a node. RunTimeError that names the node if
-  // there is no such parent, or if its key is taken.
+  // Called by the load. Adds a top node, or the last child of a node. Throws RunTimeError with the node's
+  // text if there is no such parent, or if its key is taken.
   void addTop(const QString& key, const QString& text, Image image);
   void addChild(const QString& parentKey, const QString& key, const QString& text, Image image);
 
@@ -44,11 +42,11 @@ public:
   bool contains(const QString& key) const { return m_places.contains(key); }
   // The node that was added first; empty if the tree is.
   QString firstKey() const { return isEmpty() ? QString() : m_nodes.first().key; }
-  // Sorts the children of a node by their texts: signs before digits before letters, without
-  // regard to case. Their own children stay as they are.
+  // Sorts the children of a node by their texts: symbols, digits, letters, case-insensitively. Their own
+  // children stay as they are.
   void sortChildren(const QString& key);
   bool isExpanded(const QString& key) const;
-  // Opens or closes a branch. A current node below a branch that closes gives way to its root.
+  // Opens or closes a branch. If it closes around the current node, its own node becomes the current one.
   void setExpanded(const QString& key, bool expanded);
 
   // Key of the current node; empty if there is none.
@@ -58,13 +56,12 @@ public:
 
   bool takesFocus() const override { return true; }
 
-  // Runs when the operator makes a node the current one, by the mouse or by an arrow key.
+  // Runs when the user makes a node the current one, by the mouse or by an arrow key.
   std::function<void(const QString& key)> onNodeClick;
   // Runs for a double click, and for Enter on the current node.
   std::function<void(const QString& key)> onNodeDoubleClick;
 
-  // Events of the operator. He opens the branches above a node before he can click it. False if
-  // there is no such node.
+  // Events of the user. The branches above a clicked node open. False if there is no such node.
   bool clickNode(const QString& key);
   bool doubleClickNode(const QString& key);
 
@@ -91,7 +88,7 @@ private:
   void add(int parent, const QString& key, const QString& text, Image image);
   bool isBelow(int at, int root) const;
   void makeCurrent(int at);
-  // The nodes that are shown, from top to bottom.
+  // The nodes that no closed branch hides, from top to bottom.
   QList<int> shown() const;
   void moveBy(int step);
   void moveLeft();

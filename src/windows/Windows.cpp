@@ -16,7 +16,7 @@
 #include <QDialog>
 #include <QMainWindow>
 
-// The pictures are in this library; without the call the linker would leave them out.
+// The icons are in this static library; without the call the linker would drop them.
 static void loadPictures()
 {
   Q_INIT_RESOURCE(pictures);
@@ -32,7 +32,7 @@ template <typename Design> std::unique_ptr<QWidget> dialog(QWidget* parent)
   return window;
 }
 
-// The bills differ in what their frame FrameProvide holds.
+// The designs of the bills differ in the contents of FrameProvide.
 template <typename Provide> std::unique_ptr<QWidget> billWindow(QWidget* parent)
 {
   auto window = std::make_unique<QMainWindow>(parent);
@@ -45,7 +45,7 @@ template <typename Provide> std::unique_ptr<QWidget> billWindow(QWidget* parent)
   return window;
 }
 
-// A list of rows below the conditions that they meet.
+// A list below the conditions of its query.
 template <typename Conditions> std::unique_ptr<QWidget> listWindow(QWidget* parent)
 {
   auto window = std::make_unique<QMainWindow>(parent);
@@ -58,7 +58,7 @@ template <typename Conditions> std::unique_ptr<QWidget> listWindow(QWidget* pare
 struct Maker {
   QStringView form;
   std::unique_ptr<QWidget> (*make)(QWidget* parent);
-  QSize size; // of the window when it opens; invalid for one that is as large as its contents
+  QSize size; // initial size of the window; by default that of its contents
 };
 
 constexpr Maker Makers[] = {
@@ -76,12 +76,12 @@ constexpr Maker Makers[] = {
     {u"frmWarehouseSelect", dialog<Ui::frmWarehouseSelect>, {460, 560}},
 };
 
-struct NamedFace {
+struct NamedAction {
   QStringView control;
-  ActionFace face;
+  ActionDesign design;
 };
 
-constexpr NamedFace Faces[] = {
+constexpr NamedAction Actions[] = {
     {u"ToolBuild", {u"new", u"Ctrl+N"}},
     {u"ToolSave", {u"save", u"Ctrl+S"}},
     {u"ToolAuditing", {u"audit", u"F9", true}},
@@ -136,11 +136,11 @@ std::unique_ptr<QWidget> make(const QString& form, QWidget* parent)
   return nullptr;
 }
 
-ActionFace face(const QString& control)
+ActionDesign action(const QString& control)
 {
-  for (const NamedFace& named : Faces)
+  for (const NamedAction& named : Actions)
     if (control == named.control)
-      return named.face;
+      return named.design;
   return {};
 }
 

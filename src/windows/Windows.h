@@ -2,12 +2,12 @@
 
 #include "desktop/WindowDesigns.h"
 
-// The designed windows of the forms, by the forms' names, and the faces of what the screens share.
+// The windows of the forms and the designs of their actions, by name.
 namespace Windows {
 
 std::unique_ptr<QWidget> make(const QString& form, QWidget* parent);
-ActionFace face(const QString& control);
+ActionDesign action(const QString& control);
 
-inline constexpr WindowDesigns Designs{make, face};
+inline constexpr WindowDesigns Designs{make, action};
 
 } // namespace Windows

@@ -74,7 +74,7 @@ protected:
   FormWindow bound{
       form,
       {sampleWindow,
-       [](const QString& name) { return ActionFace{.shortcut = name.endsWith(u"Save"_s) ? QStringView(u"Ctrl+S") : QStringView()}; }},
+       [](const QString& name) { return ActionDesign{.shortcut = name.endsWith(u"Save"_s) ? QStringView(u"Ctrl+S") : QStringView()}; }},
       nullptr};
 };
 
