@@ -3,7 +3,7 @@
 #include "ledger/Money.h"
 #include "session/Session.h"
 
-AmountBox::AmountBox(const Session& session, QObject* parent, const QString& name, const QString& allowed) : EntryBox(parent, name, allowed)
+AmountBox::AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed) : EntryBox(parent, name, allowed)
 {
   onFocusIn = [this] { setText(ModFuntion::StripMoneyText(text())); };
   onFocusOut = [this, &session] { setText(ModFuntion::FormatDotText(text(), session.DotSet.DotMoney)); };

@@ -9,5 +9,5 @@ class AmountBox : public EntryBox {
   Q_OBJECT
 
 public:
-  AmountBox(const Session& session, QObject* parent, const QString& name, const QString& allowed = {});
+  AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed = {});
 };

@@ -2,9 +2,9 @@
 
 #include "screen/Form.h"
 
-Control::Control(QObject* parent, const QString& name) : QObject(parent)
+Control::Control(QObject* parent, QAnyStringView name) : QObject(parent)
 {
-  setObjectName(name);
+  setObjectName(name.toString());
 }
 
 Form& Control::form() const

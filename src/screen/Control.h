@@ -18,7 +18,7 @@ class Control : public QObject {
   Q_OBJECT
 
 public:
-  Control(QObject* parent, const QString& name);
+  Control(QObject* parent, QAnyStringView name);
 
   QString name() const { return objectName(); }
   // The form that the control lies on.

@@ -87,7 +87,7 @@ void TextBox::edit(const Key& key)
   }
 }
 
-ComboBox::ComboBox(QObject* parent, const QString& name) : TextBox(parent, name)
+ComboBox::ComboBox(QObject* parent, QAnyStringView name) : TextBox(parent, name)
 {
   setReadOnly(true);
 }

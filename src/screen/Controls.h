@@ -74,7 +74,7 @@ class ComboBox : public TextBox {
   Q_OBJECT
 
 public:
-  ComboBox(QObject* parent, const QString& name);
+  ComboBox(QObject* parent, QAnyStringView name);
 
   QStringList items() const { return m_items; }
   void setItems(const QStringList& items) { change(m_items, items); }
@@ -256,5 +256,5 @@ class ScrollBar : public Control {
   Q_OBJECT
 
 public:
-  ScrollBar(QObject* parent, const QString& name) : Control(parent, name) { setVisible(false); }
+  ScrollBar(QObject* parent, QAnyStringView name) : Control(parent, name) { setVisible(false); }
 };

@@ -12,14 +12,14 @@ bool moveOnAtEnter(const Control& control, const Key& key)
   return key.code == Key::Enter;
 }
 
-EntryBox::EntryBox(QObject* parent, const QString& name, const QString& allowed) : TextBox(parent, name)
+EntryBox::EntryBox(QObject* parent, QAnyStringView name, const QString& allowed) : TextBox(parent, name)
 {
   onKey = [this, allowed](const Key& key) {
     return moveOnAtEnter(*this, key) || (!allowed.isEmpty() && !ModFuntion::FilterKeyPress(form().desk(), key, allowed, true));
   };
 }
 
-PickButton::PickButton(QObject* parent, const QString& name, std::function<void()> pick) : ImageButton(parent, name)
+PickButton::PickButton(QObject* parent, QAnyStringView name, std::function<void()> pick) : ImageButton(parent, name)
 {
   setToolTip(u"点击选择"_s);
   onClick = std::move(pick);

@@ -10,7 +10,7 @@ class EntryBox : public TextBox {
   Q_OBJECT
 
 public:
-  EntryBox(QObject* parent, const QString& name, const QString& allowed = {});
+  EntryBox(QObject* parent, QAnyStringView name, const QString& allowed = {});
 };
 
 // The image button beside a field that lets the user pick its value.
@@ -18,5 +18,5 @@ class PickButton : public ImageButton {
   Q_OBJECT
 
 public:
-  PickButton(QObject* parent, const QString& name, std::function<void()> pick);
+  PickButton(QObject* parent, QAnyStringView name, std::function<void()> pick);
 };

@@ -5,7 +5,7 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
-Form::Form(Desk& desk, const QString& name) : Control(nullptr, name), m_desk(desk) {}
+Form::Form(Desk& desk, QAnyStringView name) : Control(nullptr, name), m_desk(desk) {}
 
 void Form::handle(const std::function<void()>& event)
 {

@@ -16,12 +16,12 @@ class Form : public Control {
   Q_OBJECT
 
 public:
-  Form(Desk& desk, const QString& name);
+  Form(Desk& desk, QAnyStringView name);
 
   Desk& desk() const { return m_desk; }
 
   // The control of that name and kind on this form; null if there is none.
-  template <typename Kind = Control> Kind* find(const QString& name) const { return findChild<Kind*>(name); }
+  template <typename Kind = Control> Kind* find(QAnyStringView name) const { return findChild<Kind*>(name.toString()); }
   // All controls in the order of their creation, which is the tab order.
   QList<Control*> controls() const { return findChildren<Control*>(); }
 
@@ -50,7 +50,7 @@ protected:
   // Creates a control in its container, which owns it, with the name of its widget.
   template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
   {
-    Kind* const control = new Kind(container, QString::fromLatin1(name));
+    Kind* const control = new Kind(container, name);
     control->setCaption(caption);
     control->setToolTip(toolTip);
     return control;

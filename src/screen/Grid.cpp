@@ -64,7 +64,7 @@ bool isAmount(QStringView text)
 
 } // namespace
 
-Grid::Grid(QObject* parent, const QString& name) : Control(parent, name), m_model(std::make_unique<Model>(*this))
+Grid::Grid(QObject* parent, QAnyStringView name) : Control(parent, name), m_model(std::make_unique<Model>(*this))
 {
   setCols(2);
   setRows(2);

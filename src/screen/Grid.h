@@ -21,7 +21,7 @@ public:
   // Alignment values as they are stored: 1 left, 4 centre, 7 right, 9 the default.
   enum Alignment { AlignLeft = 1, AlignCenter = 4, AlignRight = 7, AlignDefault = 9 };
 
-  Grid(QObject* parent, const QString& name);
+  Grid(QObject* parent, QAnyStringView name);
   ~Grid() override;
 
   // The model for views: the headings are its headers, and its cells begin at row 1 and column 1 of the grid.

@@ -76,7 +76,7 @@ bool comesBefore(const QString& left, const QString& right)
 
 } // namespace
 
-Tree::Tree(QObject* parent, const QString& name) : Control(parent, name), m_model(std::make_unique<Model>(*this)) {}
+Tree::Tree(QObject* parent, QAnyStringView name) : Control(parent, name), m_model(std::make_unique<Model>(*this)) {}
 
 Tree::~Tree() = default;
 

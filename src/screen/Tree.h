@@ -22,7 +22,7 @@ public:
   // Roles of the model beside the text: the key, and the image as a number.
   enum Role { KeyRole = Qt::UserRole, ImageRole };
 
-  Tree(QObject* parent, const QString& name);
+  Tree(QObject* parent, QAnyStringView name);
   ~Tree() override;
 
   // The model for views; a fill and a sort reset it.
