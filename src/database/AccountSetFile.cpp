@@ -9,10 +9,12 @@
 #include <ctime>
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace AccountSetFile {
 namespace {
 
-// Steps of the engine between two looks at the clock, some thousandths of a second.
+// Steps of the engine between two looks at the clock: a few milliseconds.
 constexpr int StepsBetween = 100'000;
 constexpr int LongestDefinition = 1 << 20;
 
@@ -23,7 +25,7 @@ std::chrono::nanoseconds computed()
   return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-// Reads a stored definition for what it may be made of.
+// Parses a stored definition and accepts only harmless ones.
 class Definition {
 public:
   explicit Definition(QStringView sql)
@@ -37,7 +39,7 @@ public:
   {
     if (!takeWord("create"))
       return false;
-    // Switched off.
+    // Views and triggers are switched off.
     if (takeWord("view") || takeWord("trigger"))
       return true;
     if (takeWord("table"))
@@ -61,7 +63,7 @@ private:
   bool takeSymbol(char16_t c) { return take(isSymbol(c)); }
   bool skipName() { return take(is(SqlToken::Word) || is(SqlToken::Text)); }
 
-  // The columns of a table: words, literals, and in brackets the measure of a type or the columns of a key.
+  // The columns of a table: words, literals, and in brackets the size of a type or the columns of a key.
   bool takeColumns()
   {
     if (!takeSymbol(u'('))
@@ -123,7 +125,7 @@ DatabaseResult<void> readSchema(sqlite3* database)
   int step = SQLITE_ROW;
   while ((step = sqlite3_step(statement->get())) == SQLITE_ROW)
     if (!Definition(text(1)).isHarmless())
-      return databaseError(SQLITE_NOTADB, QStringLiteral("账套文件含有不允许的定义：%1").arg(text(0).left(100)));
+      return databaseError(SQLITE_NOTADB, u"账套文件含有不允许的定义：%1"_s.arg(text(0).left(100)));
   if (step != SQLITE_DONE)
     return tl::unexpected(Sqlite::errorOf(database));
   return {};
@@ -146,7 +148,7 @@ DatabaseResult<void> check(const QString& path)
     return refused(u"不能读取数据库文件：", path);
   if (file.read(16) != QByteArray("SQLite format 3\0", 16))
     return refused(u"不可识别的数据库格式：", path);
-  // The engine opens what lies beside the file under these names, would wait for a pipe and write through a link.
+  // The engine opens files of these names beside the database: it would wait for a pipe and write through a link.
   for (const char* suffix : {"-journal", "-wal", "-shm"}) {
     const QFileInfo beside(info.canonicalFilePath() + QLatin1String(suffix));
     if (beside.isSymLink() || (beside.exists() && !beside.isFile()))
@@ -190,10 +192,9 @@ int Share::isOver(void* share)
 std::optional<DatabaseError> Share::excess(const RowSet& rows) const
 {
   if (!hasRoomFor(rows))
-    return DatabaseError{SQLITE_TOOBIG, QStringLiteral("查询结果超过 %1 MB").arg(LargestResult >> 20)};
+    return DatabaseError{SQLITE_TOOBIG, u"查询结果超过 %1 MB"_s.arg(LargestResult >> 20)};
   if (sqlite3_errcode(m_database) == SQLITE_INTERRUPT)
-    return DatabaseError{SQLITE_INTERRUPT,
-                         QStringLiteral("语句的运行时间超过 %1 秒").arg(std::chrono::ceil<std::chrono::seconds>(m_time).count())};
+    return DatabaseError{SQLITE_INTERRUPT, u"语句的运行时间超过 %1 秒"_s.arg(std::chrono::ceil<std::chrono::seconds>(m_time).count())};
   return std::nullopt;
 }
 

@@ -4,9 +4,11 @@
 #include "database/EmbeddedEngine.h"
 #include "database/ServerEngine.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// The number under which a connection that cannot be made is reported.
+// The error number of a connection that cannot be made.
 constexpr int CannotConnect = -2147467259;
 
 } // namespace
@@ -17,8 +19,7 @@ DatabaseResult<void> Connection::open(const QString& connectionText)
   m_text = connectionText;
   const ConnectionText text(connectionText);
   if (!text.isJet() && !text.isDriver())
-    return databaseError(CannotConnect, connectionText.isEmpty() ? QStringLiteral("没有连接字符串")
-                                                                 : QStringLiteral("未找到数据源名称并且未指定默认驱动程序"));
+    return databaseError(CannotConnect, connectionText.isEmpty() ? u"没有连接字符串"_s : u"未找到数据源名称并且未指定默认驱动程序"_s);
   auto engine = text.isJet() ? EmbeddedEngine::open(text.filePath()) : ServerEngine::open(text.server());
   if (!engine)
     return tl::unexpected(engine.error());
@@ -29,7 +30,7 @@ DatabaseResult<void> Connection::open(const QString& connectionText)
 DatabaseResult<Recordset> Connection::run(const QString& sql)
 {
   if (!isOpen())
-    return databaseError(CannotConnect, QStringLiteral("连接没有打开"));
+    return databaseError(CannotConnect, u"连接没有打开"_s);
   auto rows = m_engine->execute(sql);
   if (!rows && rows.error().isRepeatable) {
     if (const auto opened = open(m_text); !opened)

@@ -3,8 +3,7 @@
 #include "database/Engine.h"
 #include "database/Recordset.h"
 
-// The one connection of a session: a holder that is open or not. Opening picks the engine that the
-// connection text asks for.
+// The session's connection, open or closed. Opening picks the engine that the connection text names.
 class Connection {
 public:
   bool isOpen() const { return m_engine && m_engine->isOpen(); }
@@ -12,12 +11,12 @@ public:
 
   [[nodiscard]] DatabaseResult<void> open(const QString& connectionText);
 
-  // Runs one statement on the open connection; the recordset of anything but a select is not open. A connection
-  // that was dropped is made again, once, if the statement cannot have done anything yet; otherwise the error is
-  // returned and the holder is no longer open.
+  // Runs one statement on the open connection; the recordset of anything but a select is not open. If the connection
+  // was dropped, reconnects once and retries, provided that the statement cannot have had any effect; otherwise
+  // returns the error and is no longer open.
   [[nodiscard]] DatabaseResult<Recordset> run(const QString& sql);
 
 private:
   std::unique_ptr<Engine> m_engine;
-  QString m_text; // by which it was opened
+  QString m_text; // the text that it was opened with
 };

@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // End of a value that starts at `at`: the next ";", or for a value in braces the one after its brace.
@@ -15,7 +17,7 @@ qsizetype endOfValue(QStringView text, qsizetype at)
         continue;
       if (at + 1 >= text.size() || text[at + 1] != u'}')
         break;
-      ++at; // a doubled brace stands for one
+      ++at; // a doubled brace is one
     }
   }
   const qsizetype end = text.indexOf(u';', qMin(at, text.size()));
@@ -26,7 +28,7 @@ QString withoutBraces(const QString& value)
 {
   if (value.size() < 2 || !value.startsWith(u'{') || !value.endsWith(u'}'))
     return value;
-  return value.sliced(1, value.size() - 2).replace(QStringLiteral("}}"), QStringLiteral("}"));
+  return value.sliced(1, value.size() - 2).replace(u"}}"_s, u"}"_s);
 }
 
 } // namespace
@@ -49,24 +51,29 @@ ConnectionText::ConnectionText(const QString& text)
 
 bool ConnectionText::isJet() const
 {
-  return value(QStringLiteral("provider")).startsWith(QStringLiteral("Microsoft.Jet"), Qt::CaseInsensitive);
+  return value(u"provider"_s).startsWith(u"Microsoft.Jet"_s, Qt::CaseInsensitive);
+}
+
+bool ConnectionText::isDriver() const
+{
+  return m_values.contains(u"driver"_s);
 }
 
 QString ConnectionText::filePath() const
 {
-  QString path = value(QStringLiteral("data source"));
+  QString path = value(u"data source"_s);
   path.replace(u'\\', u'/');
   return QDir::cleanPath(path);
 }
 
 ServerAddress ConnectionText::server() const
 {
-  const QString where = value(QStringLiteral("server"));
+  const QString where = value(u"server"_s);
   const qsizetype comma = where.lastIndexOf(u',');
-  return {.driver = value(QStringLiteral("driver")),
+  return {.driver = value(u"driver"_s),
           .host = (comma < 0 ? where : where.first(comma)).trimmed(),
           .port = comma < 0 ? QString() : where.sliced(comma + 1).trimmed(),
-          .database = value(QStringLiteral("database")),
-          .user = value(QStringLiteral("uid")),
-          .password = value(QStringLiteral("pwd"))};
+          .database = value(u"database"_s),
+          .user = value(u"uid"_s),
+          .password = value(u"pwd"_s)};
 }

@@ -5,8 +5,7 @@
 #include <QHash>
 #include <QString>
 
-// A connection text read back: the words between its ";", each a name and a value. A value may be
-// in braces, and then holds any character.
+// A parsed connection text: key=value pairs separated by ";". A value in braces may contain any character.
 class ConnectionText {
 public:
   explicit ConnectionText(const QString& text);
@@ -17,10 +16,10 @@ public:
   // A Jet provider text: the database is a file, opened by the embedded engine.
   bool isJet() const;
   // A driver text: the database is on a server.
-  bool isDriver() const { return m_values.contains(QStringLiteral("driver")); }
-  // Full path of the file of a Jet text, with this system's separators.
+  bool isDriver() const;
+  // Full path of the file of a Jet text, with "/" as separator.
   QString filePath() const;
-  // Where the database of a driver text is, and who asks for it.
+  // Where the database of a driver text is, and its login.
   ServerAddress server() const;
 
 private:

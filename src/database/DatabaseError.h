@@ -4,11 +4,11 @@
 
 #include <tl/expected.hpp>
 
-// Why a statement, or the opening of a database, failed: the engine's own number and words.
+// Why a statement, or the opening of a database, failed: the engine's own number and text.
 struct DatabaseError {
   int number = 0;
   QString description;
-  // The connection was lost before anything was done: the statement may be sent once more over a new one.
+  // The connection was lost before anything was done: the statement may be repeated on a new one.
   bool isRepeatable = false;
 };
 

@@ -59,7 +59,7 @@ static_assert(alignof(Decimal) == 8, "the engine's memory is aligned to eight");
 
 Decimal Decimal::ofDouble(double value)
 {
-  // Amounts, rates, and what is left.
+  // Amounts with four decimals, rates with eight, then anything else.
   for (const int decimals : {4, 8}) {
     const auto unit = double(power(decimals));
     const double count = std::nearbyint(value * unit);
@@ -130,7 +130,7 @@ Decimal Decimal::operator+(const Decimal& other) const
   if (lower.m_coefficient == 0)
     return upper;
   if (const int apart = upper.m_exponent - lower.m_exponent; apart > 0) {
-    // A word has at most nineteen digits.
+    // A 64-bit number has at most nineteen digits.
     const int shift = apart <= 18 && fitsWord(upper.m_coefficient) ? apart : std::min(apart, MostDigits - digitsOf(upper.m_coefficient));
     upper = Decimal(upper.m_coefficient * power(shift), upper.m_exponent - shift);
     lower = lower.rounded(apart - shift);
@@ -155,7 +155,7 @@ Decimal Decimal::operator*(const Decimal& other) const
     const int beyond = leftDigits + rightDigits - MostDigits;
     if (beyond <= 0)
       return Decimal(left.m_coefficient * right.m_coefficient, left.m_exponent + right.m_exponent);
-    // Rounding up may give a digit more: then once again.
+    // Rounding up may add a digit: then round again.
     Decimal& longer = leftDigits >= rightDigits ? left : right;
     longer = longer.rounded(std::min(beyond, std::max(1, std::abs(leftDigits - rightDigits)))).withoutTrailingZeros();
   }

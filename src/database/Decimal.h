@@ -5,19 +5,19 @@
 #include <string>
 #include <string_view>
 
-// A decimal number with an exponent. Sums, differences and products are exact as long as they have no
-// more than 38 digits: an amount of seventeen times a rate of as many leaves four for the sum. What
-// needs more is rounded to 38 digits, half away from zero; nothing overflows.
+// A decimal number with an exponent. Sums, differences and products are exact as long as they have no more than 38
+// digits: the product of two numbers of seventeen digits leaves four for a sum. What needs more is rounded to 38
+// digits, half away from zero; nothing overflows.
 class Decimal {
 public:
   Decimal() = default;
   static Decimal ofInteger(std::int64_t value) { return Decimal(value, 0); }
-  // What was entered, if it had up to fifteen digits: the engine reads "8.637683" as the double next to
-  // the nearest. Otherwise the shortest decimal that reads as this double. `value` is finite.
+  // What was entered, if it had at most fifteen digits: the engine may be off by one bit when it reads "8.637683".
+  // Otherwise the shortest decimal that reads as this double. `value` is finite.
   static Decimal ofDouble(double value);
 
   struct Prefix;
-  // The number at the start of a text, as the engine finds it: 0 if there is none.
+  // The number at the start of a text, as the engine reads it: 0 if there is none.
   static Prefix ofText(std::string_view text);
 
   Decimal operator-() const { return Decimal(-m_coefficient, m_exponent); }
@@ -25,7 +25,7 @@ public:
   Decimal operator-(const Decimal& other) const { return *this + -other; }
   Decimal operator*(const Decimal& other) const;
 
-  // The nearest double; nothing beyond the largest.
+  // The nearest double; nothing if it is beyond the largest.
   std::optional<double> toDouble() const;
   // Nothing if it is not whole or does not fit.
   std::optional<std::int64_t> toInteger() const;
@@ -33,7 +33,7 @@ public:
   std::string toText() const;
 
 private:
-  // The sum of an aggregate lies where the engine puts it, at a multiple of eight.
+  // The engine allocates the state of an aggregate at a multiple of eight.
   __extension__ typedef __int128 Int128 __attribute__((aligned(8)));
 
   Decimal(Int128 coefficient, int exponent) : m_coefficient(coefficient), m_exponent(exponent) {}

@@ -8,6 +8,8 @@
 #include <optional>
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace DialectTranslator {
 namespace {
 
@@ -31,15 +33,15 @@ bool isPlain(const SqlToken& token)
          (token.kind == SqlToken::Word && token.text[0] != u'"' && token.text[0] != u'[');
 }
 
-// A driver reads {...} as its own words; PostgreSQL reads $...$ and E'...' as quotes.
+// A driver reads {...} as its own syntax; PostgreSQL reads $...$ and E'...' as quotes.
 std::optional<QString> refusalOfSigns(const Tokens& tokens, Target target)
 {
   for (std::size_t at = 0; at < tokens.size(); ++at) {
     const SqlToken& token = tokens[at];
-    const bool opensEscapes = target == Target::PostgreSql && token.isWord(QLatin1String("e")) && at + 1 < tokens.size() &&
+    const bool opensEscapes = target == Target::PostgreSql && token.isWord("e"_L1) && at + 1 < tokens.size() &&
                               tokens[at + 1].kind == SqlToken::Text && tokens[at + 1].text.data() == token.text.data() + 1;
     if (opensEscapes || (isPlain(token) && (token.text.contains(u'{') || (target == Target::PostgreSql && token.text.contains(u'$')))))
-      return QStringLiteral("语句含有无效字符：%1").arg(token.text.left(60).toString());
+      return u"语句含有无效字符：%1"_s.arg(token.text.left(60).toString());
   }
   return std::nullopt;
 }
@@ -47,22 +49,21 @@ std::optional<QString> refusalOfSigns(const Tokens& tokens, Target target)
 std::optional<QString> refusalOf(QStringView sql, const Tokens& tokens, Target target)
 {
   if (hasBrokenCharacter(sql))
-    return QStringLiteral("语句含有无效字符");
+    return u"语句含有无效字符"_s;
   for (const SqlToken& token : tokens) {
     if (token.open)
-      return QStringLiteral("语句中的引号或日期没有结束：%1").arg(token.text.left(60).toString());
-    // The system writes none: it is a value out of its quotes, or two signs ("a--5"), and would cut
-    // the rest of the statement off.
+      return u"语句中的引号或日期没有结束：%1"_s.arg(token.text.left(60).toString());
+    // The suite writes no comments: one means that a value has escaped its quotes, or a double minus ("a--5"), and
+    // would cut off the rest of the statement.
     if (token.kind == SqlToken::Comment)
-      return QStringLiteral("语句中不允许注释：%1").arg(token.text.left(60).toString());
+      return u"语句中不允许注释：%1"_s.arg(token.text.left(60).toString());
   }
-  static constexpr QLatin1String Allowed[] = {QLatin1String("select"), QLatin1String("insert"), QLatin1String("update"),
-                                              QLatin1String("delete")};
+  static constexpr QLatin1String Allowed[] = {"select"_L1, "insert"_L1, "update"_L1, "delete"_L1};
   if (tokens.empty() || std::none_of(std::begin(Allowed), std::end(Allowed), [&](auto word) { return tokens.front().isWord(word); }))
-    return QStringLiteral("只允许 select、insert、update、delete 语句");
+    return u"只允许 select、insert、update、delete 语句"_s;
   for (std::size_t at = 0; at < tokens.size(); ++at)
     if (tokens[at].isSymbol(u';') && at + 1 < tokens.size())
-      return QStringLiteral("一次只允许一条语句");
+      return u"一次只允许一条语句"_s;
   return target == Target::Embedded ? std::nullopt : refusalOfSigns(tokens, target);
 }
 
@@ -86,7 +87,7 @@ QString dateLiteral(QStringView token)
   return SqlTokens::quoted(date ? DateText::shortForm(*date) : inside.toString(), u'\'');
 }
 
-// "#2022-06-08#", as the system writes nearly all of its dates: only the quotes are other ones.
+// "#2022-06-08#", as nearly all dates are written: only the delimiters change.
 bool isShortForm(QStringView token)
 {
   static constexpr char16_t Form[] = u"#0000-00-00#";
@@ -98,14 +99,14 @@ bool isShortForm(QStringView token)
   return true;
 }
 
-// "[Name]" or "\"Name\"" as the server keeps it.
+// "[Name]" or "\"Name\"" as the server writes it.
 QString quotedName(QStringView token)
 {
   const QString inside = token.sliced(1, token.size() - 2).toString().toLower();
   return token[0] == u'[' ? SqlTokens::quoted(inside, u'"') : u'"' + inside + u'"';
 }
 
-// Collects what changes of a statement, and writes the statement with it.
+// Collects the changes of a statement and applies them.
 class Rewriter {
 public:
   Rewriter(QStringView sql, const Tokens& tokens, Target target) : m_sql(sql), m_tokens(tokens), m_target(target) {}
@@ -140,39 +141,38 @@ private:
     if (!isShortForm(text))
       return replace(at, dateLiteral(text));
     const qsizetype position = positionOf(at);
-    m_edits.push_back({position, position + 1, QStringLiteral("'")});
-    m_edits.push_back({position + text.size() - 1, position + text.size(), QStringLiteral("'")});
+    m_edits.push_back({position, position + 1, u"'"_s});
+    m_edits.push_back({position + text.size() - 1, position + text.size(), u"'"_s});
   }
 
   void rewriteWord(std::size_t at)
   {
-    if (const auto cint = callOf(at, QLatin1String("cint")))
-      rewriteOneArgument(at, *cint, QStringLiteral("cast"), QStringLiteral(" as integer)"));
-    else if (const auto isnull = callOf(at, QLatin1String("isnull")))
-      rewriteOneArgument(at, *isnull, QStringLiteral("("), QStringLiteral(") is null)"));
-    else if (const auto convert = callOf(at, QLatin1String("convert")))
+    if (const auto cint = callOf(at, "cint"_L1))
+      rewriteOneArgument(at, *cint, u"cast"_s, u" as integer)"_s);
+    else if (const auto isnull = callOf(at, "isnull"_L1))
+      rewriteOneArgument(at, *isnull, u"("_s, u") is null)"_s);
+    else if (const auto convert = callOf(at, "convert"_L1))
       rewriteConvert(at, *convert);
-    else if (m_tokens[at].isWord(QLatin1String("select")))
+    else if (m_tokens[at].isWord("select"_L1))
       rewriteTop(at);
     else if (m_target == Target::PostgreSql)
       rewriteForPostgreSql(at);
   }
 
-  // PostgreSQL: names in quotes are not folded to small letters, and a backslash in a pattern is a sign
-  // of its own.
+  // PostgreSQL: quoted names are not folded to lower case, and a backslash in a pattern is an escape character.
   void rewriteForPostgreSql(std::size_t at)
   {
     const QStringView text = m_tokens[at].text;
     if (text[0] == u'[' || text[0] == u'"')
       replace(at, quotedName(text));
-    else if (m_tokens[at].isWord(QLatin1String("by")) && at > 0 && m_tokens[at - 1].isWord(QLatin1String("order")))
+    else if (m_tokens[at].isWord("by"_L1) && at > 0 && m_tokens[at - 1].isWord("order"_L1))
       rewriteOrder(at);
-    else if (m_tokens[at].isWord(QLatin1String("like")) && at + 1 < m_tokens.size() && m_tokens[at + 1].kind == SqlToken::Text &&
+    else if (m_tokens[at].isWord("like"_L1) && at + 1 < m_tokens.size() && m_tokens[at + 1].kind == SqlToken::Text &&
              m_tokens[at + 1].text.contains(u'\\'))
-      replace(at + 1, m_tokens[at + 1].text.toString().replace(u'\\', QStringLiteral("\\\\")));
+      replace(at + 1, m_tokens[at + 1].text.toString().replace(u'\\', u"\\\\"_s));
   }
 
-  // Whether a function call of this name starts at `at`; then the position of its opening bracket.
+  // The position of the opening bracket if a call of this function starts at `at`.
   std::optional<std::size_t> callOf(std::size_t at, QLatin1String name) const
   {
     if (!m_tokens[at].isWord(name))
@@ -195,16 +195,16 @@ private:
   void rewriteConvert(std::size_t name, std::size_t open)
   {
     const std::size_t type = open + 1;
-    if (type >= m_tokens.size() || !m_tokens[type].isWord(QLatin1String("int")))
+    if (type >= m_tokens.size() || !m_tokens[type].isWord("int"_L1))
       return;
     const std::size_t comma = type + 1;
     const auto close = closingBracket(m_tokens, open);
     if (comma >= m_tokens.size() || !m_tokens[comma].isSymbol(u',') || !close)
       return;
-    replace(name, QStringLiteral("cast"));
+    replace(name, u"cast"_s);
     replace(type, {});
     replace(comma, {});
-    replace(*close, QStringLiteral(" as integer)"));
+    replace(*close, u" as integer)"_s);
   }
 
   // "select top n ..." becomes "select ... limit n", at the end of its own select: before the
@@ -212,7 +212,7 @@ private:
   void rewriteTop(std::size_t select)
   {
     const std::size_t top = select + 1;
-    if (top >= m_tokens.size() || !m_tokens[top].isWord(QLatin1String("top")))
+    if (top >= m_tokens.size() || !m_tokens[top].isWord("top"_L1))
       return;
     const std::size_t count = top + 1;
     if (count >= m_tokens.size() || m_tokens[count].kind != SqlToken::Number)
@@ -220,10 +220,10 @@ private:
     replace(top, {});
     replace(count, {});
     const qsizetype end = positionOf(endOfSelect(count));
-    m_edits.push_back({end, end, QStringLiteral(" limit %1 ").arg(m_tokens[count].text), 1});
+    m_edits.push_back({end, end, u" limit %1 "_s.arg(m_tokens[count].text), 1});
   }
 
-  // The system's databases sort null before all values, PostgreSQL after them.
+  // The suite expects null before all values, PostgreSQL sorts it after them.
   void rewriteOrder(std::size_t by)
   {
     const std::size_t end = endOfSelect(by);
@@ -234,7 +234,7 @@ private:
       else if (at < end && m_tokens[at].isSymbol(u')'))
         --depth;
       if (at == end || (depth == 0 && m_tokens[at].isSymbol(u',')))
-        insert(at, m_tokens[at - 1].isWord(QLatin1String("desc")) ? QStringLiteral(" nulls last ") : QStringLiteral(" nulls first "));
+        insert(at, m_tokens[at - 1].isWord("desc"_L1) ? u" nulls last "_s : u" nulls first "_s);
     }
   }
 
@@ -251,7 +251,7 @@ private:
     return end;
   }
 
-  // An insertion comes before what replaces the token after it.
+  // An insertion sorts before a replacement of the token after it.
   QString written()
   {
     std::stable_sort(m_edits.begin(), m_edits.end(), [](const SqlEdit& a, const SqlEdit& b) {
@@ -280,7 +280,7 @@ tl::expected<Translation, QString> translate(const QString& sql, Target target)
   const Tokens tokens = SqlTokens::read(sql);
   if (const auto refusal = refusalOf(sql, tokens, target))
     return tl::unexpected(*refusal);
-  const bool isQuery = tokens.front().isWord(QLatin1String("select"));
+  const bool isQuery = tokens.front().isWord("select"_L1);
   return Translation{target == Target::SqlServer ? sql : Rewriter(sql, tokens, target).rewritten(), isQuery};
 }
 

@@ -4,16 +4,15 @@
 
 #include <tl/expected.hpp>
 
-// Turns the system's SQL, in either column of the dialect rule, into what an engine takes. Only what the
-// engine would not take is rewritten, token by token: #date#, cint(x), convert(int,x), isnull(x) and
-// top n, and for a server a few signs that it reads otherwise. Everything else, spacing included, stays
-// as it was written.
+// Turns the system's SQL, in either dialect, into what an engine accepts. Only what the engine would not accept is
+// rewritten, token by token: #date#, cint(x), convert(int,x), isnull(x) and top n, and a few characters that servers
+// interpret differently. Everything else, spacing included, stays as it was written.
 namespace DialectTranslator {
 
 enum class Target {
   Embedded,
   PostgreSql,
-  SqlServer, // the SQL Server column of the dialect rule is its own: nothing is rewritten
+  SqlServer, // its own dialect: nothing is rewritten
 };
 
 struct Translation {
@@ -21,9 +20,9 @@ struct Translation {
   bool isQuery = false; // a select
 };
 
-// Refused, with the reason: anything but one select, insert, update or delete; a text or date that does not end; a
-// comment; a NUL character or half a surrogate pair, which drivers cut off silently; and for a server
-// the signs by which it, or its driver, would read the quotes otherwise than we do.
+// Refused, with the reason: anything but one select, insert, update or delete; an unterminated text or date; a
+// comment; a NUL character or half a surrogate pair, which drivers cut off silently; and for a server the characters
+// that would make it, or its driver, read quotes differently from us.
 [[nodiscard]] tl::expected<Translation, QString> translate(const QString& sql, Target target);
 [[nodiscard]] inline tl::expected<Translation, QString> forEmbedded(const QString& sql)
 {

@@ -8,6 +8,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Only reading and writing rows: no schema, no pragma, no other file.
@@ -65,8 +67,8 @@ int setUp(sqlite3* database, std::chrono::milliseconds lockWait)
     code = sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   if (code == SQLITE_OK)
     code = sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  // "extra" also syncs the folder when a journal has gone: a journal that a power cut brings back would undo the
-  // statement that was acknowledged last. The cache holds an account set of usual size: lists that look up each of
+  // "extra" also syncs the folder after a journal is deleted: a journal that reappears after a power cut would undo
+  // the last acknowledged statement. The cache holds an account set of usual size, so that lists that look up each of
   // their rows read no page twice.
   if (code == SQLITE_OK)
     code =
@@ -93,7 +95,7 @@ DatabaseResult<std::unique_ptr<Engine>> EmbeddedEngine::open(const QString& path
       sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   Sqlite::Database database(opened);
   if (!opened)
-    return databaseError(code, QStringLiteral("内存不足"));
+    return databaseError(code, u"内存不足"_s);
   if (code != SQLITE_OK || AccountSetFile::limit(opened) != SQLITE_OK || setUp(opened, lockWait) != SQLITE_OK)
     return tl::unexpected(Sqlite::errorOf(opened));
   if (const auto checked = AccountSetFile::checkSchema(opened); !checked)

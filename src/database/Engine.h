@@ -5,8 +5,8 @@
 
 #include <memory>
 
-// An open database of one kind. Takes the system's SQL as it is written, in either column of the
-// dialect rule; one statement a call, and only select, insert, update and delete.
+// An open database of one kind. Takes the suite's SQL as it is written, in either dialect; one statement a call, and
+// only select, insert, update and delete.
 class Engine {
 public:
   virtual ~Engine() = default;

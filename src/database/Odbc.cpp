@@ -10,9 +10,11 @@
 #include <sqlext.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// The number of a failure for which the driver has none.
+// The error number if the driver reports none.
 constexpr int Unnumbered = -2147467259;
 
 SQLCHAR* bytesOf(const QByteArray& text)
@@ -20,7 +22,7 @@ SQLCHAR* bytesOf(const QByteArray& text)
   return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.constData()));
 }
 
-// A handle of the driver manager, given back with its owner.
+// An ODBC handle, freed with its owner.
 template <SQLSMALLINT Type> class Handle {
 public:
   explicit Handle(SQLHANDLE parent)
@@ -43,7 +45,7 @@ private:
 };
 
 struct Diagnosis {
-  DatabaseError error{Unnumbered, QStringLiteral("ODBC 驱动程序没有说明原因")};
+  DatabaseError error{Unnumbered, u"ODBC 驱动程序没有说明原因"_s};
   QByteArray state;
 };
 
@@ -63,7 +65,7 @@ Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle)
   return diagnosis;
 }
 
-// What the server sends when it ends the connection itself comes as a state of its own.
+// A server that ends the connection itself reports a state of its own.
 bool tellsOfLoss(const QByteArray& state)
 {
   return state.startsWith("08") || state == "57P01" || state == "57P02" || state == "57P03" || state == "HYT01";
@@ -103,7 +105,7 @@ class RowReader {
 public:
   explicit RowReader(SQLHSTMT statement) : m_statement(statement) {}
 
-  // Nothing if the driver failed on the way.
+  // Nothing if the driver failed meanwhile.
   std::optional<RowSet> readAll()
   {
     if (!describe())
@@ -191,17 +193,17 @@ qint64 seconds(std::chrono::milliseconds wait)
 
 QString inBraces(const QString& value)
 {
-  static const QString Special = QStringLiteral("[]{}(),;?*=!@");
+  static const QString Special = u"[]{}(),;?*=!@"_s;
   const bool plain = std::none_of(value.begin(), value.end(), [](QChar c) { return Special.contains(c) || c.isSpace(); });
-  return plain ? value : u'{' + QString(value).replace(u'}', QStringLiteral("}}")) + u'}';
+  return plain ? value : u'{' + QString(value).replace(u'}', u"}}"_s) + u'}';
 }
 
 QString noAnswerWithin(std::chrono::milliseconds limit)
 {
-  return QStringLiteral("服务器在 %1 秒内没有应答，连接已断开").arg(seconds(limit));
+  return u"服务器在 %1 秒内没有应答，连接已断开"_s.arg(seconds(limit));
 }
 
-// What the registry says about a driver: the file that it is.
+// The library file of a driver, from the registry.
 QString libraryOf(SQLHENV environment, const QString& driver)
 {
   SQLCHAR name[256];
@@ -212,7 +214,7 @@ QString libraryOf(SQLHENV environment, const QString& driver)
        direction = SQL_FETCH_NEXT) {
     if (driver.compare(QString::fromUtf8(reinterpret_cast<const char*>(name)), Qt::CaseInsensitive) != 0)
       continue;
-    // Words ended by a zero each.
+    // A list of NUL-terminated strings.
     for (const char* word = reinterpret_cast<const char*>(attributes); *word; word += qstrlen(word) + 1)
       if (qstrnicmp(word, "driver=", 7) == 0)
         return QString::fromUtf8(word + 7);
@@ -234,7 +236,7 @@ struct Odbc::Handles {
 
   Kind askKind() const;
   SQLRETURN connect(const QByteArray& text);
-  // A driver keeps its limit for each address of a server, and for none of the statements with which it begins.
+  // A driver applies its timeout to each address of a server, and not to the statements that it begins with.
   std::chrono::milliseconds connectWait() const { return 2 * waits.connect; }
   ~Handles()
   {
@@ -263,22 +265,21 @@ Odbc::~Odbc() = default;
 
 QString Odbc::driverText(const ServerAddress& server, const ServerWaits& waits, const QString& library)
 {
-  QStringList words = {"Driver={" + server.driver + "}"};
-  if (library.contains(QStringLiteral("psqlodbc"))) {
-    words << "Server=" + inBraces(server.host);
+  QStringList words = {u"Driver={"_s + server.driver + u'}'};
+  if (library.contains(u"psqlodbc"_s)) {
+    words << u"Server="_s + inBraces(server.host);
     if (!server.port.isEmpty())
-      words << "Port=" + server.port;
-    // Line breaks and binary columns as they are; a server that has fallen silent is given up.
-    words << QStringLiteral("LFConversion=0;ByteaAsLongVarBinary=1;"
-                            "pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
-                            "tcp_user_timeout=20000 client_encoding=UTF8}")
-                 .arg(seconds(waits.connect));
-  } else if (library.contains(QStringLiteral("tdsodbc"))) {
-    words << "Server=" + inBraces(server.host) << "Port=" + server.port << QStringLiteral("TDS_Version=7.4;ClientCharset=UTF-8");
+      words << u"Port="_s + server.port;
+    // Line breaks and binary columns unchanged; a server that does not respond is given up.
+    words << u"LFConversion=0;ByteaAsLongVarBinary=1;"
+             u"pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
+             u"tcp_user_timeout=20000 client_encoding=UTF8}"_s.arg(seconds(waits.connect));
+  } else if (library.contains(u"tdsodbc"_s)) {
+    words << u"Server="_s + inBraces(server.host) << u"Port="_s + server.port << u"TDS_Version=7.4;ClientCharset=UTF-8"_s;
   } else {
-    words << "Server=" + server.host + (server.port.isEmpty() ? QString() : u',' + server.port);
+    words << u"Server="_s + server.host + (server.port.isEmpty() ? QString() : u',' + server.port);
   }
-  words << "Database=" + inBraces(server.database) << "UID=" + inBraces(server.user) << "PWD=" + inBraces(server.password);
+  words << u"Database="_s + inBraces(server.database) << u"UID="_s + inBraces(server.user) << u"PWD="_s + inBraces(server.password);
   return words.join(u';') + u';';
 }
 
@@ -291,7 +292,7 @@ DatabaseResult<std::unique_ptr<Odbc>> Odbc::open(const ServerAddress& server, co
   handles->connection = std::make_unique<Handle<SQL_HANDLE_DBC>>(environment);
   SQLHDBC connection = handles->connection->get();
   if (connection == SQL_NULL_HANDLE)
-    return databaseError(Unnumbered, QStringLiteral("ODBC 驱动程序管理器不可用"));
+    return databaseError(Unnumbered, u"ODBC 驱动程序管理器不可用"_s);
   SQLSetConnectAttr(connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(seconds(waits.connect)), 0);
   const QByteArray text = driverText(server, waits, libraryOf(environment, server.driver)).toUtf8();
   if (!SQL_SUCCEEDED(handles->connect(text))) {
@@ -306,7 +307,7 @@ DatabaseResult<std::unique_ptr<Odbc>> Odbc::open(const ServerAddress& server, co
   return odbc;
 }
 
-// The limits of time, and quotes that end where the standard ends them.
+// The timeouts, and quotes as in the SQL standard.
 DatabaseResult<void> Odbc::setUp(const ServerWaits& waits)
 {
   const auto number = [](std::chrono::milliseconds wait) { return QByteArray::number(qint64(wait.count())); };
@@ -340,7 +341,7 @@ Odbc::Kind Odbc::kind() const
 
 DatabaseResult<RowSet> Odbc::run(const QByteArray& utf8)
 {
-  // Beyond its limit a statement is ended by the server, which needs a while to say so.
+  // After its timeout a statement is ended by the server, whose answer takes a while.
   return runWithin(utf8, m_handles->waits.statement + m_handles->waits.connect);
 }
 
@@ -370,7 +371,7 @@ DatabaseResult<RowSet> Odbc::execute(const QByteArray& utf8)
   SQLSMALLINT columns = 0;
   if (SQL_SUCCEEDED(code))
     code = SQLNumResultCols(statement.get(), &columns);
-  // An update or delete that met no row answers SQL_NO_DATA.
+  // An update or delete that affects no row returns SQL_NO_DATA.
   if (code == SQL_NO_DATA || (SQL_SUCCEEDED(code) && columns == 0))
     return RowSet();
   if (SQL_SUCCEEDED(code))

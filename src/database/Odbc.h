@@ -6,12 +6,11 @@
 
 #include <memory>
 
-// One connection through the machine's ODBC driver manager, with the words and the limits of time that
-// the kinds of server want. What is run goes to the server unchanged: the engine, and the makers of
-// account sets, say what may be run.
+// One connection through the machine's ODBC driver manager, with each server's connection syntax and timeouts. A
+// statement goes to the server unchanged: the callers decide what may be run.
 //
-// Nothing waits without an end: connecting, a lock and a statement each have their limit, and a server
-// that has fallen silent is given up: where it no longer keeps the limits itself, the connection is cut.
+// Nothing waits forever: connecting, a lock and a statement each have a timeout. If the server stops responding and
+// no longer enforces them, the connection is cut.
 class Odbc {
 public:
   enum class Kind { PostgreSql, SqlServer, Unknown };
@@ -20,19 +19,19 @@ public:
 
   ~Odbc();
 
-  // What the server says that it is.
+  // The kind that the server reports.
   Kind kind() const;
   // Runs one statement, given as UTF-8, and reads its rows to their end.
   [[nodiscard]] DatabaseResult<RowSet> run(const QByteArray& utf8);
-  // Asks the server for a sign of life, for which it has as long as for connecting.
+  // Pings the server, with the timeout for connecting.
   [[nodiscard]] DatabaseResult<RowSet> tryOut();
-  // True once a failure has shown that the server is gone from the other end, or it had to be given up.
+  // True once a failure has shown that the connection is lost, or the server had to be given up.
   bool isLost() const;
-  // The latter alone: it had all the time that a statement may take.
+  // The latter alone: it did not respond within the timeout.
   bool isGivenUp() const;
 
-  // The text that a driver of some library takes: each writes host and port, and its limits, in its own
-  // way. Values that need it are put in braces.
+  // The connection text for the driver in `library`: each has its own syntax for host, port and timeouts. Values that
+  // need it are put in braces.
   static QString driverText(const ServerAddress& server, const ServerWaits& waits, const QString& library);
 
 private:

@@ -1,11 +1,13 @@
 #include "database/PostgreSqlTypes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace PostgreSqlTypes {
 namespace {
 
-// The functions name the schema of those that they call: a dump is restored with none to search in.
+// Calls are schema-qualified because pg_restore runs with an empty search_path.
 
-// A date is kept as its writer put it, so the type is text in all but its order.
+// A date is stored as it was written, so the type is text except for its order.
 constexpr const char* DateType[] = {
     "create type zdate",
     "create function zdate_in(cstring) returns zdate as 'textin' language internal immutable strict parallel safe",
@@ -18,8 +20,8 @@ constexpr const char* DateType[] = {
     "create cast (text as zdate) without function as assignment",
 };
 
-// The day at the start of a text as a number that grows with it; null if there is none. A form or a day
-// that the program's own reading of dates would not take is none here either.
+// The day at the start of a text as a number that grows with it; null if there is none. It accepts exactly what
+// DateText::parse accepts.
 constexpr char DayOf[] = R"(create function zdate_day(value text) returns integer as $body$
 declare
   part text[] := regexp_match(value, '^[\s\u3000\u00a0]*(\d{4})([-/.])(\d{1,2})\2(\d{1,2})'
@@ -36,7 +38,7 @@ begin
   return (y * 12 + m) * 31 + d;
 end $body$ language plpgsql immutable strict parallel safe)";
 
-// Days by their order, and after them, as text, what is no day.
+// Dates in order, then what is not a date, as text.
 constexpr char SlowOrder[] = R"(create function zdate_slow_order(a text, b text) returns integer as $body$
 declare
   daya integer := public.zdate_day(a);
@@ -52,8 +54,8 @@ begin
   return case when a < b then -1 when a = b then 0 else 1 end;
 end $body$ language plpgsql immutable strict parallel safe)";
 
-// Both are days in the short form, in which nearly all are written, and in order as texts. A list of a
-// month compares thousands of times: this is one expression, and the 29th of February goes the slow way.
+// Both are dates in the short form, as nearly all are, so that they compare as texts. A list of a month compares
+// thousands of times: hence one expression, and the 29th of February takes the slow path.
 constexpr char AreShort[] = R"(octet_length(a::text) = 10 and (a::text || b::text) ~
   '^(?:[1-9]\d{3}-(?:(?:0[1-9]|1[0-2])-(?:0[1-9]|1\d|2[0-8])|(?:0[13-9]|1[0-2])-(?:29|30)|(?:0[13578]|1[02])-31)){2}$')";
 
@@ -63,8 +65,7 @@ begin
          else public.zdate_slow_order(a, b) end;
 end $body$ language plpgsql immutable strict parallel safe)";
 
-// Not in the language SQL: that would be written into the question in place of the comparison, and no index
-// would be found for it.
+// plpgsql, not SQL: an SQL function would be inlined, and no index would match.
 constexpr char Compare[] = R"(create function @name(a zdate, b zdate) returns boolean as $body$
 begin
   return case when @short then a::text @sign b::text else public.zdate_slow_order(a, b) @sign 0 end;
@@ -87,12 +88,12 @@ QStringList comparison(const Comparison& of)
 {
   const auto fill = [&of](const char* text) {
     return QString::fromLatin1(text)
-        .replace(QStringLiteral("@name"), QLatin1String(of.name))
-        .replace(QStringLiteral("@short"), QLatin1String(AreShort))
-        .replace(QStringLiteral("@sign"), QLatin1String(of.sign))
-        .replace(QStringLiteral("@commutator"), QLatin1String(of.commutator))
-        .replace(QStringLiteral("@negator"), QLatin1String(of.negator))
-        .replace(QStringLiteral("@estimate"), QLatin1String(of.estimate));
+        .replace(u"@name"_s, QLatin1String(of.name))
+        .replace(u"@short"_s, QLatin1String(AreShort))
+        .replace(u"@sign"_s, QLatin1String(of.sign))
+        .replace(u"@commutator"_s, QLatin1String(of.commutator))
+        .replace(u"@negator"_s, QLatin1String(of.negator))
+        .replace(u"@estimate"_s, QLatin1String(of.estimate));
   };
   return {fill(Compare), fill("create operator @sign (leftarg = zdate, rightarg = zdate, function = @name, commutator = @commutator, "
                               "negator = @negator, restrict = @estimate)")};
@@ -113,11 +114,11 @@ constexpr const char* Ordering[] = {
 
 QStringList definitions()
 {
-  QStringList statements = {QStringLiteral("create extension citext")};
+  QStringList statements = {u"create extension citext"_s};
   for (const char* statement : DateType)
     statements.append(QLatin1String(statement));
   statements << QString::fromLatin1(DayOf) << QString::fromLatin1(SlowOrder)
-             << QString::fromLatin1(Order).replace(QStringLiteral("@short"), QLatin1String(AreShort));
+             << QString::fromLatin1(Order).replace(u"@short"_s, QLatin1String(AreShort));
   for (const Comparison& of : Comparisons)
     statements += comparison(of);
   for (const char* statement : Ordering)

@@ -3,11 +3,12 @@
 #include "database/RowSet.h"
 #include "platform/Trim.h"
 
+#include <QAnyStringView>
 #include <QString>
 
-// The rows of one query with a cursor over them, as the system's routines read them. A recordset of
-// a statement that is no query (insert, update, delete) or that failed is not open, and reading it
-// throws RunTimeError: a failed read never becomes an empty text or a 0.
+// The rows of one query with a cursor over them, as the suite's routines read them. A recordset of a statement that
+// is not a query (insert, update, delete) or that failed is not open, and reading it throws RunTimeError: a failed
+// read never becomes an empty text or a 0.
 class Recordset {
 public:
   Recordset() = default;
@@ -22,21 +23,21 @@ public:
 
   // A field of the current row, by its name without regard to case. RunTimeError if the recordset
   // is not open, there is no such field, or there is no current row.
-  Value field(const QString& name) const;
-  QString text(const QString& name) const { return field(name).toText(); }
-  QString trimmed(const QString& name) const { return Trim(text(name)); }
-  // What a binary column holds, byte by byte.
-  QByteArray bytes(const QString& name) const;
-  double number(const QString& name) const { return field(name).toNumber(); }
+  Value field(QAnyStringView name) const;
+  QString text(QAnyStringView name) const { return field(name).toText(); }
+  QString trimmed(QAnyStringView name) const { return Trim(text(name)); }
+  // The bytes of a binary column.
+  QByteArray bytes(QAnyStringView name) const;
+  double number(QAnyStringView name) const { return field(name).toNumber(); }
 
   // All rows, for a list that shows them as they are.
   const RowSet& rows() const;
-  // The same, for a list that keeps them; the recordset is closed.
+  // The same, for a list that keeps them; closes the recordset.
   RowSet takeRows();
 
 private:
   void requireOpen() const;
-  int requireColumn(const QString& name) const;
+  int requireColumn(QAnyStringView name) const;
 
   RowSet m_rows; // without columns if it is not open
   std::int64_t m_at = 0;

@@ -1,9 +1,9 @@
 #include "database/RowSet.h"
 
-int RowSet::column(QStringView name) const
+int RowSet::column(QAnyStringView name) const
 {
   for (int i = 0; i < m_names.size(); ++i)
-    if (name.compare(m_names[i], Qt::CaseInsensitive) == 0)
+    if (QAnyStringView::compare(name, m_names[i], Qt::CaseInsensitive) == 0)
       return i;
   return -1;
 }

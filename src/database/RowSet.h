@@ -2,14 +2,14 @@
 
 #include "database/Value.h"
 
+#include <QAnyStringView>
 #include <QByteArray>
 #include <QStringList>
 #include <cstdint>
 #include <vector>
 
-// The rows that a query returned, read to their end and kept typed: sixteen bytes a value and the texts
-// as UTF-8 in one block, so that a list of tens of thousands of rows costs what it holds. An engine
-// appends to it; a Recordset reads it.
+// All rows that a query returned, kept typed: sixteen bytes a value and the texts as UTF-8 in one block, so that
+// large results cost little more than their data. An engine appends to it; a Recordset reads it.
 class RowSet {
 public:
   explicit RowSet(QStringList names = {}) : m_names(std::move(names)) {}
@@ -17,7 +17,7 @@ public:
   const QStringList& names() const { return m_names; }
   std::int64_t rows() const { return m_names.isEmpty() ? 0 : std::int64_t(m_cells.size()) / m_names.size(); }
   // Index of a column by name, without regard to case; -1 if there is none.
-  int column(QStringView name) const;
+  int column(QAnyStringView name) const;
   Value value(std::int64_t row, int column) const;
   // Memory in bytes.
   std::size_t size() const { return m_cells.size() * sizeof(Cell) + m_texts.size(); }

@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-// Where a database on a server is, and who asks for it.
+// Where a database on a server is, and the login.
 struct ServerAddress {
   QString driver; // as the ODBC registry of the machine names it
   QString host;
@@ -14,8 +14,7 @@ struct ServerAddress {
   QString password;
 };
 
-// How long is waited for what: for a server to answer at all, for a lock that another program holds, for
-// the end of one statement.
+// Timeouts: for connecting to a server, for a lock that another program holds, for one statement.
 struct ServerWaits {
   std::chrono::milliseconds connect{5'000};
   std::chrono::milliseconds lock{10'000};

@@ -4,16 +4,18 @@
 #include "database/Odbc.h"
 #include "platform/AnsiText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
 using DialectTranslator::Target;
 
-// The number of a statement that is not let through.
+// The error number of a statement that is refused.
 constexpr int Refused = -2147217900;
 
-// After a pause of this length a connection is tried before something is written: servers and the
-// network end what is idle, and a write that was on its way cannot be told from one that was done.
+// After this much idle time the connection is pinged before a write: servers and networks drop idle connections, and
+// a write that was lost cannot be distinguished from one that was done.
 constexpr std::chrono::milliseconds TrustedPause{500};
 
 class OdbcEngine : public Engine {
@@ -33,7 +35,7 @@ public:
       return databaseError(Refused, translation.error());
     // PostgreSQL refuses by itself what its encoding has no character for; SQL Server writes a "?" instead.
     if (m_target == Target::SqlServer && !AnsiText::holds(translation->sql))
-      return databaseError(Refused, QStringLiteral("语句含有服务器代码页以外的文字"));
+      return databaseError(Refused, u"语句含有服务器代码页以外的文字"_s);
     if (!translation->isQuery && Clock::now() - m_lastUse > TrustedPause)
       if (const auto trial = m_connection->tryOut(); !trial)
         return repeatable(trial.error());

@@ -3,8 +3,8 @@
 #include "database/Engine.h"
 #include "database/ServerAddress.h"
 
-// The server engine: a database reached through the machine's ODBC driver manager. It asks the server what it
-// is, and translates to its dialect.
+// The server engine: a database reached through the machine's ODBC driver manager. Translates to the dialect of the
+// server that it finds.
 //
 // A statement that fails because the connection was dropped leaves the engine not open. It is marked
 // repeatable only if nothing of it can have been done: a select, or a write that was not yet sent. A

@@ -10,10 +10,10 @@
 
 namespace {
 
-// How often a call is ended that tries again, such as a connecting one at the next address.
+// How often a call is ended that tries again, as connecting does at the next address.
 constexpr std::chrono::milliseconds Again{100};
 
-// Descriptors of stream connections: those to a server are among them, questions to a name server are not.
+// Descriptors of stream connections: those to a database server are among them, queries to a name server are not.
 std::vector<int> openSockets()
 {
   std::vector<int> found;
@@ -58,8 +58,7 @@ ServerWatch::~ServerWatch()
   m_thread.join();
 }
 
-// The thread is woken only for a limit that comes before its next look by itself: with one statement after
-// the other that is hardly ever.
+// The thread is woken only for a timeout before its next wake-up, which is rare in a sequence of statements.
 ServerWatch::Call::Call(ServerWatch& watch, std::chrono::milliseconds limit) : m_watch(watch)
 {
   const std::lock_guard lock(m_watch.m_mutex);
@@ -107,7 +106,7 @@ void ServerWatch::run()
     } else {
       m_waking = m_limit;
     }
-    // Without a limit it waits for the first one to come.
+    // Without a timeout it waits for the next call.
     if (m_waking == Clock::time_point::max())
       m_wake.wait(lock);
     else

@@ -7,10 +7,10 @@
 #include <thread>
 #include <vector>
 
-// Ends the calls to a server's driver that would wait for ever. A server that is stopped keeps its
-// connection alive and answers nothing, and a driver's own limits are kept by the server or only while
-// it connects. So a call gets its limit here: when it is over, a thread shuts down the connection's
-// sockets, again and again until the call has returned. The driver then finds the connection ended.
+// Ends calls to a server's driver that would wait forever. A stopped server keeps its connection alive without
+// answering, and a driver's own timeouts are enforced by the server or only while connecting. So a call gets its
+// timeout here: after it, a thread shuts down the connection's sockets, again and again until the call has returned.
+// The driver then finds the connection ended.
 class ServerWatch {
 public:
   ServerWatch();
@@ -18,7 +18,7 @@ public:
   ServerWatch(const ServerWatch&) = delete;
   ServerWatch& operator=(const ServerWatch&) = delete;
 
-  // One call, from here to the end of this.
+  // One call, during the lifetime of this object.
   class Call {
   public:
     Call(ServerWatch& watch, std::chrono::milliseconds limit);
@@ -35,13 +35,14 @@ public:
   void expectSockets();
   void keepSockets();
 
-  // True once a call had to be ended; nothing is known then about what the server has done.
+  // True once a call had to be ended; what the server has done is unknown then.
   bool hasEndedACall() const;
 
 private:
   using Clock = std::chrono::steady_clock;
 
-  // A socket by a descriptor of its own, which stays when the driver closes his and its number is used again.
+  // A socket by a duplicate of its descriptor, which stays valid when the driver closes its own and the number is
+  // reused.
   class Socket;
 
   void run();
@@ -50,7 +51,7 @@ private:
   mutable std::mutex m_mutex;
   std::condition_variable m_wake;
   Clock::time_point m_limit = Clock::time_point::max();  // of the call under way
-  Clock::time_point m_waking = Clock::time_point::max(); // when the thread looks next
+  Clock::time_point m_waking = Clock::time_point::max(); // when the thread wakes next
   bool m_hasEndedACall = false;
   bool m_isOver = false;
   bool m_isConnecting = false;

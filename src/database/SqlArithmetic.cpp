@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace SqlArithmetic {
 namespace {
 
@@ -13,21 +15,17 @@ using Tokens = std::vector<SqlToken>;
 constexpr std::size_t None = std::size_t(-1);
 constexpr char Negate = 'n';
 
-// The words after which a new expression starts, by their first letter. All other words are names, where
-// an operand is expected.
+// The keywords after which a new expression starts, by their first letter. Where an operand is expected, all other
+// words are names.
 constexpr std::size_t MostOfALetter = 5;
 using WordsOfALetter = std::array<QLatin1String, MostOfALetter>;
 constexpr auto Openers = [] {
   std::array<WordsOfALetter, 26> words = {};
   for (const QLatin1String word :
-       {QLatin1String("all"),    QLatin1String("and"),       QLatin1String("as"),     QLatin1String("between"), QLatin1String("by"),
-        QLatin1String("delete"), QLatin1String("distinct"),  QLatin1String("else"),   QLatin1String("escape"),  QLatin1String("except"),
-        QLatin1String("from"),   QLatin1String("glob"),      QLatin1String("having"), QLatin1String("in"),      QLatin1String("intersect"),
-        QLatin1String("insert"), QLatin1String("into"),      QLatin1String("is"),     QLatin1String("join"),    QLatin1String("like"),
-        QLatin1String("limit"),  QLatin1String("not"),       QLatin1String("offset"), QLatin1String("on"),      QLatin1String("or"),
-        QLatin1String("order"),  QLatin1String("returning"), QLatin1String("select"), QLatin1String("set"),     QLatin1String("then"),
-        QLatin1String("union"),  QLatin1String("update"),    QLatin1String("using"),  QLatin1String("values"),  QLatin1String("when"),
-        QLatin1String("where")}) {
+       {"all"_L1,    "and"_L1,  "as"_L1,    "between"_L1, "by"_L1,     "delete"_L1,    "distinct"_L1, "else"_L1,  "escape"_L1,
+        "except"_L1, "from"_L1, "glob"_L1,  "having"_L1,  "in"_L1,     "intersect"_L1, "insert"_L1,   "into"_L1,  "is"_L1,
+        "join"_L1,   "like"_L1, "limit"_L1, "not"_L1,     "offset"_L1, "on"_L1,        "or"_L1,       "order"_L1, "returning"_L1,
+        "select"_L1, "set"_L1,  "then"_L1,  "union"_L1,   "update"_L1, "using"_L1,     "values"_L1,   "when"_L1,  "where"_L1}) {
     WordsOfALetter& same = words[std::size_t(word.data()[0] - 'a')];
     std::size_t at = 0;
     while (!same[at].isEmpty())
@@ -51,8 +49,8 @@ int precedenceOf(char operation)
   return operation == Negate ? 3 : operation == '*' ? 2 : 1;
 }
 
-// Reads the tokens once, with a stack of the brackets that are open in place of recursion: a statement
-// may be nested as deep as it is long.
+// Reads the tokens once, with a stack of the open brackets instead of recursion: a statement may be nested as deeply
+// as it is long.
 class Reader {
 public:
   Reader(QStringView sql, const Tokens& tokens, std::vector<SqlEdit>& edits) : m_sql(sql), m_tokens(tokens), m_edits(edits)
@@ -71,19 +69,19 @@ public:
         readOperand();
     while (m_frames.size() > 1) {
       close();
-      top().isForeign = true; // what never closes may hold the end of the statement
+      top().isForeign = true; // an unclosed bracket may contain the end of the statement
     }
     finish(m_at);
   }
 
 private:
-  // What is open, and the expression that is being read directly inside it.
+  // An open bracket, call or case, and the expression that is being read directly inside it.
   struct Frame {
     enum Kind : quint8 { Statement, Bracket, Call, Case };
 
     Kind kind;
-    std::size_t opener; // where it starts; of a call the name
-    // Where those of the expression begin in what all expressions share.
+    std::size_t opener; // where it starts; for a call the name
+    // Where the expression's own begin in the vectors that all expressions share.
     std::size_t program;
     std::size_t operators;
     std::size_t removals;
@@ -94,8 +92,8 @@ private:
     bool isPlain = true;       // holds one expression and nothing else, so far
     bool isSummed = false;     // a derived table whose columns are only added up
     bool isComplete = false;   // the expression ends with an operand
-    bool isArithmetic = false; // and has an operation
-    bool isForeign = false;    // with an operation that is none of ours
+    bool isArithmetic = false; // contains an operation
+    bool isForeign = false;    // with an operation that is not ours
   };
   // A token of an expression that is left out if the expression is rewritten, or becomes a comma.
   struct Removal {
@@ -130,7 +128,7 @@ private:
 
   void readWord()
   {
-    if (isWord(m_at, QLatin1String("case")))
+    if (isWord(m_at, "case"_L1))
       return open(Frame::Case, m_at);
     if (endsCase())
       return close();
@@ -165,7 +163,7 @@ private:
   {
     const SqlToken& token = m_tokens[m_at];
     if (token.kind == SqlToken::Word)
-      return endsCase() ? close() : token.isWord(QLatin1String("collate")) ? continueForeign() : delimit();
+      return endsCase() ? close() : token.isWord("collate"_L1) ? continueForeign() : delimit();
     // x'00' is one operand; with a space between them the text is a name.
     if (token.kind == SqlToken::Text)
       return endOf(m_at - 1) == startOf(m_at) ? void() : delimit();
@@ -186,7 +184,7 @@ private:
     }
   }
 
-  bool endsCase() { return top().kind == Frame::Case && m_tokens[m_at].isWord(QLatin1String("end")); }
+  bool endsCase() { return top().kind == Frame::Case && m_tokens[m_at].isWord("end"_L1); }
 
   // --- the expression ---
 
@@ -247,11 +245,11 @@ private:
     finish(m_at);
     Frame& frame = top();
     frame.isPlain = false;
-    if (!isWord(m_at, QLatin1String("select")))
+    if (!isWord(m_at, "select"_L1))
       return;
     frame.select = m_at;
     // Before "-a", the count would be read as the first operand.
-    if (isWord(m_at + 1, QLatin1String("top")) && m_at + 2 < m_tokens.size() && m_tokens[m_at + 2].kind == SqlToken::Number)
+    if (isWord(m_at + 1, "top"_L1) && m_at + 2 < m_tokens.size() && m_tokens[m_at + 2].kind == SqlToken::Number)
       m_at += 2;
   }
 
@@ -290,7 +288,7 @@ private:
     close();
   }
 
-  // Ends what is open: to the expression around it, it is one operand.
+  // Closes the innermost frame, which is one operand of the expression around it.
   void close()
   {
     finish(m_at);
@@ -299,12 +297,12 @@ private:
     operand(opener);
   }
 
-  // A bracket that holds nothing but arithmetic, as a part of more arithmetic.
+  // A bracket that holds only arithmetic, inside more arithmetic.
   bool isGroup()
   {
     const Frame& around = m_frames[m_frames.size() - 2];
     const bool isFollowedByForeign =
-        isSymbol(m_at + 1, u'/') || isSymbol(m_at + 1, u'%') || isSymbol(m_at + 1, u'|') || isWord(m_at + 1, QLatin1String("collate"));
+        isSymbol(m_at + 1, u'/') || isSymbol(m_at + 1, u'%') || isSymbol(m_at + 1, u'|') || isWord(m_at + 1, "collate"_L1);
     return isOurs() && top().isPlain && !around.isForeign && !isFollowedByForeign;
   }
 
@@ -324,25 +322,25 @@ private:
 
   // --- derived tables ---
 
-  // "select sum(a) as x,sum(b) as y from (select": the sums must not lose what the columns round off.
-  // An order is one of numbers, and there a column may be text.
+  // "select sum(a) as x,sum(b) as y from (select": the columns must not be rounded before they are summed. With an
+  // order by, columns must stay numbers, not texts.
   void markSummed()
   {
     const Frame& around = m_frames[m_frames.size() - 2];
-    if (m_at == 0 || !isWord(m_at - 1, QLatin1String("from")) || !isWord(m_at + 1, QLatin1String("select")) || around.select == None)
+    if (m_at == 0 || !isWord(m_at - 1, "from"_L1) || !isWord(m_at + 1, "select"_L1) || around.select == None)
       return;
     std::size_t at = around.select + 1;
     for (bool isFirst = true; isFirst || isSymbol(at, u','); isFirst = false) {
       at += isFirst ? 0 : 1;
-      if (!isWord(at, QLatin1String("sum")) || !isSymbol(at + 1, u'(') || !isName(at + 2) || !isSymbol(at + 3, u')'))
+      if (!isWord(at, "sum"_L1) || !isSymbol(at + 1, u'(') || !isName(at + 2) || !isSymbol(at + 3, u')'))
         return;
-      at += isWord(at + 4, QLatin1String("as")) && isName(at + 5) ? 6 : 4;
+      at += isWord(at + 4, "as"_L1) && isName(at + 5) ? 6 : 4;
     }
     if (at == m_at - 1)
       top().isSummed = endsSummed();
   }
 
-  // After the derived table at m_at comes at most its name, and it has no order inside.
+  // After the derived table at m_at follows at most its name, and it has no "order by" inside.
   bool endsSummed() const
   {
     std::size_t at = m_at;
@@ -351,19 +349,19 @@ private:
         ++depth;
       else if (isSymbol(at, u')') && --depth == 0)
         break;
-      else if (isWord(at, QLatin1String("order")))
+      else if (isWord(at, "order"_L1))
         return false;
     }
-    at += isWord(at + 1, QLatin1String("as")) ? 2 : 1;
+    at += isWord(at + 1, "as"_L1) ? 2 : 1;
     at += isName(at) ? 1 : 0;
     return at >= m_tokens.size() || isSymbol(at, u')') || isSymbol(at, u';');
   }
 
-  // A whole column of such a table.
+  // A complete column of such a table.
   bool isSummedColumn(const Frame& frame, std::size_t first, std::size_t end) const
   {
-    return frame.isSummed && first > 0 && (isWord(first - 1, QLatin1String("select")) || isSymbol(first - 1, u',')) &&
-           (isWord(end, QLatin1String("as")) || isSymbol(end, u',') || isWord(end, QLatin1String("from")));
+    return frame.isSummed && first > 0 && (isWord(first - 1, "select"_L1) || isSymbol(first - 1, u',')) &&
+           (isWord(end, "as"_L1) || isSymbol(end, u',') || isWord(end, "from"_L1));
   }
 
   // --- writing ---
@@ -374,10 +372,10 @@ private:
   QString program() const
   {
     const std::size_t from = m_frames.back().program;
-    return u'\'' + QString::fromLatin1(m_program.data() + from, qsizetype(m_program.size() - from)) + QStringLiteral("',");
+    return u'\'' + QString::fromLatin1(m_program.data() + from, qsizetype(m_program.size() - from)) + u"',"_s;
   }
 
-  // Brackets around all of it stay: "in (a-b)".
+  // Brackets around the whole expression stay: "in (a-b)".
   void writeCall(std::size_t end)
   {
     const Frame& frame = top();
@@ -385,22 +383,21 @@ private:
     const char* const function = isSummedColumn(frame, frame.start, end) ? SqliteArithmetic::Part : SqliteArithmetic::Value;
     insert(isBracketed ? endOf(frame.start) : startOf(frame.start), u' ' + QLatin1String(function) + u'(' + program());
     writeOperands(isBracketed ? 2 : 0);
-    insert(isBracketed ? startOf(frame.groupEnd) : endOf(end - 1), QStringLiteral(")"));
+    insert(isBracketed ? startOf(frame.groupEnd) : endOf(end - 1), u")"_s);
   }
 
   // The last removals, as many as `kept`, are left out.
   void writeOperands(std::size_t kept)
   {
     for (std::size_t i = top().removals; i + kept < m_removals.size(); ++i)
-      replace(m_removals[i].token, m_removals[i].isComma ? QStringLiteral(",") : QString());
+      replace(m_removals[i].token, m_removals[i].isComma ? u","_s : QString());
   }
 
-  // "sum(a*b)" computes and adds up in one; a sum without arithmetic is exact as it is.
+  // "sum(a*b)" computes and adds up in one call; a sum without arithmetic is exact already.
   void writeSum()
   {
     const Frame& frame = top();
-    if (!frame.isPlain || !frame.isComplete || frame.isForeign || !isWord(frame.opener, QLatin1String("sum")) ||
-        !isSymbol(frame.opener + 1, u'('))
+    if (!frame.isPlain || !frame.isComplete || frame.isForeign || !isWord(frame.opener, "sum"_L1) || !isSymbol(frame.opener + 1, u'('))
       return;
     const bool isColumn = isSummedColumn(m_frames[m_frames.size() - 2], frame.opener, m_at + 1);
     if (!frame.isArithmetic && !isColumn)
@@ -417,7 +414,7 @@ private:
   std::vector<SqlEdit>& m_edits;
   std::size_t m_at = 0;
   std::vector<Frame> m_frames;
-  // Of all expressions that are open, the outer ones first.
+  // Of all open expressions, the outer ones first.
   std::vector<char> m_program;
   std::vector<char> m_operators;
   std::vector<Removal> m_removals;

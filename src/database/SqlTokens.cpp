@@ -18,13 +18,13 @@ bool isWordPart(QChar c)
   return isWordStart(c) || isDigit(c) || c == u'$';
 }
 
-// A full-width space is none: the engine does not take it for one either.
+// U+3000 is not whitespace, here or in the engine.
 bool isSpace(QChar c)
 {
   return c == u' ' || (c >= u'\t' && c <= u'\r');
 }
 
-// End of a text in quotes that starts at `at`; a doubled quote inside stands for one. -1 if it never ends.
+// End of a quoted text that starts at `at`; a doubled quote inside is one quote. -1 if it never ends.
 qsizetype quotedEnd(QStringView sql, qsizetype at, QChar quote)
 {
   for (qsizetype i = at + 1; i < sql.size(); ++i) {

@@ -3,8 +3,8 @@
 #include <QString>
 #include <vector>
 
-// The system's SQL cut into tokens, for the dialect translation and for the check of what a
-// statement is. Quoted texts and #dates# stay whole, so nothing inside them is taken for SQL.
+// SQL split into tokens, for the dialect translation and for the check of a statement. Quoted texts and #dates# are
+// one token each, so nothing inside them is taken for SQL.
 struct SqlToken {
   enum Kind : quint8 { Word, Number, Text, Date, Symbol, Comment };
 

@@ -9,8 +9,7 @@ struct sqlite3;
 struct sqlite3_backup;
 struct sqlite3_stmt;
 
-// SQLite's C API as its users in this program want it: handles that are released with their owner, its
-// errors, and its rows.
+// Helpers for SQLite's C API: handles that are released with their owner, errors and rows.
 namespace Sqlite {
 
 struct Release {
@@ -24,14 +23,14 @@ template <typename Resource> using Handle = std::unique_ptr<Resource, Release>;
 using Database = Handle<sqlite3>;
 using Statement = Handle<sqlite3_stmt>;
 
-// Of the last call that failed.
+// The error of the last call that failed.
 DatabaseError errorOf(sqlite3* database);
 
 [[nodiscard]] DatabaseResult<Statement> prepare(sqlite3* database, const QByteArray& sql);
 
-// A row set with the columns of a statement, and no rows yet.
+// An empty row set with the columns of a statement.
 RowSet columnsOf(sqlite3_stmt* statement);
-// Appends the row to which the statement was stepped.
+// Appends the current row of the statement.
 void appendRow(RowSet& rows, sqlite3_stmt* statement);
 
 } // namespace Sqlite

@@ -11,14 +11,14 @@
 namespace SqliteArithmetic {
 namespace {
 
-// How many results may wait for their operation: "a-(b-(c-..." that goes deeper is refused.
+// How many results may be pending: a deeper "a-(b-(c-..." is refused.
 constexpr std::size_t MostDepth = 16;
 
 using Operands = std::span<sqlite3_value*>;
 
 struct Number {
   Decimal value;
-  bool isInteger = true; // all that it was made of is
+  bool isInteger = true; // whether all its operands are
 };
 
 enum class Outcome { Number, Null, TooLarge, Malformed };
@@ -60,7 +60,7 @@ Outcome read(sqlite3_value* operand, Number& number)
   }
 }
 
-// The first of the operands holds the operations. Null as soon as one operand is.
+// The first operand holds the operations. The result is null if any operand is.
 Outcome compute(Operands operands, Number& result)
 {
   if (operands.empty())

@@ -2,18 +2,16 @@
 
 struct sqlite3;
 
-// The functions that add up and multiply amounts as decimals, so that 0.3-0.1 is 0.2: a file holds
-// binary numbers, and its engine computes with them. Whoever runs a statement that DialectTranslator
-// translated must register them first.
+// The functions that add up and multiply amounts as decimals, so that 0.3-0.1 is 0.2: SQLite stores and computes
+// binary numbers. They must be registered before a statement of DialectTranslator is run.
 //
 // Value and Part take the operations in postfix notation, then the operands: "vv-v*" with a, b and c
 // is (a-b)*c, "n" changes a sign. A number counts as the decimal that it was entered as, a text as the
 // number at its start; with a null among them the result is null. Sum and PartSum add such values up over the
 // rows, and the engine's own "sum" is replaced by one that is exact too.
 //
-// What comes out is the nearest number that the engine knows, and whole if all operands were. Of Part
-// and PartSum it is a text that keeps all digits, for nothing but a sum over it. A number beyond the
-// largest is an error.
+// The result is the nearest number of the engine, an integer if all operands were. Part and PartSum return a text
+// that keeps all digits, meant only for a sum over it. A number beyond the largest is an error.
 namespace SqliteArithmetic {
 
 constexpr char Value[] = "exact_value";

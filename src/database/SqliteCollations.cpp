@@ -22,9 +22,8 @@ int twoDigits(const char* text)
   return isDigit(text[0]) && isDigit(text[1]) ? (text[0] - '0') * 10 + (text[1] - '0') : -1;
 }
 
-// "yyyy-MM-dd" and nothing else, the form in which this system writes, compared byte by byte. It must
-// be a day that exists, or it would sort among the dates here and after them elsewhere; the 29th of
-// February is left to the slow way.
+// "yyyy-MM-dd" and nothing else, the form that the suite writes, compared byte by byte. The day must exist, or the
+// fast and the slow path would sort it differently; the 29th of February is left to the slow path.
 bool isIsoDay(const char* text, int size)
 {
   if (size != 10 || text[0] < '1' || text[0] > '9' || !isDigit(text[1]) || twoDigits(text + 2) < 0 || text[4] != '-' || text[7] != '-')

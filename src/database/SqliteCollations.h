@@ -2,11 +2,11 @@
 
 struct sqlite3;
 
-// The collations of an account set's file. Whoever opens such a file must register them first.
+// The collations of an account set's file. They must be registered on opening such a file.
 namespace SqliteCollations {
 
-// Compares dates by the day, however they are written ("2022-6-1" and "2022-06-01" are one), and
-// what is no date as text after all dates.
+// Compares dates by the day, however they are written ("2022-6-1" equals "2022-06-01"); what is not a date sorts as
+// text after all dates.
 constexpr char Date[] = "ZDATE";
 // Text without regard to the case of Latin letters.
 constexpr char Text[] = "NOCASE";

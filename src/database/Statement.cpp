@@ -7,7 +7,7 @@ void Statement::build(QStringView format, const Argument* arguments)
 {
   m_sql.reserve(format.size() + 32);
   QChar quote;
-  qsizetype opened = 0; // where the token in quotes begins in the statement
+  qsizetype opened = 0; // where the quoted token begins in the statement
   qsizetype done = 0;   // how much of the format has been appended
   bool holdsValue = false;
   for (qsizetype i = 0; i < format.size(); ++i) {
@@ -66,8 +66,8 @@ std::optional<QString> Statement::violation() const
   return std::nullopt;
 }
 
-// The literals around a value read the same whatever the value is, as long as it is one whole token. So it is
-// enough to read each value in its own quotes.
+// The literals around a value are parsed the same way whatever the value is, as long as it is one complete token. So
+// it is enough to parse each value in its own quotes.
 bool Statement::isOneToken(QStringView text, Kind kind)
 {
   if (kind == Kind::Number)

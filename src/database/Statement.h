@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <vector>
 
-// SQL as the sources write it. Only a literal becomes one, so that no value is ever taken for SQL.
+// SQL as it is written in the sources. Only a literal converts to it, so that no value is ever taken for SQL.
 class SqlLiteral {
 public:
   constexpr SqlLiteral() = default;
@@ -46,8 +46,8 @@ concept SqlText = std::convertible_to<const Value&, QString>;
 template <typename Value>
 concept SqlArgument = SqlText<Value> || std::same_as<Value, SqlName> || std::same_as<Value, SqlNumber> || std::same_as<Value, Statement>;
 
-// A literal whose places "{}" fit the values that are put into them: as many places as values, a text inside
-// quotes ('{}', '{}%') or a date's signs (#{}#), everything else outside. The compiler checks it.
+// A literal whose places "{}" fit the values that are put into them: as many places as values, a text inside quotes
+// ('{}', '{}%') or a date's delimiters (#{}#), everything else outside. The compiler checks it.
 template <SqlArgument... Values> class StatementFormat {
 public:
   template <std::size_t N> consteval StatementFormat(const char16_t (&sql)[N]) : m_sql(sql, N - 1)
