@@ -5,7 +5,7 @@
 namespace AnsiText {
 namespace {
 
-// The first byte of a pair is the last byte, so its second is missing.
+// True if the input ends in the middle of a two-byte character.
 bool endsInsidePair(const QByteArray& bytes)
 {
   qsizetype at = 0;

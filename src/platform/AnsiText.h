@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-// Text in the system's ANSI code page (GBK), the encoding of every file that the program family shares.
+// Text in the system's ANSI code page (GBK), the encoding of every file that the suite shares.
 namespace AnsiText {
 
 // The bytes of a text. A character that the code page does not have is written as "?".
@@ -11,10 +11,10 @@ QByteArray encode(const QString& text);
 // Whether the code page has every character of a text.
 bool holds(const QString& text);
 
-// The text of some bytes; what is no character of the code page reads as U+FFFD.
+// The text of some bytes; invalid bytes decode to U+FFFD.
 QString decode(const QByteArray& bytes);
 
-// True if a byte opens a two-byte character.
+// True if a byte is the first of a two-byte character.
 constexpr bool isLeadByte(unsigned char byte)
 {
   return byte >= 0x81 && byte <= 0xFE;

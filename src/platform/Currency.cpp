@@ -5,11 +5,13 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void overflow()
 {
-  throw RunTimeError(RunTimeError::Overflow, QStringLiteral("溢出"));
+  throw RunTimeError(RunTimeError::Overflow, u"溢出"_s);
 }
 
 } // namespace
@@ -21,7 +23,7 @@ Currency Currency::ofDouble(double value)
     return exact;
   if (!std::isfinite(value))
     overflow();
-  // Rounded in decimal, so that 1.00005 is a tie as it reads and not as binary holds it.
+  // The decimal text is rounded, so that 1.00005 is a tie although its binary value is not.
   QString text = NumberText::ofDouble(value);
   const bool negative = text.startsWith(u'-');
   if (negative)

@@ -2,6 +2,8 @@
 
 #include "platform/RunTimeError.h"
 
+using namespace Qt::StringLiterals;
+
 namespace DateText {
 namespace {
 
@@ -61,9 +63,9 @@ std::optional<QDate> parse(QStringView text)
 QString shortForm(const QDate& date)
 {
   if (!date.isValid() || date.year() < 1 || date.year() > 9999)
-    return date.toString(QStringLiteral("yyyy-MM-dd"));
-  // Nearly every statement holds a date.
-  QString text = QStringLiteral("0000-00-00");
+    return date.toString(u"yyyy-MM-dd"_s);
+  // Hot path: nearly every SQL statement formats a date.
+  QString text = u"0000-00-00"_s;
   const auto write = [&text](qsizetype at, int number) {
     for (; number > 0; number /= 10)
       text[at--] = QChar(u'0' + number % 10);
@@ -78,7 +80,7 @@ QDate build(int year, int month, int day)
 {
   const QDate date(year, month, day);
   if (!date.isValid())
-    throw RunTimeError(RunTimeError::TypeMismatch, QStringLiteral("类型不匹配：%1-%2-%3 不是日期").arg(year).arg(month).arg(day));
+    throw RunTimeError(RunTimeError::TypeMismatch, u"类型不匹配：%1-%2-%3 不是日期"_s.arg(year).arg(month).arg(day));
   return date;
 }
 

@@ -4,8 +4,8 @@
 #include <QDateTime>
 #include <QString>
 
-// The machine that the program runs on, as far as the program asks it: the clock, the program
-// folder, the start of another program, its own identity. Tests have one whose clock is set by hand.
+// The machine that the program runs on, as far as the program needs it: the clock, the program folder, the start of
+// another program, its own identity. Tests have one whose clock is set by hand.
 class Machine {
 public:
   virtual ~Machine() = default;
@@ -20,8 +20,7 @@ public:
   // False if it could not be started.
   virtual bool startProgram(const QString& path) = 0;
 
-  // The text by which the suite's login knows this machine: the same at every start, another on
-  // another machine.
+  // The text by which the suite's login identifies this machine: the same at every start, different on every machine.
   virtual QString terminalCode() const = 0;
 
   // A file of the program folder by its name, with one separator between the two.
@@ -32,7 +31,7 @@ public:
   }
 };
 
-// The real one.
+// The machine that we run on.
 class ThisMachine : public Machine {
 public:
   QDateTime now() const override;

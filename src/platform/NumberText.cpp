@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace NumberText {
 namespace {
 
@@ -69,7 +71,7 @@ QString withoutExponent(const QString& scientific)
     mantissa.remove(point, 1);
   point += exponent;
   if (point <= 0)
-    mantissa = QStringLiteral("0.") + QString(-point, u'0') + mantissa;
+    mantissa = u"0."_s + QString(-point, u'0') + mantissa;
   else if (point >= mantissa.size())
     mantissa += QString(point - mantissa.size(), u'0');
   else
@@ -80,7 +82,7 @@ QString withoutExponent(const QString& scientific)
 QString significant(double value, int digits)
 {
   if (value == 0 || !std::isfinite(value))
-    return QStringLiteral("0");
+    return u"0"_s;
   return withoutExponent(QString::number(value, 'g', digits));
 }
 
@@ -148,7 +150,7 @@ QString fixedOfDecimal(const QString& decimal, int decimals, bool grouped)
   QString fraction = point < 0 ? QString() : unsignedText.mid(point + 1);
   const bool up = fraction.size() > decimals && fraction[decimals] >= u'5';
   fraction = fraction.leftJustified(decimals, u'0', true);
-  QString digits = (whole.isEmpty() ? QStringLiteral("0") : whole) + fraction;
+  QString digits = (whole.isEmpty() ? u"0"_s : whole) + fraction;
   if (up)
     addOne(digits);
   whole = digits.left(digits.size() - decimals);
@@ -157,7 +159,7 @@ QString fixedOfDecimal(const QString& decimal, int decimals, bool grouped)
     for (qsizetype at = whole.size() - 3; at > 0; at -= 3)
       whole.insert(at, u',');
   const bool zero = digits.count(u'0') == digits.size();
-  return (negative && !zero ? QStringLiteral("-") : QString()) + whole + (decimals > 0 ? u'.' + fraction : QString());
+  return (negative && !zero ? u"-"_s : QString()) + whole + (decimals > 0 ? u'.' + fraction : QString());
 }
 
 } // namespace NumberText

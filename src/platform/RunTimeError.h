@@ -3,9 +3,9 @@
 #include <QString>
 #include <stdexcept>
 
-// What reading a recordset that did not open, a field that is not there, an impossible date or an
-// overflowing amount throws. Before a screen is shown it ends the program; once one is shown, the
-// operator's event in which it happened shows it and ends (see screen/Form.h).
+// Thrown when a recordset that did not open or a field that does not exist is read, for an impossible date and for an
+// overflowing amount. Before a screen is shown it ends the program; once one is shown, the operator's event in which
+// it happened shows it and ends (see screen/Form.h).
 class RunTimeError : public std::runtime_error {
 public:
   // The numbers are those that operators quote to the help desk.
@@ -30,7 +30,7 @@ public:
 
   Number number() const { return m_number; }
   // The text of the box: number, line break, description.
-  QString text() const { return QStringLiteral("运行时错误 %1：\r\n%2").arg(int(m_number)).arg(m_description); }
+  QString text() const;
 
 private:
   Number m_number;

@@ -5,19 +5,19 @@
 
 #include <optional>
 
-// Files at names that others know beforehand and may have prepared: a link or a pipe lies there, or the
-// name itself leads out of the folder.
+// Files at names that others can predict and may have prepared: with a link or a pipe in place of the file, or a name
+// that leads out of the folder.
 namespace SafeFile {
 
 constexpr QFile::Permissions ForEverybody =
-    QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther; // less the umask
+    QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther; // minus the umask
 constexpr QFile::Permissions ForThisUser = QFile::ReadOwner | QFile::WriteOwner;
 
-// Makes a new file. What was at its name is removed, never written to, and a link is not followed. False if
-// that fails; no half-written file is left then.
+// Creates a file. What was at its name is removed, never written to, and a link is not followed. False if that fails;
+// no half-written file is left then.
 [[nodiscard]] bool write(const QString& path, const QByteArray& content, QFile::Permissions permissions = ForEverybody);
 
-// Reads up to `most` bytes of a file and deletes it. Nothing if it is no plain file of this user or of the
+// Reads up to `most` bytes of a file and deletes it. Nothing if it is not a plain file of this user or of the
 // system's administrator, or can't be read or deleted. Never waits.
 [[nodiscard]] std::optional<QByteArray> take(const QString& path, qint64 most);
 

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Removes spaces, and nothing else, from both ends: the only trimming that the system does. A line
-// break or a full-width space stays.
+// Removes spaces, and nothing else, from both ends: the suite trims U+0020 only. A line break or a full-width space
+// stays.
 inline QString Trim(QStringView text)
 {
   while (text.startsWith(u' '))
