@@ -8,6 +8,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace AccountSet {
 namespace {
 
@@ -44,12 +46,12 @@ Result writeNew(const QString& filePath, const Bytes& bytes, qint64 size)
 {
   QFile file(filePath);
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-    return tl::unexpected(QStringLiteral("不能建立账套文件：%1（%2）").arg(filePath, file.errorString()));
+    return tl::unexpected(u"不能建立账套文件：%1（%2）"_s.arg(filePath, file.errorString()));
   if (file.write(reinterpret_cast<const char*>(bytes.get()), size) == size && file.flush())
     return {};
   const QString reason = file.errorString();
   file.remove();
-  return tl::unexpected(QStringLiteral("不能写入账套文件：%1（%2）").arg(filePath, reason));
+  return tl::unexpected(u"不能写入账套文件：%1（%2）"_s.arg(filePath, reason));
 }
 
 } // namespace
@@ -57,16 +59,16 @@ Result writeNew(const QString& filePath, const Bytes& bytes, qint64 size)
 Result create(const QString& filePath, const Fill& fill)
 {
   if (QFile::exists(filePath))
-    return tl::unexpected(QStringLiteral("账套文件已存在：%1").arg(filePath));
+    return tl::unexpected(u"账套文件已存在：%1"_s.arg(filePath));
   const Sqlite::Database database = openInMemory();
   if (!database)
-    return tl::unexpected(QStringLiteral("内存不足"));
+    return tl::unexpected(u"内存不足"_s);
   if (const auto made = makeTables(database.get(), fill); !made)
-    return tl::unexpected(QStringLiteral("不能建立账套的数据表：%1").arg(made.error()));
+    return tl::unexpected(u"不能建立账套的数据表：%1"_s.arg(made.error()));
   sqlite3_int64 size = 0;
   const Bytes bytes(sqlite3_serialize(database.get(), "main", &size, 0));
   if (!bytes)
-    return tl::unexpected(QStringLiteral("内存不足"));
+    return tl::unexpected(u"内存不足"_s);
   return writeNew(filePath, bytes, size);
 }
 

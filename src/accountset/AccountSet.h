@@ -8,14 +8,14 @@
 
 struct sqlite3;
 
-// Makes new account sets: the file on which the embedded engine works.
+// Creates new account sets as files for the embedded engine.
 namespace AccountSet {
 
-// Writes the first rows of a new account set, all of whose tables are there.
+// Writes the first rows of a new account set whose tables exist.
 using Fill = std::function<tl::expected<void, QString>(sqlite3* database)>;
 
-// Makes the file with all tables, and no rows without `fill`. An existing file is never written over, and after
-// an error there is no new one.
+// Creates the file with all tables; without `fill` they are empty. Never overwrites a file, and leaves none after an
+// error.
 [[nodiscard]] tl::expected<void, QString> create(const QString& filePath, const Fill& fill = {});
 
 } // namespace AccountSet

@@ -2,22 +2,24 @@
 
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 QString AccountSetLocation::text() const
 {
-  return isServer() ? QStringLiteral("server://%1:%2/%3").arg(server.host, server.port, server.database) : file;
+  return isServer() ? u"server://%1:%2/%3"_s.arg(server.host, server.port, server.database) : file;
 }
 
 std::optional<AccountSetLocation> AccountSetLocation::read(const QString& text)
 {
-  if (!text.startsWith(QStringLiteral("server://")))
+  if (!text.startsWith(u"server://"_s))
     return text.isEmpty() ? std::nullopt : std::optional(AccountSetLocation{text, {}});
   const QUrl url(text, QUrl::StrictMode);
   const QString database = url.path(QUrl::FullyDecoded).mid(1);
   if (!url.isValid() || url.host().isEmpty() || url.userName().isEmpty() || database.isEmpty())
     return std::nullopt;
-  // The name under which the program family asks for its server.
+  // The driver name that the suite uses for its server.
   return AccountSetLocation{{},
-                            {.driver = QStringLiteral("SQL Server"),
+                            {.driver = u"SQL Server"_s,
                              .host = url.host(),
                              .port = QString::number(url.port(5432)),
                              .database = database,

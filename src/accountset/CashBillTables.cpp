@@ -1,6 +1,6 @@
 #include "accountset/Schema.h"
 
-// The money documents, written by position, and the links by which they settle goods bills.
+// The money documents, whose rows are written by position, and the links by which they settle goods bills.
 namespace Schema {
 namespace {
 
@@ -53,13 +53,13 @@ constexpr Column SustainInf[] = {
     {"MoneyName", Text},      {"MoneyRate", Single},    {"Auditing", Text},
 };
 
-// The day of the link is kept as its writer put it, with the space before it.
+// The date of the link is stored as it was written, with the space before it.
 constexpr Column SFKHeXiao[] = {
     {"HXDatee", Date}, {"InOutBillCode", Text}, {"SFKBillCode", Text}, {"HXMoney", Money}, {"InOutBillDatee", Date}, {"SFKBillDatee", Date},
 };
 
 constexpr Table Tables[] = {
-    // The month list of a screen is answered by "Datee, Code" alone.
+    // The month list of a screen needs only "Datee, Code".
     {"TabPayfundBill", FundBill, "Code", {"Datee, Code"}},
     {"TabPayfundBillInf", FundBillInf, "BillCode, LineNo", {"UnitCode, Datee"}},
     {"TabGathefundBill", FundBill, "Code", {"Datee, Code"}},
@@ -71,7 +71,7 @@ constexpr Table Tables[] = {
     {"TabElseIncomeInf", FeeBillInf, "Code, LineNo"},
     {"TabSustain", Sustain, "Code", {"Datee, Code"}},
     {"TabSustainInf", SustainInf, "Code, LineNo", {"UnitCode, Datee"}},
-    // A pair of bills occurs once because its writer deletes before it inserts, not by a key.
+    // A pair of bills occurs once because a writer deletes before it inserts, not because of a key.
     {"TabSFKHeXiao", SFKHeXiao, "", {"InOutBillCode", "SFKBillCode"}},
 };
 

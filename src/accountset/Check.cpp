@@ -5,6 +5,8 @@
 #include "database/ServerEngine.h"
 #include "ledger/BillKinds.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Check {
 namespace {
 
@@ -15,21 +17,24 @@ QStringList linesOf(const RowSet& rows)
     QStringList values;
     for (int i = 0; i < rows.names().size(); ++i)
       values.append(rows.value(row, i).toText());
-    lines.append(values.join(QStringLiteral(" | ")));
+    lines.append(values.join(u" | "_s));
   }
   return lines;
 }
 
 } // namespace
 
+const QStringList GoodsBills = {u"TabInBill"_s,        u"TabInCancleBill"_s, u"TabOutBill"_s,
+                                u"TabOutCancleBill"_s, u"TabElseInBill"_s,   u"TabElseOutBill"_s};
+
 Query queryOf(const Rule& rule, NamedValues values)
 {
   return {filled(rule.words, values), filled(rule.sql, values)};
 }
 
-QString filled(const char* text, NamedValues values)
+QString filled(QStringView text, NamedValues values)
 {
-  QString whole = QString::fromUtf8(text);
+  QString whole = text.toString();
   for (const auto& [name, value] : values)
     whole.replace(QLatin1String(name), value);
   return whole;
@@ -39,7 +44,7 @@ QString isBillOf(const QStringList& tables, const QString& code)
 {
   QStringList lookups;
   for (const QString& table : tables)
-    lookups.append(filled("exists (select 1 from @table b where b.Code=@code)", {{"@table", table}, {"@code", code}}));
+    lookups.append(filled(u"exists (select 1 from @table b where b.Code=@code)", {{"@table", table}, {"@code", code}}));
   return u'(' + lookups.join(u" or ") + u')';
 }
 

@@ -21,20 +21,20 @@ struct Query {
 // A rule as it is written: its words and its query, with names such as "@header" for what differs from one kind
 // of bill to the next.
 struct Rule {
-  const char* words;
-  const char* sql;
+  QStringView words;
+  QStringView sql;
 };
 using NamedValues = std::initializer_list<std::pair<const char*, QString>>;
 
 Query queryOf(const Rule& rule, NamedValues values);
 
 // The tables of the bills that money bills settle.
-inline const QStringList GoodsBills = {"TabInBill", "TabInCancleBill", "TabOutBill", "TabOutCancleBill", "TabElseInBill", "TabElseOutBill"};
+extern const QStringList GoodsBills;
 
 // Header and lines of the money bills.
 QList<Query> billQueries();
-// Vouchers, and the bills that they are of. `closed` is the last day of the last closed accounting period,
-// written yyyy-MM-dd: on it and before it a save leaves the voucher alone.
+// Vouchers, and the bills that they are of. `closed` is the last day of the last closed accounting period, written
+// yyyy-MM-dd: up to that day a save leaves the voucher alone.
 QList<Query> voucherQueries(const QString& closed);
 // Write-off links, and the bills on both sides of them.
 QList<Query> settlementQueries();
@@ -43,9 +43,9 @@ QList<Query> settlementQueries();
 [[nodiscard]] DatabaseResult<QString> lastClosedDay(Engine& engine);
 
 // `text` with each name such as "@header" replaced by its value.
-QString filled(const char* text, NamedValues values);
+QString filled(QStringView text, NamedValues values);
 
-// "a header of one of these tables has this code".
+// The condition that a header in one of these tables has this code.
 QString isBillOf(const QStringList& tables, const QString& code);
 
 // The header tables of the money bills that are `wanted`.

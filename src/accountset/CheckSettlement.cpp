@@ -2,17 +2,17 @@
 
 #include "ledger/BillKinds.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Check {
 namespace {
 
 constexpr Rule OrphanRules[] = {
-    {"核销记录的业务单据已不存在（业务单号、收付款单号、核销金额）",
-     R"(select x.InOutBillCode, x.SFKBillCode, x.HXMoney
+    {u"核销记录的业务单据已不存在（业务单号、收付款单号、核销金额）", uR"(select x.InOutBillCode, x.SFKBillCode, x.HXMoney
         from TabSFKHeXiao x
         where not @isGoodsBill
         order by x.InOutBillCode, x.SFKBillCode)"},
-    {"核销记录的收付款单已不存在（业务单号、收付款单号、核销金额）",
-     R"(select x.InOutBillCode, x.SFKBillCode, x.HXMoney
+    {u"核销记录的收付款单已不存在（业务单号、收付款单号、核销金额）", uR"(select x.InOutBillCode, x.SFKBillCode, x.HXMoney
         from TabSFKHeXiao x
         where not @isSettlingBill
         order by x.InOutBillCode, x.SFKBillCode)"},
@@ -20,31 +20,31 @@ constexpr Rule OrphanRules[] = {
 
 // The write-off works in single precision and writes amounts with seven digits: they are exact to the cent
 // up to 100,000, and beyond it to a millionth.
-constexpr char Slack[] = "(case when abs(@amount)<100000 then 0.005 else abs(@amount)*0.000001 end)";
+constexpr QStringView Slack = u"(case when abs(@amount)<100000 then 0.005 else abs(@amount)*0.000001 end)";
 
-constexpr Rule GoodsRule = {"@header: 已核销金额与核销记录合计不符（单号、已核销金额、核销记录合计）",
-                            R"(select h.Code, h.HXMoney, coalesce(x.Total,0) as Total
+constexpr Rule GoodsRule = {u"@header: 已核销金额与核销记录合计不符（单号、已核销金额、核销记录合计）",
+                            uR"(select h.Code, h.HXMoney, coalesce(x.Total,0) as Total
         from @header h left join (select InOutBillCode, sum(HXMoney) as Total from TabSFKHeXiao group by InOutBillCode) x
           on x.InOutBillCode=h.Code
         where abs(coalesce(h.HXMoney,0)-coalesce(x.Total,0))>@slack
         order by h.Code)"};
 
-constexpr Rule DueRule = {"@header: 核销超过应核销金额（单号、应核销金额、核销记录合计）",
-                          R"(select h.Code, h.SumMoney-h.Cash-h.Credit as Due, x.Total
+constexpr Rule DueRule = {u"@header: 核销超过应核销金额（单号、应核销金额、核销记录合计）",
+                          uR"(select h.Code, h.SumMoney-h.Cash-h.Credit as Due, x.Total
         from @header h, (select InOutBillCode, sum(HXMoney) as Total from TabSFKHeXiao group by InOutBillCode) x
         where x.InOutBillCode=h.Code and x.Total-(h.SumMoney-h.Cash-h.Credit)>@slack
         order by h.Code)"};
 
 // A write-off allocates the whole bill or nothing of it.
-constexpr Rule AllocationRule = {"@header: 核销记录合计与收付款金额不符（单号、单据金额、核销记录合计）",
-                                 R"(select h.Code, h.SumMoney, x.Total
+constexpr Rule AllocationRule = {u"@header: 核销记录合计与收付款金额不符（单号、单据金额、核销记录合计）",
+                                 uR"(select h.Code, h.SumMoney, x.Total
         from @header h, (select SFKBillCode, sum(HXMoney) as Total from TabSFKHeXiao group by SFKBillCode) x
         where x.SFKBillCode=h.Code and abs(x.Total-coalesce(h.SumMoney,0))>@slack
         order by h.Code)"};
 
-Query queryOf(const Rule& rule, const QString& header, const char* amount)
+Query queryOf(const Rule& rule, const QString& header, const QString& amount)
 {
-  return queryOf(rule, {{"@header", header}, {"@slack", filled(Slack, {{"@amount", QLatin1String(amount)}})}});
+  return queryOf(rule, {{"@header", header}, {"@slack", filled(Slack, {{"@amount", amount}})}});
 }
 
 } // namespace
@@ -53,15 +53,15 @@ QList<Query> settlementQueries()
 {
   QList<Query> queries;
   for (const Rule& rule : OrphanRules)
-    queries.append(queryOf(rule, {{"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("x.InOutBillCode"))},
-                                  {"@isSettlingBill", isBillOf(headerTables([](const BillKind& kind) { return kind.hasPartner; }),
-                                                               QStringLiteral("x.SFKBillCode"))}}));
+    queries.append(queryOf(
+        rule, {{"@isGoodsBill", isBillOf(GoodsBills, u"x.InOutBillCode"_s)},
+               {"@isSettlingBill", isBillOf(headerTables([](const BillKind& kind) { return kind.hasPartner; }), u"x.SFKBillCode"_s)}}));
   for (const QString& header : GoodsBills)
-    queries.append(queryOf(GoodsRule, header, "coalesce(x.Total,0)"));
+    queries.append(queryOf(GoodsRule, header, u"coalesce(x.Total,0)"_s));
   for (const BillKind* const kind : {&BillKinds::Payment, &BillKinds::Receipt})
-    queries.append(queryOf(DueRule, kind->writeOff->goodsTable, "h.SumMoney"));
+    queries.append(queryOf(DueRule, QLatin1String(kind->writeOff->goodsTable), u"h.SumMoney"_s));
   for (const BillKind* const kind : {&BillKinds::Payment, &BillKinds::Receipt})
-    queries.append(queryOf(AllocationRule, kind->headerTable, "x.Total"));
+    queries.append(queryOf(AllocationRule, QLatin1String(kind->headerTable), u"x.Total"_s));
   return queries;
 }
 

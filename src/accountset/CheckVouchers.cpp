@@ -5,42 +5,39 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace Check {
 namespace {
 
 constexpr Rule Rules[] = {
-    {"凭证借贷不平（凭证号、借方、贷方）",
-     R"(select l.BillCode, l.D, l.L
+    {u"凭证借贷不平（凭证号、借方、贷方）", uR"(select l.BillCode, l.D, l.L
         from (select BillCode, sum(Debtor) as D, sum(Lender) as L from TabWarrantInf group by BillCode) l
         where coalesce(l.D,0)<>coalesce(l.L,0)
         order by l.BillCode)"},
-    {"凭证合计与分录不符（凭证号、凭证借方、分录借方、凭证贷方、分录贷方）",
-     R"(select h.Code, h.SumDebtor, l.D, h.SumLender, l.L
+    {u"凭证合计与分录不符（凭证号、凭证借方、分录借方、凭证贷方、分录贷方）", uR"(select h.Code, h.SumDebtor, l.D, h.SumLender, l.L
         from TabWarrant h, (select BillCode, sum(Debtor) as D, sum(Lender) as L from TabWarrantInf group by BillCode) l
         where l.BillCode=h.Code
           and (coalesce(h.SumDebtor,0)<>coalesce(l.D,0) or coalesce(h.SumLender,0)<>coalesce(l.L,0))
         order by h.Code)"},
-    {"凭证没有分录",
-     R"(select h.Code
+    {u"凭证没有分录", uR"(select h.Code
         from TabWarrant h
         where not exists (select 1 from TabWarrantInf l where l.BillCode=h.Code)
         order by h.Code)"},
-    {"分录没有凭证",
-     R"(select distinct l.BillCode
+    {u"分录没有凭证", uR"(select distinct l.BillCode
         from TabWarrantInf l
         where not exists (select 1 from TabWarrant h where h.Code=l.BillCode)
         order by l.BillCode)"},
-    {"凭证的单据已不存在（凭证号、单号）",
-     R"(select h.Code, h.JXCBillCode
+    {u"凭证的单据已不存在（凭证号、单号）", uR"(select h.Code, h.JXCBillCode
         from TabWarrant h
         where coalesce(h.JXCBillCode,'')<>'' and not @isMoneyBill and not @isGoodsBill
         order by h.Code)"},
 };
 
-// A number is drawn for a book over the accounting period that has the number of the bill's calendar month.
-// Vouchers of the days after that period's end get theirs out of turn, and are left out.
-constexpr Rule NumberRule = {"账簿@n 的凭证号重复（会计年、会计月、凭证号、两张凭证）",
-                             R"(select DateeY, DateeM, WarrantNum@n as Num, min(Code) as FirstCode, max(Code) as LastCode
+// A book's numbers are counted over the accounting period with the number of the bill's calendar month. Vouchers
+// dated after the end of that period are numbered out of order, and are left out.
+constexpr Rule NumberRule = {u"账簿@n 的凭证号重复（会计年、会计月、凭证号、两张凭证）",
+                             uR"(select DateeY, DateeM, WarrantNum@n as Num, min(Code) as FirstCode, max(Code) as LastCode
         from TabWarrant
         where AccountBook@n=1 and WarrantNum@n>0
           and (Datee like DateeY||'-'||DateeM||'-%' or Datee like DateeY||'-0'||DateeM||'-%')
@@ -48,18 +45,16 @@ constexpr Rule NumberRule = {"账簿@n 的凭证号重复（会计年、会计�
         having count(*)>1
         order by 1, 2, 3)"};
 
-// A voided bill keeps its mark and loses its voucher; a total of 0 is marked without one.
+// A voided bill keeps its mark and loses its voucher; a bill with a total of 0 is marked without one.
 constexpr Rule KindRules[] = {
-    {"@kind: 单据标明已生成会计凭证，但没有凭证（单号、单据金额）",
-     R"(select h.Code, h.SumMoney
+    {u"@kind: 单据标明已生成会计凭证，但没有凭证（单号、单据金额）", uR"(select h.Code, h.SumMoney
         from @header h
         where h.Report='已生成会计凭证' and coalesce(h.State,'')<>'作废' and coalesce(h.SumMoney,0)<>0 @only
           and not exists (select 1 from TabWarrant w where w.JXCBillCode=h.Code)
         order by h.Code)"},
     // A session that keeps inventory and finance apart writes no vouchers, and neither does a kind whose
     // vouchers are turned off. So a bill is expected to have one if an earlier bill of its kind has one.
-    {"@kind: 单据没有凭证，也没有标明已生成会计凭证（单号、单据金额）",
-     R"(select h.Code, h.SumMoney
+    {u"@kind: 单据没有凭证，也没有标明已生成会计凭证（单号、单据金额）", uR"(select h.Code, h.SumMoney
         from @header h
         where coalesce(h.Report,'')<>'已生成会计凭证' and coalesce(h.State,'')<>'作废' and coalesce(h.SumMoney,0)<>0 @only
           and h.Datee>#@closed#
@@ -67,39 +62,35 @@ constexpr Rule KindRules[] = {
           and not exists (select 1 from TabJXCAccount s where s.JXCTabName='@kind' and s.IsWarrant=0)
           and exists (select 1 from @header e, TabWarrant w where e.Code<h.Code and w.JXCBillCode=e.Code @sameKind)
         order by h.Code)"},
-    {"@kind: 单据有凭证，但没有标明已生成会计凭证（单号、凭证号）",
-     R"(select h.Code, w.Code as Voucher
+    {u"@kind: 单据有凭证，但没有标明已生成会计凭证（单号、凭证号）", uR"(select h.Code, w.Code as Voucher
         from @header h, TabWarrant w
         where w.JXCBillCode=h.Code and coalesce(h.Report,'')<>'已生成会计凭证' and coalesce(h.State,'')<>'作废' @only
           and h.Datee>#@closed#
         order by h.Code)"},
-    {"@kind: 作废单据仍有凭证（单号、凭证号）",
-     R"(select h.Code, w.Code as Voucher
+    {u"@kind: 作废单据仍有凭证（单号、凭证号）", uR"(select h.Code, w.Code as Voucher
         from @header h, TabWarrant w
         where w.JXCBillCode=h.Code and h.State='作废' @only
         order by h.Code)"},
-    {"@kind: 凭证金额与单据金额不符（单号、单据金额、凭证号、凭证金额）",
-     R"(select h.Code, h.SumMoney, w.Code as Voucher, w.SumDebtor
+    {u"@kind: 凭证金额与单据金额不符（单号、单据金额、凭证号、凭证金额）", uR"(select h.Code, h.SumMoney, w.Code as Voucher, w.SumDebtor
         from @header h, TabWarrant w
         where w.JXCBillCode=h.Code and coalesce(h.SumMoney,0)<>coalesce(w.SumDebtor,0) @only
         order by h.Code)"},
-    {"@kind: 凭证分录属于另一张单据（单号、凭证号、分录摘要）",
-     R"(select distinct h.Code, w.Code as Voucher, l.Summary
+    {u"@kind: 凭证分录属于另一张单据（单号、凭证号、分录摘要）", uR"(select distinct h.Code, w.Code as Voucher, l.Summary
         from @header h, TabWarrant w, TabWarrantInf l
         where w.JXCBillCode=h.Code and l.BillCode=w.Code @only
           and l.Summary like '第%号%单' and not l.Summary like '第'||h.Code||'号%单'
         order by h.Code)"},
 };
 
-// The rules of a kind of bill, of a fee offset in one of its modes.
+// The rules of a kind of bill; of a fee offset, in one of its modes.
 void appendRules(QList<Query>& queries, const BillKind& kind, const OffsetMode* mode, const QString& closed)
 {
   const QString type = mode ? QString::fromUtf16(mode->type) : QString();
   for (const Rule& rule : KindRules)
     queries.append(queryOf(rule, {{"@header", QLatin1String(kind.headerTable)},
                                   {"@kind", QString::fromUtf16(mode ? mode->name : kind.name)},
-                                  {"@only", mode ? "and h.SustainType='" + type + "'" : QString()},
-                                  {"@sameKind", mode ? "and e.SustainType=h.SustainType" : QString()},
+                                  {"@only", mode ? u"and h.SustainType='"_s + type + u'\'' : QString()},
+                                  {"@sameKind", mode ? u"and e.SustainType=h.SustainType"_s : QString()},
                                   {"@closed", closed}}));
 }
 
@@ -109,10 +100,9 @@ QList<Query> voucherQueries(const QString& closed)
 {
   QList<Query> queries;
   for (const Rule& rule : Rules)
-    queries.append(
-        queryOf(rule, {{"@isMoneyBill", isBillOf(headerTables([](const BillKind&) { return true; }), QStringLiteral("h.JXCBillCode"))},
-                       {"@isGoodsBill", isBillOf(GoodsBills, QStringLiteral("h.JXCBillCode"))}}));
-  for (const QString& book : {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")})
+    queries.append(queryOf(rule, {{"@isMoneyBill", isBillOf(headerTables([](const BillKind&) { return true; }), u"h.JXCBillCode"_s)},
+                                  {"@isGoodsBill", isBillOf(GoodsBills, u"h.JXCBillCode"_s)}}));
+  for (const QString& book : {u"1"_s, u"2"_s, u"3"_s})
     queries.append(queryOf(NumberRule, {{"@n", book}}));
   for (const BillKind* const kind : BillKinds::All)
     if (kind != &BillKinds::FeeOffset)
@@ -124,8 +114,8 @@ QList<Query> voucherQueries(const QString& closed)
 
 DatabaseResult<QString> lastClosedDay(Engine& engine)
 {
-  const auto closed = engine.execute(QStringLiteral("select DateeY, DateeM from TabWriteAccountant where State='已结账'"));
-  const auto ends = engine.execute(QStringLiteral("select DateeM, DateeD from TabAccountAreaSet"));
+  const auto closed = engine.execute(u"select DateeY, DateeM from TabWriteAccountant where State='已结账'"_s);
+  const auto ends = engine.execute(u"select DateeM, DateeD from TabAccountAreaSet"_s);
   for (const auto* const read : {&ends, &closed})
     if (!*read)
       return tl::unexpected(read->error());

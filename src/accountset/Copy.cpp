@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace Copy {
 namespace {
 
@@ -23,7 +25,7 @@ bool isNumber(const Column& column)
 QString literal(const Value& value)
 {
   if (value.isNull())
-    return QStringLiteral("null");
+    return u"null"_s;
   return value.is<QString>() ? SqlTokens::quoted(value.toText(), u'\'') : value.toText();
 }
 
@@ -32,7 +34,7 @@ QString selectOf(const Store& from, const Table& table)
   QStringList columns;
   for (const Column& column : table.columns)
     columns.append(column.type == ColumnType::Binary ? from.hexOf(QLatin1String(column.name)) : QLatin1String(column.name));
-  return "select " + columns.join(u',') + " from " + table.name;
+  return u"select "_s + columns.join(u',') + u" from "_s + QLatin1String(table.name);
 }
 
 QString rowOf(const Store& to, const Table& table, const RowSet& rows, qint64 at)
@@ -55,7 +57,7 @@ tl::expected<void, QString> copyTable(Store& from, Store& to, const Table& table
     QStringList some;
     for (qint64 i = at; i < std::min(at + RowsAStatement, qint64(read->rows())); ++i)
       some.append(rowOf(to, table, *read, i));
-    if (const auto written = to.run("insert into " + QLatin1String(table.name) + " values" + some.join(u',')); !written)
+    if (const auto written = to.run(u"insert into "_s + QLatin1String(table.name) + u" values"_s + some.join(u',')); !written)
       return tl::unexpected(written.error());
   }
   return {};
@@ -63,13 +65,13 @@ tl::expected<void, QString> copyTable(Store& from, Store& to, const Table& table
 
 tl::expected<Content, QString> contentOf(Store& store, const Table& table)
 {
-  QStringList asked = {QStringLiteral("count(*)")};
+  QStringList asked = {u"count(*)"_s};
   for (const Column& column : table.columns)
     if (isNumber(column))
       asked.append(store.sumOf(QLatin1String(column.name)));
-  const auto read = store.run("select " + asked.join(u',') + " from " + table.name);
+  const auto read = store.run(u"select "_s + asked.join(u',') + u" from "_s + QLatin1String(table.name));
   if (!read)
-    return tl::unexpected(QLatin1String(table.name) + QStringLiteral(": ") + read.error());
+    return tl::unexpected(QLatin1String(table.name) + u": "_s + read.error());
   Content content{read->value(0, 0).toInteger(), {}};
   for (int i = 1; i < asked.size(); ++i)
     content.sums.append(read->value(0, i).toText());
@@ -83,9 +85,9 @@ tl::expected<void, QString> fill(Store& from, Store& to)
     if (!content)
       return tl::unexpected(content.error());
     if (content->rows != 0)
-      return tl::unexpected(QStringLiteral("目标账套不是空的：%1").arg(QLatin1String(table.name)));
+      return tl::unexpected(u"目标账套不是空的：%1"_s.arg(QLatin1String(table.name)));
     if (const auto copied = copyTable(from, to, table); !copied)
-      return tl::unexpected(QLatin1String(table.name) + QStringLiteral(": ") + copied.error());
+      return tl::unexpected(QLatin1String(table.name) + u": "_s + copied.error());
   }
   return {};
 }
@@ -94,13 +96,13 @@ tl::expected<void, QString> fill(Store& from, Store& to)
 
 tl::expected<void, QString> rows(Store& from, Store& to)
 {
-  if (const auto begun = to.run(QStringLiteral("begin")); !begun)
+  if (const auto begun = to.run(u"begin"_s); !begun)
     return tl::unexpected(begun.error());
   if (auto filled = fill(from, to); !filled) {
-    std::ignore = to.run(QStringLiteral("rollback"));
+    std::ignore = to.run(u"rollback"_s);
     return filled;
   }
-  return to.runAll({QStringLiteral("commit")});
+  return to.runAll({u"commit"_s});
 }
 
 tl::expected<QList<Proof>, QString> prove(Store& from, Store& to)

@@ -1,7 +1,7 @@
 #include "accountset/Schema.h"
 
-// The documents of the goods programs. This system reads them and writes only what it settled of a
-// bill (HXMoney) and which line was matched with its invoice (GouDui).
+// The documents of the goods programs. This program reads them and writes only the settled amount of a bill (HXMoney)
+// and whether a line was matched with its invoice (GouDui).
 namespace Schema {
 namespace {
 
@@ -29,7 +29,7 @@ constexpr Column GoodsBill[] = {
     {"Auditing", Text},
 };
 
-// GouDui of a line that nobody touched is neither on nor off.
+// GouDui of a line that was never touched is null, neither on nor off.
 constexpr Column GoodsBillInf[] = {
     {"BillCode", Text, Required},
     {"Num", Integer},
@@ -53,7 +53,7 @@ constexpr Column GoodsBillInf[] = {
     {"GouDui", Integer},
 };
 
-// Orders and the moves of the stock: only their codes are asked for here.
+// Orders and stock movements: only their codes are read here.
 constexpr Column StockBill[] = {
     {"Code", Text, Required}, {"Datee", Date},     {"BillType", Text}, {"UnitCode", Text}, {"UnitName", Text},
     {"Operator", Text},       {"SumMoney", Money}, {"Remark", Text},   {"State", Text},    {"Auditing", Text},
@@ -78,7 +78,7 @@ constexpr Column WarehouseTurn[] = {
 };
 
 constexpr Table Tables[] = {
-    // A partner's balance and his open bills are asked by partner and day, lists of all by the day.
+    // A partner's balance and open bills are queried by partner and date, lists of all bills by date.
     {"TabInBill", GoodsBill, "Code", {"UnitCode, Datee", "Datee"}},
     {"TabInBillInf", GoodsBillInf, "BillCode, Num"},
     {"TabInCancleBill", GoodsBill, "Code", {"UnitCode, Datee", "Datee"}},

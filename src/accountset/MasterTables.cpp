@@ -45,12 +45,12 @@ constexpr Column Stuff[] = {{"Code", Text, Required}, {"Name", Text}, {"ParentCo
 constexpr Column Category[] = {{"Code", Text, Required}, {"Name", Text}, {"ParentCode", Text}};
 
 constexpr Table Tables[] = {
-    // A chart under repair may hold one code twice; who walks it has to say what that means.
+    // A damaged chart may contain a code twice; code that walks it must cope with that.
     {"TabAccountantType", AccountantType, "", {"Code", "ParentCode", "Name"}},
     // Partners may share a name, not a code.
     {"TabClient", Client, "Code", {"Name", "ParentCode", "TypeCode"}},
     {"TabClient_Sale", ClientOfSale, "Code", {"ParentCode"}},
-    // One row a closing and currency, and the opening; in the order in which they were written.
+    // One row per closing and currency, and the opening, in the order in which they were written.
     {"TabClientTurn", ClientTurn, "", {"Code, Datee"}},
     {"TabProvide", Provide, "Code", {"Name", "ParentCode", "TypeCode"}},
     {"TabWare", Ware, "Code", {"Name", "ParentCode", "TypeCode"}},

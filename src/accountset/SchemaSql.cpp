@@ -3,6 +3,8 @@
 #include "database/PostgreSqlTypes.h"
 #include "database/SqliteCollations.h"
 
+using namespace Qt::StringLiterals;
+
 namespace SchemaSql {
 namespace {
 
@@ -15,54 +17,54 @@ QString presenceOf(Presence presence)
 {
   switch (presence) {
   case Presence::Optional: return {};
-  case Presence::Required: return QStringLiteral(" not null");
-  case Presence::ZeroIfLeftOut: return QStringLiteral(" default 0");
+  case Presence::Required: return u" not null"_s;
+  case Presence::ZeroIfLeftOut: return u" default 0"_s;
   }
   return {};
 }
 
-// The key is a unique constraint: as a primary key, a column of whole numbers in the file would number its
-// rows by itself, and on a server a row could not leave out its line number.
+// The key is a unique constraint: as a primary key, an integer column in a file would become the rowid, and on a
+// server a line number could not be null.
 QString tableSql(const Table& table, const Words& words)
 {
   QStringList parts;
   for (const Column& column : table.columns)
     parts.append(QLatin1String(column.name) + u' ' + words.typeOf(column.type) + presenceOf(column.presence));
   if (*table.key)
-    parts.append(QStringLiteral("unique (%1)").arg(QLatin1String(table.key)));
-  return QStringLiteral("create table %1 (%2)").arg(QLatin1String(table.name), parts.join(QStringLiteral(", ")));
+    parts.append(u"unique (%1)"_s.arg(QLatin1String(table.key)));
+  return u"create table %1 (%2)"_s.arg(QLatin1String(table.name), parts.join(u", "_s));
 }
 
 QString indexSql(const Table& table, const QString& columns, QLatin1String nullsAhead)
 {
-  const QStringList names = columns.split(QStringLiteral(", "));
-  return QStringLiteral("create index %1_%2 on %1 (%3%4)")
-      .arg(QLatin1String(table.name), names.join(u'_'), names.join(nullsAhead + QStringLiteral(", ")), nullsAhead);
+  const QStringList names = columns.split(u", "_s);
+  return u"create index %1_%2 on %1 (%3%4)"_s.arg(QLatin1String(table.name), names.join(u'_'), names.join(nullsAhead + u", "_s),
+                                                  nullsAhead);
 }
 
 QString embeddedType(ColumnType type)
 {
   switch (type) {
-  case ColumnType::Text: return QStringLiteral("text collate %1").arg(QLatin1String(SqliteCollations::Text));
-  case ColumnType::Date: return QStringLiteral("text collate %1").arg(QLatin1String(SqliteCollations::Date));
+  case ColumnType::Text: return u"text collate %1"_s.arg(QLatin1String(SqliteCollations::Text));
+  case ColumnType::Date: return u"text collate %1"_s.arg(QLatin1String(SqliteCollations::Date));
   case ColumnType::Money:
-  case ColumnType::Single: return QStringLiteral("numeric");
-  case ColumnType::Integer: return QStringLiteral("integer");
-  case ColumnType::Binary: return QStringLiteral("blob");
+  case ColumnType::Single: return u"numeric"_s;
+  case ColumnType::Integer: return u"integer"_s;
+  case ColumnType::Binary: return u"blob"_s;
   }
   return {};
 }
 
-// A rate is kept as it was entered, as in the file: a true single would not equal what was typed.
+// A rate is stored as it was entered, as in the file: a true single would not equal what was typed.
 QString serverType(ColumnType type)
 {
   switch (type) {
   case ColumnType::Text: return QLatin1String(PostgreSqlTypes::Text);
   case ColumnType::Date: return QLatin1String(PostgreSqlTypes::Date);
   case ColumnType::Money:
-  case ColumnType::Single: return QStringLiteral("numeric");
-  case ColumnType::Integer: return QStringLiteral("bigint");
-  case ColumnType::Binary: return QStringLiteral("bytea");
+  case ColumnType::Single: return u"numeric"_s;
+  case ColumnType::Integer: return u"bigint"_s;
+  case ColumnType::Binary: return u"bytea"_s;
   }
   return {};
 }

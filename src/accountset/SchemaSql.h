@@ -4,15 +4,15 @@
 
 #include <QStringList>
 
-// The description of the tables as SQL. The engines differ in a few words alone.
+// The description of the tables as SQL. The engines differ only in a few words.
 namespace SchemaSql {
 
 struct Words {
   QString (*typeOf)(Schema::ColumnType);
-  const char* nullsAhead; // of a column of an index; a question sorts what is null ahead
+  const char* nullsAhead; // of a column of an index, because queries sort nulls first
 };
 
-// Of the embedded engine, and of a PostgreSQL server whose types PostgreSqlTypes has made.
+// For the embedded engine, and for a PostgreSQL server with the types of PostgreSqlTypes.
 extern const Words Embedded;
 extern const Words Server;
 

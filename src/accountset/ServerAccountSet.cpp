@@ -10,6 +10,8 @@
 
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace ServerAccountSet {
 namespace {
 
@@ -25,27 +27,28 @@ QString name(const QString& text)
 
 Result makeLogin(Store& server, const Login& login)
 {
-  const auto found = server.run("select 1 from pg_roles where rolname=" + SqlTokens::quoted(login.name, u'\''));
+  const auto found = server.run(u"select 1 from pg_roles where rolname="_s + SqlTokens::quoted(login.name, u'\''));
   if (!found)
     return tl::unexpected(found.error());
   if (found->rows() > 0)
     return {};
-  return server.runAll({"create role " + name(login.name) + " login password " + SqlTokens::quoted(login.password, u'\'')});
+  return server.runAll({u"create role "_s + name(login.name) + u" login password "_s + SqlTokens::quoted(login.password, u'\'')});
 }
 
-// Rows alone: no tables of one's own, not even passing ones.
+// Data access only: no CREATE, not even temporary tables.
 QStringList rightsOf(const AccountSetLocation& location, const Login& login)
 {
-  return {"revoke create on schema public from public", "revoke temporary on database " + name(location.server.database) + " from public",
-          "grant usage on schema public to " + name(login.name),
-          "grant select, insert, update, delete on all tables in schema public to " + name(login.name)};
+  return {u"revoke create on schema public from public"_s,
+          u"revoke temporary on database "_s + name(location.server.database) + u" from public"_s,
+          u"grant usage on schema public to "_s + name(login.name),
+          u"grant select, insert, update, delete on all tables in schema public to "_s + name(login.name)};
 }
 
 // `fill` writes into a file, from which the rows are copied.
 Result fillServer(Store& server, const AccountSet::Fill& fill)
 {
   const QTemporaryDir folder;
-  const AccountSetLocation file{folder.filePath(QStringLiteral("filled.mdb")), {}};
+  const AccountSetLocation file{folder.filePath(u"filled.mdb"_s), {}};
   return AccountSet::create(file.file, fill).and_then([&] { return Store::open(file); }).and_then([&](const std::unique_ptr<Store>& store) {
     return Copy::rows(*store, server);
   });
@@ -56,11 +59,11 @@ Result fillDatabase(const AccountSetLocation& location, const Login& login, cons
   const auto database = Store::open(location);
   if (!database)
     return tl::unexpected(database.error());
-  QStringList statements = {QStringLiteral("begin")};
+  QStringList statements = {u"begin"_s};
   statements += PostgreSqlTypes::definitions();
   statements += SchemaSql::statements(Schema::allTables(), SchemaSql::Server);
   statements += rightsOf(location, login);
-  statements += QStringLiteral("commit");
+  statements += u"commit"_s;
   return (*database)->runAll(statements).and_then([&] { return fill ? fillServer(**database, fill) : Result(); });
 }
 
@@ -77,19 +80,19 @@ Result create(const AccountSetLocation& location, const Login& login, const Acco
 {
   const auto opened = Store::open(withDatabase(location, QLatin1String(Maintenance)));
   if (!opened)
-    return tl::unexpected(QStringLiteral("不能连接服务器：%1").arg(opened.error()));
+    return tl::unexpected(u"不能连接服务器：%1"_s.arg(opened.error()));
   Store& server = **opened;
   const QString database = name(location.server.database);
   const auto made = makeLogin(server, login).and_then([&] {
-    return server.runAll({"create database " + database + u' ' + PostgreSqlTypes::DatabaseOptions});
+    return server.runAll({u"create database "_s + database + u' ' + QLatin1String(PostgreSqlTypes::DatabaseOptions)});
   });
   if (!made)
-    return tl::unexpected(QStringLiteral("不能建立账套数据库：%1").arg(made.error()));
+    return tl::unexpected(u"不能建立账套数据库：%1"_s.arg(made.error()));
   const auto filled = fillDatabase(location, login, fill);
   if (filled)
     return {};
-  std::ignore = server.run("drop database " + database);
-  return tl::unexpected(QStringLiteral("不能建立账套的数据表：%1").arg(filled.error()));
+  std::ignore = server.run(u"drop database "_s + database);
+  return tl::unexpected(u"不能建立账套的数据表：%1"_s.arg(filled.error()));
 }
 
 } // namespace ServerAccountSet

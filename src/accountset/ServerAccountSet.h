@@ -3,22 +3,21 @@
 #include "accountset/AccountSet.h"
 #include "accountset/AccountSetLocation.h"
 
-// Makes account sets on a PostgreSQL server.
+// Creates account sets on a PostgreSQL server.
 namespace ServerAccountSet {
 
-// The name and the password by which the program will ask for the database.
+// The role that the program connects as.
 struct Login {
   QString name;
   QString password;
 };
 
-// Makes the database that `location` names, as the administrator that it names, with all tables, keys and
-// indexes, and lets `login` select, insert, update and delete there, and nothing else. A login that is not
-// there yet is made; one that is keeps its password. A database that was there before is left as it
-// was.
+// Creates the database that `location` names, as the administrator that it names, with all tables, keys and indexes,
+// and grants `login` select, insert, update and delete on them, and nothing else. A missing login is created; an
+// existing one keeps its password. An existing database is left unchanged.
 [[nodiscard]] tl::expected<void, QString> create(const AccountSetLocation& location, const Login& login, const AccountSet::Fill& fill = {});
 
-// The same server, but another database.
+// `location` with another database name.
 AccountSetLocation withDatabase(const AccountSetLocation& location, const QString& database);
 
 } // namespace ServerAccountSet

@@ -1,7 +1,7 @@
 #include "accountset/Schema.h"
 
-// What the account set is configured by: decimals, currencies, rights, calendar, closings, layouts,
-// templates, and what is attached to a bill.
+// The settings of the account set: decimals, currencies, rights, calendar, closings, layouts, templates, and what is
+// attached to a bill.
 namespace Schema {
 namespace {
 
@@ -25,7 +25,7 @@ constexpr Column CompanyInf[] = {{"Name", Text}};
 
 constexpr Column AccountAreaSet[] = {{"DateeM", Integer, Required}, {"DateeD", Integer}};
 
-// Who finds the last closing passes over rows without a day.
+// Rows without a date are ignored when looking for the last closing.
 constexpr Column Turn[] = {{"Datee", Date}};
 
 constexpr Column PrintMSHSet[] = {
@@ -51,7 +51,7 @@ constexpr Table Tables[] = {
     {"TabTurn", Turn, "", {"Datee"}},
     {"TabTurnDay", Turn, "", {"Datee"}},
     {"TabPrintMSHSet", PrintMSHSet, "TabName, ColOrder"},
-    // A template is offered by the kind of bill and fetched by its name.
+    // Templates are listed by kind of bill and loaded by name.
     {"TabExcelTable", ExcelTable, "TabType, TabName", {"TabName"}},
     {"TabImg", Img, "", {"BillCode"}},
 };

@@ -6,12 +6,14 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LockWaitMs = 30'000;
 
-// A moment of a file is copied in steps of this many pages, between which writers have their turn. What a
-// writer changes begins the copy again: after so many times it is made in one go, for which they wait.
+// A snapshot of a file is copied in steps of this many pages, between which others can write. A write restarts the
+// copy: after this many restarts it is made in one go, while writers wait.
 constexpr int PagesAStep = 256;
 constexpr int BeginningsInSteps = 4;
 
@@ -33,11 +35,11 @@ public:
     return rows;
   }
 
-  QString hexOf(const QString& column) const override { return "hex(" + column + ")"; }
-  QString binaryLiteral(const QString& hex) const override { return "x'" + hex + "'"; }
+  QString hexOf(const QString& column) const override { return u"hex("_s + column + u')'; }
+  QString binaryLiteral(const QString& hex) const override { return u"x'"_s + hex + u'\''; }
   QString sumOf(const QString& column) const override
   {
-    return "cast(coalesce(sum(cast(round(" + column + "*1000000) as integer)),0) as text)";
+    return u"cast(coalesce(sum(cast(round("_s + column + u"*1000000) as integer)),0) as text)"_s;
   }
 
 private:
@@ -55,9 +57,9 @@ public:
 
   tl::expected<RowSet, QString> run(const QString& sql) override { return m_connection->run(sql.toUtf8()).map_error(wordsOf); }
 
-  QString hexOf(const QString& column) const override { return "encode(" + column + ",'hex')"; }
-  QString binaryLiteral(const QString& hex) const override { return "'\\x" + hex + "'"; }
-  QString sumOf(const QString& column) const override { return "cast(coalesce(sum(round(" + column + "*1000000)),0) as text)"; }
+  QString hexOf(const QString& column) const override { return u"encode("_s + column + u",'hex')"_s; }
+  QString binaryLiteral(const QString& hex) const override { return u"'\\x"_s + hex + u'\''; }
+  QString sumOf(const QString& column) const override { return u"cast(coalesce(sum(round("_s + column + u"*1000000)),0) as text)"_s; }
 
 private:
   std::unique_ptr<Odbc> m_connection;
@@ -69,8 +71,7 @@ tl::expected<Sqlite::Database, QString> openDatabase(const QByteArray& path, int
   const int code = sqlite3_open_v2(path.constData(), &opened, flags, nullptr);
   Sqlite::Database database(opened);
   if (code != SQLITE_OK || SqliteCollations::registerAll(opened) != SQLITE_OK)
-    return tl::unexpected(
-        QStringLiteral("不能打开账套文件：%1（%2）").arg(QString::fromUtf8(path), QString::fromUtf8(sqlite3_errmsg(opened))));
+    return tl::unexpected(u"不能打开账套文件：%1（%2）"_s.arg(QString::fromUtf8(path), QString::fromUtf8(sqlite3_errmsg(opened))));
   sqlite3_busy_timeout(opened, LockWaitMs);
   return database;
 }
@@ -81,7 +82,7 @@ Store::Opened storeOf(tl::expected<Sqlite::Database, QString> database)
       [](Sqlite::Database&& opened) -> std::unique_ptr<Store> { return std::make_unique<FileStore>(std::move(opened)); });
 }
 
-// All pages of one file into another. A step that finds the file changed has begun again with its first page.
+// Copies all pages of a file into another. A step that finds the file changed has restarted with the first page.
 int copyPages(sqlite3* from, sqlite3* to)
 {
   const Sqlite::Handle<sqlite3_backup> handle(sqlite3_backup_init(to, "main", from, "main"));
@@ -99,7 +100,7 @@ int copyPages(sqlite3* from, sqlite3* to)
   return code;
 }
 
-// The usual wait looks at the lock ten times a second, and between the writes of busy operators may never find it free.
+// The usual wait polls the lock ten times a second, and between the writes of busy operators may never find it free.
 int lookAgain(void*, int looks)
 {
   constexpr int PauseMs = 2;
@@ -107,7 +108,7 @@ int lookAgain(void*, int looks)
   return looks * PauseMs < LockWaitMs;
 }
 
-// In a file without a name, which is gone when it is closed, in whatever way.
+// In an unnamed file, which disappears when it is closed, in whatever way.
 tl::expected<Sqlite::Database, QString> copyOfFile(const QString& path)
 {
   auto source = openDatabase(path.toUtf8(), SQLITE_OPEN_READWRITE);
@@ -116,7 +117,7 @@ tl::expected<Sqlite::Database, QString> copyOfFile(const QString& path)
     return source ? std::move(copy) : std::move(source);
   sqlite3_busy_handler(source->get(), lookAgain, nullptr);
   if (const int code = copyPages(source->get(), copy->get()); code != SQLITE_DONE)
-    return tl::unexpected(QStringLiteral("不能读取账套文件：%1（%2）").arg(path, QString::fromUtf8(sqlite3_errstr(code))));
+    return tl::unexpected(u"不能读取账套文件：%1（%2）"_s.arg(path, QString::fromUtf8(sqlite3_errstr(code))));
   return copy;
 }
 
@@ -126,7 +127,7 @@ Store::Opened openServer(const ServerAddress& server)
   if (!connection)
     return tl::unexpected(connection.error().description);
   if ((*connection)->kind() != Odbc::Kind::PostgreSql)
-    return tl::unexpected(QStringLiteral("只能在 PostgreSQL 服务器上建立和复制账套"));
+    return tl::unexpected(u"只能在 PostgreSQL 服务器上建立和复制账套"_s);
   return std::make_unique<ServerStore>(*std::move(connection));
 }
 
@@ -152,9 +153,7 @@ Store::Opened Store::openMoment(const AccountSetLocation& location)
   auto store = openServer(location.server);
   // The transaction sees what was committed when its first statement began, and ends with the connection.
   if (store)
-    if (const auto begun =
-            (*store)->runAll({QStringLiteral("begin isolation level repeatable read, read only"), QStringLiteral("select 1")});
-        !begun)
+    if (const auto begun = (*store)->runAll({u"begin isolation level repeatable read, read only"_s, u"select 1"_s}); !begun)
       return tl::unexpected(begun.error());
   return store;
 }

@@ -9,16 +9,16 @@
 
 #include <memory>
 
-// An account set opened by those who make, fill and copy it: a file or a server database, with none of the
-// program's guards. What is run is in the engine's own SQL. The error is the engine's words.
+// An account set opened to create, fill or copy it: a file or a server database, without the program's guards.
+// Statements are in the engine's own SQL. The error is the engine's text.
 class Store {
 public:
   using Opened = tl::expected<std::unique_ptr<Store>, QString>;
 
   // A file must exist.
   [[nodiscard]] static Opened open(const AccountSetLocation& location);
-  // The account set as it is at one moment, to be read: what operators write later is not in it, and they
-  // need not wait for its reader.
+  // A read-only snapshot of the account set: later writes are not in it, and their writers need not wait for its
+  // reader.
   [[nodiscard]] static Opened openMoment(const AccountSetLocation& location);
 
   virtual ~Store() = default;
@@ -27,8 +27,8 @@ public:
   // Runs them one by one until one fails.
   [[nodiscard]] tl::expected<void, QString> runAll(const QStringList& statements);
 
-  // The words in which the engines differ: a binary column as hexadecimal text and back, and the sum of a
-  // column of numbers in millionths, as text, exactly.
+  // The expressions in which the engines differ: a binary column as hexadecimal text and back, and the exact sum of a
+  // numeric column in millionths, as text.
   virtual QString hexOf(const QString& column) const = 0;
   virtual QString binaryLiteral(const QString& hex) const = 0;
   virtual QString sumOf(const QString& column) const = 0;

@@ -93,8 +93,8 @@ constexpr Table Tables[] = {
     {"TabJXCAccount", JXCAccount, "JXCTabName"},
     {"TabWriteAccountant", WriteAccountant, "DateeY, DateeM"},
     {"TabWarrant", Warrant, "Code", {"JXCBillCode, Datee", "Datee"}},
-    // A partner's lines are found by the partner. Those of an account kept without partners are found from
-    // the vouchers made by hand: an index by account would lead through every line the account has.
+    // A partner's lines are found by the partner. Those of an account without partner accounting are found from the
+    // manual vouchers: an index by account would visit every line of the account.
     {"TabWarrantInf", WarrantInf, "BillCode, LineNum", {"WLHS, AccountantCode"}},
     {"TabAllAccount", AllAccount, "", {"DateeY, DateeM"}},
     {"TabDayAccount_Cash", DayAccount, "Code"},
