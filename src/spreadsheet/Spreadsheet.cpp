@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QLibrary>
 
+using namespace Qt::StringLiterals;
+
 Spreadsheet::Spreadsheet(const QString& driverFolder) : m_driverFolder(driverFolder) {}
 
 Spreadsheet::~Spreadsheet() = default;
@@ -24,12 +26,12 @@ SpreadsheetDriver& Spreadsheet::driver()
 {
   if (!m_driver) {
     const QString folder = m_driverFolder.isEmpty() ? QCoreApplication::applicationDirPath() : m_driverFolder;
-    QLibrary library(QDir(folder).filePath(QStringLiteral("spreadsheetdriver")));
-    // The office's own libraries, which it brings along, can't be unloaded.
+    QLibrary library(QDir(folder).filePath(u"spreadsheetdriver"_s));
+    // The office's libraries, which it links, can't be unloaded.
     library.setLoadHints(QLibrary::PreventUnloadHint);
     const auto make = reinterpret_cast<SpreadsheetDriver* (*)()>(library.resolve("makeSpreadsheetDriver"));
     if (!make)
-      throw RunTimeError(RunTimeError::NoSpreadsheet, QStringLiteral("ActiveX 部件不能创建对象"));
+      throw RunTimeError(RunTimeError::NoSpreadsheet, u"ActiveX 部件不能创建对象"_s);
     m_driver.reset(make());
   }
   return *m_driver;

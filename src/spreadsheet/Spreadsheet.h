@@ -6,10 +6,9 @@
 
 #include <memory>
 
-// A workbook open in the spreadsheet program, which is another process and may be missing, refuse, hang
-// or die at any time: every call throws RunTimeError then, after a bounded wait. Rows and columns count
-// from 1, and sheets go by name without regard to case. Letting go of a workbook closes it unsaved,
-// unless it was handed over.
+// A workbook open in the spreadsheet program, which is another process and may be missing, refuse, hang or die at any
+// time: every call throws RunTimeError then, after a bounded wait. Rows and columns count from 1, and sheet names are
+// case-insensitive. Destroying it closes the workbook unsaved, unless it was handed over.
 class Workbook {
 public:
   struct Cell {
@@ -23,15 +22,15 @@ public:
   // The texts of the first rows and columns of a sheet, row by row; a number is empty.
   virtual QList<QStringList> texts(const QString& sheet, int rows, int columns) = 0;
 
-  // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. Every
-  // text stays the text it is, and its cell is formatted as text from then on.
+  // Puts a block of texts, as many columns in each row, into the cells from `row` and `column` on. Every text is kept
+  // as it is, and its cell is formatted as text from then on.
   virtual void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) = 0;
-  // Puts amounts into the cells from `row` downwards. Each becomes a number, so that the cell's format and
-  // sums work, unless its cell is formatted as text, it is no amount ("见附件"), or the number would lose
-  // digits (20 of them). In a cell that nobody formatted it shows the decimals that it has.
+  // Puts amounts into the cells from `row` downwards. Each becomes a number, so that the cell's format and sums work,
+  // unless its cell is formatted as text, it is not an amount ("见附件"), or the number would lose digits (20 of them).
+  // In an unformatted cell it shows the decimals that it has.
   virtual void enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts) = 0;
-  // The heights of the first rows and the widths of the first columns, in twips; a column of 0 keeps its own.
-  // Rows that have got a height are not measured when texts come in, which is what costs most.
+  // The heights of the first rows and the widths of the first columns, in twips; a column of 0 keeps its own. Rows
+  // with a given height are not measured when texts are entered, which costs the most.
   virtual void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) = 0;
   // Breaks the lines of these cells, and makes their rows as high as they need.
   virtual void showWhole(const QString& sheet, const QList<Cell>& cells) = 0;
@@ -39,19 +38,19 @@ public:
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;
 
-  // Prints this sheet alone on the default printer; a machine without a printer refuses.
+  // Prints this sheet alone on the default printer; RunTimeError if the machine has none.
   virtual void print(const QString& sheet) = 0;
   // Shows how this sheet prints, and returns at once.
   virtual void preview(const QString& sheet, const QString& caption) = 0;
-  // Whether the operator is still in the preview. Nobody is where there is no display.
+  // Whether the operator still has the preview open. Always false without a display.
   virtual bool isInPreview() = 0;
   // The workbook stays open in front of the operator, whatever becomes of this object. Without a caption
   // its window keeps the title that it has.
   virtual void handOver(const QString& sheet, const QString& caption) = 0;
 };
 
-// What a driver offers. It keeps the program running from one workbook to the next and ends it with
-// itself; what was handed over stays.
+// The interface of a driver. It keeps the program running from one workbook to the next and ends it with itself; what
+// was handed over stays.
 class SpreadsheetDriver {
 public:
   virtual ~SpreadsheetDriver() = default;
@@ -61,11 +60,11 @@ public:
   virtual std::unique_ptr<Workbook> create() = 0;
 };
 
-// The spreadsheet program of this machine. Its driver lies in a library beside the executable and is
-// loaded when the first workbook is asked for: a program that prints nothing starts and runs without.
+// The spreadsheet program of this machine. Its driver is a library beside the executable, loaded when the first
+// workbook is requested: a program that prints nothing runs without it.
 class Spreadsheet {
 public:
-  // The folder of the driver, for those who keep it elsewhere.
+  // `driverFolder` is set if the driver is not beside the executable.
   explicit Spreadsheet(const QString& driverFolder = {});
   ~Spreadsheet();
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The list of an archive's parts is found by the record at its very end, which only a comment follows.
+// The directory of an archive is found by the record at its end, followed only by a comment.
 constexpr qsizetype EndRecord = 22;
 constexpr qsizetype LongestComment = 0xFFFF;
 constexpr qsizetype Entry = 46;

@@ -2,6 +2,6 @@
 
 #include <QString>
 
-// How much the parts of a zip archive, which a new workbook is, say they hold when they are unpacked; 0 for a file
-// that is no archive.
+// The total unpacked size that the entries of a zip archive declare (a new workbook is one); 0 for a file that is not
+// an archive.
 qint64 unpackedSize(const QString& path);

@@ -17,6 +17,8 @@
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 
+using namespace Qt::StringLiterals;
+
 namespace star = com::sun::star;
 using namespace std::chrono_literals;
 using star::uno::Reference;
@@ -31,12 +33,12 @@ constexpr auto PollEvery = 5ms;
 
 RunTimeError notThere()
 {
-  return {RunTimeError::NoSpreadsheet, QStringLiteral("ActiveX 部件不能创建对象")};
+  return {RunTimeError::NoSpreadsheet, u"ActiveX 部件不能创建对象"_s};
 }
 
 RunTimeError noWorkbook()
 {
-  return {RunTimeError::Automation, QStringLiteral("不是工作簿")};
+  return {RunTimeError::Automation, u"不是工作簿"_s};
 }
 
 QString installedFolder()
@@ -49,7 +51,7 @@ QString installedFolder()
 
 Office::Office(std::chrono::milliseconds limit) : m_connection(installedFolder()), m_patience(limit, [this] { giveUp(); }) {}
 
-// The operator's office is left alone, and hears no more of us.
+// The operator's office is left alone.
 void Office::giveUp()
 {
   m_process.kill();
@@ -62,7 +64,7 @@ Office::~Office()
   end();
 }
 
-// The first instance that is free; a profile is made as rarely as can be.
+// The first free instance, since a new profile is slow to make.
 void Office::takeInstance()
 {
   clearInstances();
@@ -72,8 +74,8 @@ void Office::takeInstance()
   throw notThere();
 }
 
-// An instance whose office still listens has a workbook of the operator in it. A lock that lies there without its program
-// was left by one that was killed, and so was everything else.
+// An instance whose office still listens has a workbook of the operator in it. A lock without its program was left by
+// one that was killed, and so was everything else.
 bool Office::takeInstance(const OfficeInstance& instance)
 {
   QDir().mkpath(instance.profileFolder);
@@ -95,7 +97,7 @@ void Office::clearInstances()
   m_instanceLock.reset();
 }
 
-// An office that could not open a file may still hold what the file has made of it.
+// An office that could not open a file may still hold parts of it.
 std::unique_ptr<Workbook> Office::open(const QString& path)
 {
   const QString url = QString::fromLatin1(QUrl::fromLocalFile(QDir(path).absolutePath()).toEncoded());
@@ -113,20 +115,20 @@ std::unique_ptr<Workbook> Office::open(const QString& path)
 std::unique_ptr<Workbook> Office::create()
 {
   require();
-  return call([this] { return load(QStringLiteral("private:factory/scalc")); });
+  return call([this] { return load(u"private:factory/scalc"_s); });
 }
 
-// By its content. Templates come from a database that others write, and pages of the web or texts can do things that
-// workbooks can't.
+// Decided by the content: templates come from a database that others write, and web pages or text documents can do
+// things that workbooks can't.
 bool Office::isExcel(const QString& url) const
 {
-  static const QRegularExpression excel(QStringLiteral("^(calc_MS_Excel_(40|5095|97)|MS Excel 2007)"));
+  static const QRegularExpression excel(u"^(calc_MS_Excel_(40|5095|97)|MS Excel 2007)"_s);
   const Reference<star::document::XTypeDetection> detection(m_connection.service("com.sun.star.document.TypeDetection"), UNO_QUERY_THROW);
   auto file = properties({{"URL", officeText(url)}});
   return excel.match(programText(detection->queryTypeByDescriptor(file, true))).hasMatch();
 }
 
-// Macros and links stay asleep.
+// Macros and links are disabled.
 std::unique_ptr<Workbook> Office::load(const QString& url)
 {
   const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
@@ -168,7 +170,7 @@ void Office::require()
   startAndConnect();
 }
 
-// With a new profile the office ends once before it listens, and wants to be started again.
+// With a new profile the office exits once before it listens, and must be started again.
 void Office::startAndConnect()
 {
   call([this] {
@@ -201,7 +203,7 @@ void Office::handOver()
 {
   if (!OfficeProcess::hasDisplay())
     return;
-  // In this order: a lock that a killed program leaves says that nobody needs the profile.
+  // In this order: a lock left by a killed program means that nobody uses the profile.
   m_instanceLock.reset();
   m_process.letGo();
   m_connection.disconnect();
@@ -230,7 +232,7 @@ void Office::close(const Reference<star::frame::XModel>& workbook)
     leaveToOperator();
     call([&] { Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true); });
   } catch (const RunTimeError&) {
-    // An office that is gone has closed it.
+    // An office that has exited has closed it.
   }
   m_workbooks.removeAll(workbook);
   if (m_isOperators)
@@ -253,7 +255,7 @@ void Office::end()
     if (isEnding)
       return call([this] { m_process.wait(); });
   } catch (const RunTimeError&) {
-    // An office that does not answer is ended without being asked.
+    // An office that does not answer is killed.
   }
   kill();
 }

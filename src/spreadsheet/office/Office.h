@@ -11,19 +11,19 @@
 
 class QLockFile;
 
-// The installed office suite as the spreadsheet program. It is started when the first workbook is asked
-// for, started again when it has died, and ended with this object. An office in which the operator was left
-// a workbook is his from then on, and the next workbook gets another one.
+// The installed office suite as the spreadsheet program. It is started when the first workbook is requested,
+// restarted if it has died, and ended with this object. Once a workbook is handed over, the process belongs to the
+// operator, and the next workbook gets another one.
 class Office : public SpreadsheetDriver {
 public:
-  // The longest wait for an answer before the office is ended, and for its start.
+  // The timeout of a call, after which the office is killed, and of its start.
   explicit Office(std::chrono::milliseconds limit = std::chrono::seconds(60));
   ~Office() override;
 
   std::unique_ptr<Workbook> open(const QString& path) override;
   std::unique_ptr<Workbook> create() override;
 
-  // Runs one piece of work with the office, within the limit; what goes wrong comes out as RunTimeError.
+  // Runs one piece of work with the office, within the limit; failures are thrown as RunTimeError.
   template <typename Work> auto call(const Work& work)
   {
     const Patience::Turn turn(m_patience);
@@ -34,11 +34,11 @@ public:
     }
   }
 
-  // A workbook, and the office with it, stays with the operator. Where he has no display it goes with this
-  // object: nobody could close it.
+  // A workbook, and the office with it, is left to the operator. Without a display it ends with this object: nobody
+  // could close it.
   void handOver();
-  // Leaves the office to an operator who has opened documents of his own in it: neither our death nor our end
-  // closes them. The work with our own goes on.
+  // Leaves the office to an operator who has opened documents of their own in it: they outlive this program. Our own
+  // workbooks can still be used.
   void leaveToOperator();
   // Closes a workbook of ours, unsaved.
   void close(const com::sun::star::uno::Reference<com::sun::star::frame::XModel>& workbook);

@@ -14,6 +14,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace star = com::sun::star;
 using star::uno::Reference;
 using star::uno::UNO_QUERY;
@@ -21,7 +23,7 @@ using star::uno::UNO_QUERY_THROW;
 
 namespace {
 
-// Ends what holds itself alive in a circle.
+// Breaks the reference cycle.
 void dispose(const Reference<star::uno::XInterface>& object)
 {
   if (const Reference<star::lang::XComponent> component(object, UNO_QUERY); component.is())
@@ -32,11 +34,11 @@ void dispose(const Reference<star::uno::XInterface>& object)
 
 OfficeConnection::OfficeConnection(const QString& programFolder)
 {
-  // Who writes to an office that has just died gets an error instead of dying, too.
+  // Writing to a dead office must return an error, not kill this process.
   std::signal(SIGPIPE, SIG_IGN);
-  // Without it the types of documents stay unknown on this side.
-  rtl::Bootstrap::set(officeText(u"URE_BOOTSTRAP"), officeText("vnd.sun.star.pathname:" + programFolder + "/fundamentalrc"));
-  const QUrl types = QUrl::fromLocalFile(programFolder + "/unorc");
+  // Without it this side does not know the types of documents.
+  rtl::Bootstrap::set(officeText(u"URE_BOOTSTRAP"), officeText(u"vnd.sun.star.pathname:"_s + programFolder + u"/fundamentalrc"_s));
+  const QUrl types = QUrl::fromLocalFile(programFolder + u"/unorc"_s);
   m_local = cppu::defaultBootstrap_InitialComponentContext(officeText(QString::fromLatin1(types.toEncoded())));
 }
 
@@ -50,7 +52,7 @@ OfficeConnection::~OfficeConnection()
 Reference<star::connection::XConnection> OfficeConnection::lineTo(const QString& pipe) const
 {
   try {
-    return star::connection::Connector::create(m_local)->connect(officeText("pipe,name=" + pipe));
+    return star::connection::Connector::create(m_local)->connect(officeText(u"pipe,name="_s + pipe));
   } catch (const star::connection::NoConnectException&) {
     return {};
   }

@@ -9,23 +9,23 @@
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 
-// A line to an office program that listens on a pipe. Calls over it throw exceptions of the office.
+// A connection to an office process that listens on a pipe. Calls over it throw the office's exceptions.
 class OfficeConnection {
 public:
-  // The office's program folder, from which this side of the line comes too.
+  // The office's program folder, which this side's libraries are loaded from, too.
   explicit OfficeConnection(const QString& programFolder);
   ~OfficeConnection();
 
-  // Whether an office listens on a pipe; asks it nothing, and so never waits for it.
+  // Whether an office listens on a pipe; sends nothing, and so never waits.
   bool isListening(const QString& pipe) const;
-  // False if nobody listens, or if the line was lost before the office had answered, as now and then happens
-  // on a busy machine: whoever knows that it runs tries again.
+  // False if nobody listens, or if the connection was lost before the office answered, as can happen on a busy
+  // machine: a caller who knows that it runs tries again.
   bool connect(const QString& pipe);
   void disconnect();
   bool isConnected() const { return m_remote.is(); }
 
   com::sun::star::uno::Reference<com::sun::star::frame::XDesktop> desktop() const { return m_desktop; }
-  // Loses the line from another thread, so that a call that waits for its answer fails.
+  // Drops the connection from another thread, so that a waiting call fails.
   void abandon();
   // The documents open in the office.
   QList<com::sun::star::uno::Reference<com::sun::star::frame::XModel>> documents() const;

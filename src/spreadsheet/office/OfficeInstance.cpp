@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A setting of the office, by its place in its registry.
@@ -21,18 +23,18 @@ struct Setting {
 constexpr Setting Settings[] = {
     // A new workbook's first sheet must not be called like a template's, or the import renames "sheet1".
     {"/org.openoffice.Office.Calc/Defaults/Sheet", "SheetPrefix", "工作表"},
-    // The work copy is nobody else's, and its lock would stay behind when the office dies.
+    // The work copy is nobody else's, and its lock would remain when the office dies.
     {"/org.openoffice.Office.Common/Misc", "UseLocking", "false"},
     // Operators read Chinese, whatever the machine's language.
     {"/org.openoffice.Office.Linguistic/General", "UILocale", "zh-CN"},
-    // What would come between the operator and the workbook.
+    // Dialogs that would come between the operator and the workbook.
     {"/org.openoffice.Office.Common/Misc", "FirstRun", "false"},
     {"/org.openoffice.Office.Common/Misc", "ShowTipOfTheDay", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "Donate", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "GetInvolved", "false"},
     {"/org.openoffice.Office.UI.Infobar/Enabled", "WhatsNew", "false"},
-    // A workbook calls out to nobody: what it links to is not fetched, and by whatever way something asks for it all the
-    // same, it ends at a port of this machine on which nobody listens.
+    // A workbook gets no network access: links are not fetched, and any request that is made nevertheless goes to a
+    // port of this machine on which nobody listens.
     {"/org.openoffice.Office.Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
     {"/org.openoffice.Inet/Settings", "ooInetProxyType", "2"},
     {"/org.openoffice.Inet/Settings", "ooInetNoProxy", ""},
@@ -53,7 +55,7 @@ QByteArray registry()
   return items + "</oor:items>\n";
 }
 
-const QString SettingsFile = QStringLiteral("/registrymodifications.xcu");
+const QString SettingsFile = u"/registrymodifications.xcu"_s;
 
 QByteArray contentOf(const QString& path)
 {
@@ -68,13 +70,13 @@ void write(const QString& path, const QByteArray& content)
     file.write(content);
 }
 
-// On this one the office hears that another one was started with its profile; named by the bytes of a hash, the
-// small ones of them in one digit.
+// The pipe on which an office learns that another was started with its profile. Its name is a hash in hexadecimal,
+// without leading zeros in its bytes.
 QString profilePipe(const QString& profile)
 {
   const QString url = QString::fromLatin1(QUrl::fromLocalFile(profile).toEncoded());
   const QByteArray bytes(reinterpret_cast<const char*>(url.utf16()), url.size() * qsizetype(sizeof(char16_t)));
-  QString name = QStringLiteral("SingleOfficeIPC_");
+  QString name = u"SingleOfficeIPC_"_s;
   for (const char byte : QCryptographicHash::hash(bytes, QCryptographicHash::Md5))
     name += QString::number(uchar(byte), 16);
   return name;
@@ -87,21 +89,21 @@ OfficeInstance OfficeInstance::numbered(int number)
   QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
   if (cache.isEmpty() || !QDir().mkpath(cache) || !QFileInfo(cache).isWritable())
     cache = QDir::tempPath();
-  const QString profile = QStringLiteral("%1/ZORVEK/office-%2").arg(cache).arg(number);
-  // Pipes are named for the whole machine.
+  const QString profile = u"%1/ZORVEK/office-%2"_s.arg(cache).arg(number);
+  // Pipe names are global to the machine.
   const QByteArray mark = QCryptographicHash::hash(profile.toUtf8(), QCryptographicHash::Md5).toHex().first(12);
-  return {profile, "ZORVEK-" + QString::fromLatin1(mark)};
+  return {profile, u"ZORVEK-"_s + QString::fromLatin1(mark)};
 }
 
 void OfficeInstance::prepare() const
 {
   QDir(temporaryFolder()).removeRecursively();
   QDir().mkpath(temporaryFolder());
-  // The office writes the settings as they are when it ends; these are those that it began with.
-  const QString begin = profileFolder + "/settings";
+  // The office rewrites its settings when it ends; this file holds the original ones.
+  const QString begin = profileFolder + u"/settings"_s;
   if (contentOf(begin) == registry())
     return;
-  const QString user = profile() + "/user";
+  const QString user = profile() + u"/user"_s;
   QFile::remove(user + SettingsFile);
   QDir().mkpath(user);
   write(user + SettingsFile, registry());
@@ -116,5 +118,5 @@ void OfficeInstance::clear() const
     else if (one.filePath() != lockFile())
       QFile::remove(one.filePath());
   for (const QString& one : {pipe, profilePipe(profile())})
-    QFile::remove(QStringLiteral("/tmp/OSL_PIPE_%1_%2").arg(getuid()).arg(one));
+    QFile::remove(u"/tmp/OSL_PIPE_%1_%2"_s.arg(getuid()).arg(one));
 }

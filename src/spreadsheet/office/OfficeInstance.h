@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Where an office program of ours lives: its profile, and the pipe on which it listens. It is never the
-// operator's own profile, so that ending it closes nothing of his. Instances are numbered, since two offices
-// can't share a profile; the first one free is taken, so that a new profile is made as rarely as possible.
+// An office process of ours: its profile, and the pipe on which it listens. It never uses the operator's own profile,
+// so that ending it closes none of their documents. Instances are numbered, since two offices can't share a profile;
+// the first free one is taken, so that new profiles are rare.
 struct OfficeInstance {
   QString profileFolder;
   QString pipe;
@@ -12,13 +12,13 @@ struct OfficeInstance {
   // 1 is the first. Below the operator's cache folder, or the one for temporary files without one.
   static OfficeInstance numbered(int number);
 
-  QString profile() const { return profileFolder + "/profile"; }
-  QString temporaryFolder() const { return profileFolder + "/temporary"; }
-  // Names the program that has taken the instance. It goes with that program, unless that was killed.
-  QString lockFile() const { return profileFolder + "/taken"; }
-  // Makes its folders, empties the temporary one, and makes the profile with the settings that our work needs
-  // unless there is one made with the same. Only for who has taken the instance.
+  QString profile() const { return profileFolder + QLatin1String("/profile"); }
+  QString temporaryFolder() const { return profileFolder + QLatin1String("/temporary"); }
+  // Names the program that has taken the instance; deleted when that program ends, unless it is killed.
+  QString lockFile() const { return profileFolder + QLatin1String("/taken"); }
+  // Creates its folders, empties the temporary one, and creates the profile with the settings that we need unless one
+  // with the same settings exists. Only for the program that has taken the instance.
   void prepare() const;
-  // Leaves nothing of it but the lock, after the death of whoever had taken it.
+  // Deletes everything but the lock, after the death of the program that had taken it.
   void clear() const;
 };

@@ -14,9 +14,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// A list of words as programs are given them; it lives as long as the words.
+// An argv array; valid as long as the words.
 QList<char*> wordList(const QList<QByteArray>& words)
 {
   QList<char*> list;
@@ -25,18 +27,18 @@ QList<char*> wordList(const QList<QByteArray>& words)
   return list << nullptr;
 }
 
-// What a killed office leaves half-made is in the instance's temporary folder, which is wiped.
+// A killed office leaves its unfinished files in the instance's temporary folder, which is emptied.
 QList<QByteArray> environmentIn(const OfficeInstance& instance)
 {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("TMPDIR"), instance.temporaryFolder());
+  environment.insert(u"TMPDIR"_s, instance.temporaryFolder());
   QList<QByteArray> words;
   for (const QString& word : environment.toStringList())
     words.append(word.toLocal8Bit());
   return words;
 }
 
-// Lies beside the library, or the program, that this code is part of.
+// It is beside the library, or the program, that contains this code.
 QByteArray watchProgram()
 {
   Dl_info here{};
@@ -52,8 +54,8 @@ int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environme
   posix_spawn_file_actions_adddup2(&files, watched, STDIN_FILENO);
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
-  // A workbook that was handed over outlives the terminal from which the program was started. The signals that
-  // the program ignores are its own business.
+  // A workbook that was handed over outlives the terminal from which the program was started. Signals that this
+  // program ignores are reset.
   sigset_t all;
   sigfillset(&all);
   posix_spawnattr_t attributes;
@@ -70,7 +72,7 @@ int spawn(const QList<QByteArray>& arguments, const QList<QByteArray>& environme
 
 QString OfficeProcess::programFolder()
 {
-  const QString program = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+  const QString program = QStandardPaths::findExecutable(u"soffice"_s);
   return program.isEmpty() ? QString() : QFileInfo(QFileInfo(program).canonicalFilePath()).path();
 }
 
@@ -90,7 +92,7 @@ bool OfficeProcess::start(const OfficeInstance& instance)
   m_watch = ends[1];
   pid_t id = 0;
   const bool isStarted =
-      spawn({watchProgram(), QFile::encodeName(programFolder() + "/soffice.bin"), display, "--norestore", "--nologo", "--nodefault",
+      spawn({watchProgram(), QFile::encodeName(programFolder() + u"/soffice.bin"_s), display, "--norestore", "--nologo", "--nodefault",
              "--nofirststartwizard", "-env:UserInstallation=" + profile, "--accept=pipe,name=" + instance.pipe.toUtf8() + ";urp;"},
             environmentIn(instance), ends[0], id) == 0;
   close(ends[0]);

@@ -6,8 +6,7 @@
 
 #include <atomic>
 
-// The office program, running as a child of this one. It outlives this object, but not this program, however
-// that ends, until it is let go.
+// The office process. It outlives this object, but not this program, however it ends, until it is let go.
 class OfficeProcess {
 public:
   // Folder of the office's program files; empty if it is not installed.
@@ -15,12 +14,12 @@ public:
   // Without a display it shows no windows, and nobody sees a workbook.
   static bool hasDisplay();
 
-  // It listens on its pipe a moment later. False if it can't be started.
+  // Starts it; it listens on its pipe a moment later. False if it can't be started.
   bool start(const OfficeInstance& instance);
   bool isRunning();
   // Ends it at once. Any thread may call it.
   void kill();
-  // Leaves it to the operator: from now on it lives without this program and without limits.
+  // Leaves it to the operator: from now on it outlives this program and has no limits.
   void letGo();
   // Waits for its end.
   void wait();

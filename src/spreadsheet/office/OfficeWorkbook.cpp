@@ -18,6 +18,8 @@
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <com/sun/star/view/XPrintable.hpp>
 
+using namespace Qt::StringLiterals;
+
 namespace star = com::sun::star;
 using star::uno::Any;
 using star::uno::Sequence;
@@ -65,8 +67,8 @@ QString patternOf(const QString& amount)
 {
   const qsizetype point = amount.indexOf(u'.');
   if (point < 0)
-    return amount.contains(u',') ? QStringLiteral("#,##0") : QString();
-  return QStringLiteral("#,##0.") + QString(amount.size() - point - 1, u'0');
+    return amount.contains(u',') ? u"#,##0"_s : QString();
+  return u"#,##0."_s + QString(amount.size() - point - 1, u'0');
 }
 
 } // namespace
@@ -91,7 +93,7 @@ Reference<star::sheet::XSpreadsheet> OfficeWorkbook::sheetCalled(const QString& 
       if (programText(one).compare(name, Qt::CaseInsensitive) == 0)
         sheet.set(sheets->getByName(one), UNO_QUERY_THROW);
     if (!sheet.is())
-      throw RunTimeError(RunTimeError::OutOfBounds, QStringLiteral("下标越界"));
+      throw RunTimeError(RunTimeError::OutOfBounds, u"下标越界"_s);
   }
   return sheet;
 }
@@ -124,7 +126,7 @@ QList<QStringList> OfficeWorkbook::texts(const QString& sheet, int rows, int col
   });
 }
 
-// Whether a cell takes numbers, and whether anybody gave it a format.
+// Whether a cell takes numbers, and whether it was formatted.
 OfficeWorkbook::CellFormat OfficeWorkbook::formatOf(const Reference<star::table::XCellRange>& cell)
 {
   sal_Int32 key = 0;
@@ -145,7 +147,7 @@ Reference<star::util::XNumberFormats> OfficeWorkbook::numberFormats() const
   return Reference<star::util::XNumberFormatsSupplier>(m_document, UNO_QUERY_THROW)->getNumberFormats();
 }
 
-// Where nobody chose a format, an amount looks as the program shows it.
+// In an unformatted cell an amount looks as the program shows it.
 void OfficeWorkbook::formatLike(const Reference<star::table::XCellRange>& cell, const QString& amount)
 {
   const QString pattern = patternOf(amount);
@@ -207,7 +209,7 @@ void OfficeWorkbook::showWhole(const QString& sheet, const QList<Cell>& cells)
   });
 }
 
-// The formats of the row above come along by themselves, a height that somebody gave it does not.
+// The formats of the row above are copied automatically, a custom height is not.
 void OfficeWorkbook::insertRows(const QString& sheet, int row, int count)
 {
   m_office.call([&] {
@@ -227,9 +229,8 @@ void OfficeWorkbook::deleteRow(const QString& sheet, int row)
       [&] { Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows()->removeByIndex(row - 1, 1); });
 }
 
-// The office prints the selected sheets, and of these whatever lies on them unless they have a print area. As
-// long as a workbook is hidden it can't be given another selection than it was saved with, but a sheet that is
-// not to be seen loses it to the one that is left.
+// The office prints the selected sheets, completely unless they have a print area. The selection of a hidden workbook
+// can't be changed directly, but hiding a selected sheet moves the selection to the one that remains.
 void OfficeWorkbook::printOnly(const QString& name)
 {
   propertiesOf(sheetCalled(name))->setPropertyValue(officeText(u"IsVisible"), Any(true));
@@ -245,9 +246,9 @@ void OfficeWorkbook::printOnly(const QString& name)
 void OfficeWorkbook::print(const QString& sheet)
 {
   m_office.call([&] {
-    // Without one the office would say nothing, and print nothing.
+    // Without a printer the office would silently print nothing.
     if (!m_office.hasPrinter())
-      throw RunTimeError(RunTimeError::Automation, QStringLiteral("没有安装打印机"));
+      throw RunTimeError(RunTimeError::Automation, u"没有安装打印机"_s);
     printOnly(sheet);
     Reference<star::view::XPrintable>(m_document, UNO_QUERY_THROW)->print(properties({{"Wait", true}}));
   });
@@ -266,13 +267,13 @@ void OfficeWorkbook::show(const QString& sheet, const QString& caption)
     Reference<star::frame::XTitle>(frame, UNO_QUERY_THROW)->setTitle(officeText(caption));
   const auto window = frame->getContainerWindow();
   window->setVisible(true);
-  // Only now: a window that comes up turns to the sheet that the workbook was saved on.
+  // Only now: a new window first shows the sheet that the workbook was saved on.
   Reference<star::sheet::XSpreadsheetView>(view, UNO_QUERY_THROW)->setActiveSheet(sheetCalled(sheet));
   Reference<star::awt::XTopWindow>(window, UNO_QUERY_THROW)->toFront();
   frame->activate();
 }
 
-// The window changes from the sheet to the preview a moment after it was asked to.
+// The window switches to the preview asynchronously.
 Reference<star::frame::XController> OfficeWorkbook::previewController()
 {
   constexpr auto Moment = std::chrono::seconds(5);
@@ -294,12 +295,12 @@ void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
     const Reference<star::frame::XDispatchProvider> frame(controller()->getFrame(), UNO_QUERY_THROW);
     helper->executeDispatch(frame, officeText(u".uno:PrintPreview"), {}, 0, {});
     m_preview = previewController();
-    // Nobody wants to be asked whether to save the work copy.
+    // Suppresses the question whether to save the work copy.
     Reference<star::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
   });
 }
 
-// Who closes the window of the preview closes the workbook with it, and the office with its last window.
+// Closing the preview window closes the workbook, and the office with its last window.
 bool OfficeWorkbook::isInPreview()
 {
   try {

@@ -13,7 +13,7 @@
 
 class Office;
 
-// A workbook loaded into the office, hidden until it is shown. Ranges go over in one call each.
+// A workbook loaded into the office, hidden until it is shown. Each range is passed in one call.
 class OfficeWorkbook : public Workbook {
 public:
   OfficeWorkbook(Office& office, const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>& document);

@@ -2,7 +2,7 @@
 
 namespace {
 
-// How late a wait may be given up. Calls that are answered wake nobody.
+// How late a wait may be given up. Calls that are answered do not wake the thread.
 constexpr std::chrono::milliseconds LookEvery{100};
 
 } // namespace

@@ -7,17 +7,16 @@
 #include <optional>
 #include <thread>
 
-// Sees to it that no wait for the office is without an end: what lasts longer than the limit is given up
-// from another thread, and the call that waits fails.
+// A watchdog: a call to the office that exceeds the limit is given up from another thread, and fails.
 class Patience {
 public:
   using Clock = std::chrono::steady_clock;
 
-  // `giveUp` runs in a thread of its own, again and again until the waiting call has returned.
+  // `giveUp` runs in a thread of its own, repeatedly until the waiting call has returned.
   Patience(std::chrono::milliseconds limit, std::function<void()> giveUp);
   ~Patience();
 
-  // One wait: from the making of this to its end.
+  // One wait, during the lifetime of this object.
   class Turn {
   public:
     explicit Turn(Patience& patience) : m_patience(patience) { m_patience.setDeadline(Clock::now() + m_patience.m_limit); }

@@ -1,6 +1,6 @@
 #include "spreadsheet/office/Office.h"
 
-// What the program looks for in this library.
+// The symbol that the program looks up in this library.
 extern "C" Q_DECL_EXPORT SpreadsheetDriver* makeSpreadsheetDriver()
 {
   return new Office;

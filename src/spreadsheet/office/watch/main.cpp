@@ -13,17 +13,17 @@ extern "C" {
 
 // officewatch COMMAND [ARGUMENT ...]
 //
-// Becomes the office, and leaves a process that watches its owner. The owner holds the other end of the pipe
-// that is the standard input. If the pipe breaks, the owner has died and the office goes with it; a byte says that
-// the office is the operator's from now on. Until then it works on files that others wrote, and its memory is
-// limited, so that none of them can use up the machine's.
+// Forks a process that watches the owner, then executes the office. The owner holds the other end of the pipe on
+// standard input. If the pipe breaks, the owner has died and the office is killed; a byte means that the office
+// belongs to the operator from now on. Until then it works on files that others wrote, and its memory is limited, so
+// that none of them can exhaust the machine's.
 
 namespace {
 
 constexpr rlim_t MostMemory = rlim_t(1) << 30;
 constexpr rlim_t MostOnDisk = rlim_t(1) << 29;
 
-// The lower limit only: the watch takes it back.
+// The soft limit only: the watch restores it.
 void limit(int resource, rlim_t most)
 {
   rlimit now{};
@@ -59,7 +59,7 @@ void unlimit(pid_t office, int resource)
   _exit(EXIT_SUCCESS);
 }
 
-// A grandchild, which is nobody's to wait for.
+// A grandchild, so that nobody has to wait for it.
 bool startWatch()
 {
   const pid_t office = getpid();
@@ -80,7 +80,7 @@ bool startWatch()
 
 int main(int count, char** arguments)
 {
-  // What the owner has open is neither the watch's business nor the office's.
+  // The owner's open files are not for the watch or the office.
   close_range(STDERR_FILENO + 1, ~0U, 0);
   if (count < 2 || !startWatch())
     return EXIT_FAILURE;
