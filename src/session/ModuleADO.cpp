@@ -5,52 +5,55 @@
 #include "platform/Trim.h"
 #include "session/Session.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// All account sets of the family that are files share it.
-constexpr char FilePassword[] = "qp7ezm4tw2hx9c";
+// All file account sets of the suite share it.
+constexpr QLatin1String FilePassword("qp7ezm4tw2hx9c");
 
-// The number under which a statement is reported that a value would have changed.
+// The error number of a statement whose shape a value would have changed.
 constexpr int ChangedShape = -2147217900;
 
 QString serverText(const SessionParams& params)
 {
-  const QString port = Trim(params.ConPortNum).isEmpty() ? QStringLiteral("1433") : params.ConPortNum;
-  return "Driver={SQL Server};Server=" + params.ConServerIP + "," + port + ";" + "DataBase=" + params.ConDataName +
-         ";UID=" + params.ConDataBaseUID + ";PWD=" + params.ConDataBasePWD + "; ";
+  const QString port = Trim(params.ConPortNum).isEmpty() ? u"1433"_s : params.ConPortNum;
+  return u"Driver={SQL Server};Server="_s + params.ConServerIP + u',' + port + u';' + u"DataBase="_s + params.ConDataName + u";UID="_s +
+         params.ConDataBaseUID + u";PWD="_s + params.ConDataBasePWD + u"; "_s;
 }
 
 QString fileText(const QString& folder, const SessionParams& params)
 {
-  return "Provider = Microsoft.Jet.OLEDB.4.0;Data Source = " + folder + "\\Data\\" + params.ConDataName + ";Jet OLEDB:Database Password='" +
-         FilePassword + "'";
+  return u"Provider = Microsoft.Jet.OLEDB.4.0;Data Source = "_s + folder + u"\\Data\\"_s + params.ConDataName +
+         u";Jet OLEDB:Database Password='"_s + FilePassword + u'\'';
 }
 
 // As fileText, but a root folder gets no second separator.
 QString fileText2(const QString& folder, const SessionParams& params)
 {
   const bool isRoot = folder.endsWith(u'\\') || folder.endsWith(u'/');
-  return "Provider = Microsoft.Jet.OLEDB.4.0;Data Source = " + folder + (isRoot ? "Data\\" : "\\Data\\") + params.ConDataName + "; " +
-         " Jet OLEDB:Database Password='" + FilePassword + "'";
+  return u"Provider = Microsoft.Jet.OLEDB.4.0;Data Source = "_s + folder + (isRoot ? u"Data\\"_s : u"\\Data\\"_s) + params.ConDataName +
+         u"; "_s + u" Jet OLEDB:Database Password='"_s + FilePassword + u'\'';
 }
 
 void showError(Session& session, const DatabaseError& error)
 {
-  session.desk.ask({"Error:" + QString::number(error.number) + "\r\n" + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
+  session.desk.ask(
+      {u"Error:"_s + QString::number(error.number) + u"\r\n"_s + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
 }
 
-// The statement's result; an error has not been shown.
+// The statement's result; errors are not shown.
 DatabaseResult<Recordset> run(Session& session, const Statement& statement)
 {
   if (!session.connection.isOpen())
     if (const auto opened = session.connection.open(GetConnectionString(session)); !opened)
       return tl::unexpected(opened.error());
   if (const auto value = statement.violation())
-    return databaseError(ChangedShape, QStringLiteral("语句中的值不是一个完整的文字或数字：") + value->left(60));
+    return databaseError(ChangedShape, u"语句中的值不是一个完整的文字或数字："_s + value->left(60));
   return session.connection.run(statement.sql());
 }
 
-// The same with the error shown.
+// The same, but errors are shown.
 DatabaseResult<Recordset> runAndShow(Session& session, const Statement& statement)
 {
   auto result = run(session, statement);
@@ -64,7 +67,7 @@ DatabaseResult<Recordset> runAndShow(Session& session, const Statement& statemen
 QString GetConnectionString(Session& session)
 {
   const SessionParams& params = session.params;
-  const QString unknown = QStringLiteral("不能确定当前操作账套，请重新登陆系统！");
+  const QString unknown = u"不能确定当前操作账套，请重新登陆系统！"_s;
   if (params.ConDataName.isEmpty())
     session.desk.stop(unknown);
   if (params.DatabaseType == u"SQL" && (params.ConDataBaseUID.isEmpty() || params.ConServerIP.isEmpty()))

@@ -8,10 +8,10 @@
 
 struct Session;
 
-// The only entry point to the database. Every statement is built by the routine that needs it; a read goes
-// through OpenRecordset, a write through Execute. There is no transaction anywhere.
+// The only entry point to the database. Every statement is built by the routine that needs it; OpenRecordset reads,
+// Execute writes. There is no transaction anywhere.
 
-// The connection text of the session, after a warning if the account set or the server is not named.
+// The connection text of the session, after a warning if the account set or the server is missing.
 QString GetConnectionString(Session& session);
 
 // Runs a select, opening the connection first if it is not open. A statement whose shape a value has changed is
@@ -26,11 +26,11 @@ bool Execute(Session& session, const Statement& statement);
 // A select for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
 Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
 
-// Closes the connection, as a screen does when it goes; the next statement opens it again.
+// Closes the connection, as a screen does when it closes; the next statement opens it again.
 void CloseConnection(Session& session);
 
-// The dialect rule: the same thing as the two kinds of database want it written. All SQL text with a
-// date or a cast in it is built with these.
+// The expressions that the two kinds of database write differently. All SQL with a date or a cast in it is built with
+// these.
 namespace SqlDialect {
 
 // "#2022-06-08#" or "'2022-06-08'".

@@ -4,19 +4,21 @@
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t Administrator[] = u"系统管理员";
 
-// Empty for a kind that there is none of.
+// Empty for an unknown kind.
 QString allowColumn(RightKind kind)
 {
   switch (kind) {
-  case RightKind::Read: return "AllowRead";
-  case RightKind::Edit: return "AllowEdit";
-  case RightKind::Delete: return "AllowDelete";
-  case RightKind::Print: return "AllowPrint";
-  case RightKind::Auditing: return "AllowAuditing";
+  case RightKind::Read: return u"AllowRead"_s;
+  case RightKind::Edit: return u"AllowEdit"_s;
+  case RightKind::Delete: return u"AllowDelete"_s;
+  case RightKind::Print: return u"AllowPrint"_s;
+  case RightKind::Auditing: return u"AllowAuditing"_s;
   }
   return {};
 }
@@ -35,16 +37,16 @@ std::optional<QString> cloudRefusal(Session& session)
 {
   const SessionParams& params = session.params;
   if (Trim(params.CloudAccount).isEmpty())
-    return QStringLiteral("不能确定云账号，请退出软件重新登陆！");
+    return u"不能确定云账号，请退出软件重新登陆！"_s;
   if (Trim(params.CloudAccount2).isEmpty())
-    return QStringLiteral("不能确定子账号，请退出软件重新登陆！");
+    return u"不能确定子账号，请退出软件重新登陆！"_s;
   const QString localCode = Trim(GetTerminalCode(session));
   const Recordset rs = OpenRecordset(session, {u"select UserCode from TabCloudAccountLoginInf  where Account='{}'  and Account2='{}' ",
                                                params.CloudAccount, params.CloudAccount2});
   const QString storedCode = rs.eof() ? QString() : rs.trimmed("UserCode");
   if (!storedCode.isEmpty() && storedCode == localCode)
     return std::nullopt;
-  return QStringLiteral("本云账号已在别的终端设备上登陆，本终端自动终止操作！");
+  return u"本云账号已在别的终端设备上登陆，本终端自动终止操作！"_s;
 }
 
 std::optional<QString> refusalOf(Session& session, const QString& operatorName, const QString& functionName, RightKind kind)
@@ -55,10 +57,10 @@ std::optional<QString> refusalOf(Session& session, const QString& operatorName, 
       return refusal;
   if (operatorName == Administrator || isAllowed(session, operatorName, functionName, kind))
     return std::nullopt;
-  return QStringLiteral("没有操作权限！");
+  return u"没有操作权限！"_s;
 }
 
-// True if there is none; otherwise it is shown.
+// True if there is no refusal; otherwise it is shown.
 bool showRefusal(Session& session, const std::optional<QString>& refusal)
 {
   if (refusal)

@@ -6,14 +6,14 @@
 
 struct Session;
 
-// Asked before every guarded action. Nothing is kept between two checks, so a change of rights in
-// the main program takes effect at once.
+// Checked before every guarded action. Nothing is cached, so a change of rights in the main program takes effect at
+// once.
 enum class RightKind { Read = 1, Edit = 2, Delete = 3, Print = 4, Auditing = 5 };
 
 // True if the operator may; every refusal has been shown when it returns. In a cloud session the
 // login guard comes first, also for the administrator "系统管理员", who may do everything else.
 bool CheckOperateRight(Session& session, const QString& operatorName, const QString& functionName, RightKind kind);
-// The same for the operator of the session: the text of the refusal, which nobody has seen yet, or nothing.
+// The same for the operator of the session: the text of the refusal, which is not shown, or nothing.
 std::optional<QString> OperateRefusal(Session& session, const QString& functionName, RightKind kind);
 
 // True if this machine is the one on which the cloud account last logged on; a refusal has been shown.

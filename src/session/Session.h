@@ -11,7 +11,7 @@
 #include <memory>
 #include <typeindex>
 
-// Everything that one run asks of its surroundings, made at start and handed down by reference.
+// Everything that a run needs from its environment, created at start and passed by reference.
 struct Session {
   Desk& desk;
   Machine& machine;
@@ -20,7 +20,7 @@ struct Session {
   Connection connection = {};
   Spreadsheet spreadsheet = Spreadsheet();
 
-  // What a module keeps for the run: one object of each type, made at first use.
+  // What a module keeps for the run: one object of each type, created at first use.
   template <typename State> State& kept()
   {
     auto& state = keptState[typeid(State)];

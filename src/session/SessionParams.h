@@ -3,9 +3,8 @@
 #include <QDate>
 #include <QString>
 
-// The session as the starting program hands it over in SysPar.dll: which account set, which
-// operator, which date, what to do. Filled once before any screen exists and only read afterwards.
-// The fields bear the names of the file's keys.
+// The session as the starting program hands it over in SysPar.dll: account set, operator, date, operation. Filled
+// once before any screen exists and only read afterwards. The fields have the names of the file's keys.
 struct SessionParams {
   QString SoftType;
   qint16 OperatorsNum = 0;
@@ -18,7 +17,7 @@ struct SessionParams {
   QString CalCostType;
   bool IsJXC = false; // inventory and finance kept apart: no vouchers
   bool demoData = false;
-  bool IsAccessSQL = false; // which column of the dialect rule
+  bool IsAccessSQL = false; // which SQL dialect
   bool IsLotMoney = false;  // multi-currency accounting
   QString ConDataName;
   QString ConDataRemark;
