@@ -7,10 +7,12 @@
 #include "session/Session.h"
 #include "startup/ModReadWriteParameters.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Mod_ZORVEKMain {
 namespace {
 
-// A screen that is not a bill's, by the order that opens it.
+// A screen that is not a bill's, by the directive that opens it.
 struct ListScreen {
   const char16_t* order;
   const char* screen;
@@ -26,7 +28,7 @@ std::unique_ptr<Screen> loaded(Session& session, ScreenMaker make, const char* n
   return screen;
 }
 
-// What follows the showing is an event of the screen.
+// Once the screen is shown, errors are the screen's: the rest runs as its event.
 void show(Session& session, Screen& screen, bool keepScreen)
 {
   session.desk.show(screen.form());
@@ -57,7 +59,7 @@ bool isSourceOrder(QStringView order)
 }
 
 // A stored bill to be looked at, by OperationsDirective2. Both source bills of the write-off are shown by the
-// receipt's screen: the header table in the third order says what it reads.
+// receipt's screen: the header table in the third directive says what it reads.
 std::unique_ptr<Screen> openView(Session& session, ScreenMaker make)
 {
   const QString order = Trim(session.params.OperationsDirective2);
@@ -90,13 +92,13 @@ Start Main(Session& session, ScreenMaker make)
 {
   try {
     if (!ModReadWriteParameters::ReadSystemParameters(session.machine, session.params))
-      return ended(session, QStringLiteral("读取系统参数失败，本模块启动终止！请重新操作！"));
+      return ended(session, u"读取系统参数失败，本模块启动终止！请重新操作！"_s);
     session.DotSet = LoadDotSet(session);
     std::unique_ptr<Screen> screen = openNewScreen(session, make);
     if (!screen)
       screen = openView(session, make);
     if (!screen)
-      return ended(session, QStringLiteral("读取系统运行参数失败，本模块运行自动终止，请重新操作！"));
+      return ended(session, u"读取系统运行参数失败，本模块运行自动终止，请重新操作！"_s);
     return {std::move(screen), 0};
   } catch (const RunTimeError& error) {
     return ended(session, error.text());

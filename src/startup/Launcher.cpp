@@ -7,10 +7,12 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace Mod_ZORVEKMain {
 namespace {
 
-// The programs of the suite; `called` is the word for the program in its two messages.
+// The programs of the suite; `called` is its name in the two messages.
 struct Sibling {
   const char* executable;
   const char16_t* called;
@@ -49,7 +51,7 @@ const Sibling* siblingFor(const QString& operation)
     if (operation == QStringView(known.name))
       return &known.sibling;
   for (const BillKind* const kind : BillKinds::All)
-    if (kind->writeOff && operation == QString::fromUtf16(kind->name) + QStringLiteral("原单查看"))
+    if (kind->writeOff && operation == QString::fromUtf16(kind->name) + u"原单查看"_s)
       return &CashAndBank;
   const bool isOfImages = operation.endsWith(u"图片") && BillKinds::first(&BillKind::hasImagesCalled, QStringView(operation).chopped(2));
   return isOfImages ? &ImageManager : nullptr;
@@ -61,7 +63,7 @@ bool RunSiblingProgram(Session& session, const QString& operation, const Directi
 {
   const Sibling* const sibling = siblingFor(Trim(operation));
   if (!sibling) {
-    session.desk.inform(QStringLiteral("未传递操作指令，操作中断！"));
+    session.desk.inform(u"未传递操作指令，操作中断！"_s);
     return false;
   }
   if (!ModReadWriteParameters::WriteSystemParameters(session, directives))
@@ -69,11 +71,11 @@ bool RunSiblingProgram(Session& session, const QString& operation, const Directi
   const QString called = QString::fromUtf16(sibling->called);
   const QString path = session.machine.inProgramFolder(QString::fromLatin1(sibling->executable));
   if (!QFileInfo(path).isFile()) {
-    session.desk.stop(called + QStringLiteral("程序不存在，请确定您程序安装是否完整！"));
+    session.desk.stop(called + u"程序不存在，请确定您程序安装是否完整！"_s);
     return false;
   }
   if (!session.machine.startProgram(path)) {
-    session.desk.stop(QStringLiteral("启动") + called + QStringLiteral("程序意外终止！"));
+    session.desk.stop(u"启动"_s + called + u"程序意外终止！"_s);
     return false;
   }
   return true;

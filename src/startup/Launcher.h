@@ -4,7 +4,7 @@
 
 struct Session;
 
-// The five orders that one program hands to another.
+// The five directives that one program passes to another.
 struct Directives {
   QString first;
   QString second = {};
@@ -13,11 +13,11 @@ struct Directives {
   QString fifth = {};
 };
 
-// The start of other programs of the suite.
+// Starts other programs of the suite.
 namespace Mod_ZORVEKMain {
 
-// Starts the program that an operation belongs to, with the session and these orders.
-// True only if it was started; every failure has been shown.
+// Starts the program that an operation belongs to, with the session and these directives. True only if it was
+// started; every failure has been shown.
 bool RunSiblingProgram(Session& session, const QString& operation, const Directives& directives);
 
 } // namespace Mod_ZORVEKMain

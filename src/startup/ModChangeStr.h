@@ -3,15 +3,15 @@
 #include <QByteArray>
 #include <QString>
 
-// The scrambling of the lines of SysPar.dll. It works on the bytes of the ANSI code page, so that
-// every character of that page survives the trip, whatever the shifted value would be as a character.
+// The scrambling of the lines of SysPar.dll. It works on the bytes of the ANSI code page, so that every character of
+// that page survives the round trip, whatever the shifted value would be as a character.
 namespace ModChangeStr {
 
-// The trimmed line, its characters from last to first, each lowered by 5; a two-byte character is
-// one number. Not ended by a line break. What the code page has no character for is written as "?".
+// The trimmed line with its characters reversed, each lowered by 5; a two-byte character is one number. Without a
+// line break. Characters outside the code page are written as "?".
 QByteArray ChangeStrEncode(const QString& line);
 
-// The line that was scrambled.
+// The original line.
 QString ChangeStrDecode(const QByteArray& scrambled);
 
 } // namespace ModChangeStr

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <variant>
 
+using namespace Qt::StringLiterals;
+
 namespace ModReadWriteParameters {
 namespace {
 
@@ -22,7 +24,7 @@ struct Field {
   bool trimmedWhenWritten = false;
 };
 
-// The order is part of the format, because a reader only ever reads forward.
+// The order is part of the format, because readers only read forward.
 const Field Fields[] = {
     {"SoftType", &Params::SoftType, true},
     {"OperatorsNum", &Params::OperatorsNum},
@@ -58,10 +60,10 @@ const Field Fields[] = {
     {"OperationsDirective5", &Params::OperationsDirective5},
 };
 
-// Far more than the longest file of the family.
+// Far more than the longest file of the suite.
 constexpr qint64 LargestFile = 1 << 20;
 
-// The lines of the file, read forward and never back.
+// The lines of the file, read forward only.
 class ParameterReader {
 public:
   explicit ParameterReader(const QByteArray& content)
@@ -71,12 +73,11 @@ public:
         line.chop(1);
       m_lines.append(ModChangeStr::ChangeStrDecode(line));
     }
-    // What follows the last line break is no line.
+    // Text after the last line break is ignored.
     m_lines.removeLast();
   }
 
-  // True if at least one line has the name of a key, in any order: otherwise this is no
-  // parameter file at all.
+  // True if at least one line has the name of a key, in any order: otherwise this is not a parameter file.
   bool carriesAnyKey() const
   {
     const auto isOfKey = [](const QString& line) {
@@ -86,8 +87,8 @@ public:
     return std::any_of(m_lines.begin(), m_lines.end(), isOfKey);
   }
 
-  // The value of a key, looked for from where the last search ended. Empty if the file ends first,
-  // or if a line comes that is neither a value nor a heading.
+  // The value of a key, searched from where the last search ended. Empty if the file ends first, or if a line comes
+  // that is neither a value nor a heading.
   QString ReadParameter(const QString& key)
   {
     while (m_at < m_lines.size()) {
@@ -125,7 +126,7 @@ QString give(const Params& params, const Field& field)
   if (const auto text = std::get_if<QString Params::*>(&field.member))
     return field.trimmedWhenWritten ? Trim(params.**text) : params.**text;
   if (const auto flag = std::get_if<bool Params::*>(&field.member))
-    return params.**flag ? QStringLiteral("1") : QStringLiteral("0");
+    return params.**flag ? u"1"_s : u"0"_s;
   if (const auto date = std::get_if<QDate Params::*>(&field.member))
     return DateText::shortForm(params.**date);
   return NumberText::plain(params.*std::get<qint16 Params::*>(field.member));
@@ -144,7 +145,7 @@ QStringList keys()
 bool ReadSystemParameters(const Machine& machine, SessionParams& params)
 {
   const auto content = SafeFile::take(machine.inProgramFolder(QString::fromLatin1(FileName)), LargestFile + 1);
-  // Whoever writes one ends every line, so a file that ends inside a line was cut.
+  // A file that does not end in a line break is truncated.
   if (!content || content->size() > LargestFile || !content->endsWith('\n'))
     return false;
 
@@ -168,7 +169,7 @@ std::optional<QByteArray> fileContent(const QHash<QString, QString>& values)
   for (const QString& key : keys()) {
     const QString line = key + u'=' + values.value(key);
     const QByteArray scrambled = ModChangeStr::ChangeStrEncode(line);
-    // Two control characters become line breaks when they are lowered, others open a pair.
+    // Shifting maps two control characters to CR and LF and others to lead bytes.
     if (ModChangeStr::ChangeStrDecode(scrambled) != Trim(line) || scrambled.contains('\n') || scrambled.contains('\r'))
       return std::nullopt;
     content += scrambled + "\r\n";
@@ -196,7 +197,7 @@ bool WriteSystemParameters(Session& session, const Directives& directives)
   if (content && writeFile(session.machine.programFolder(), *content))
     return true;
   QFile::remove(session.machine.inProgramFolder(QString::fromLatin1(FileName)));
-  session.desk.stop(QStringLiteral("参数存取失败！"));
+  session.desk.stop(u"参数存取失败！"_s);
   return false;
 }
 
