@@ -30,7 +30,7 @@ bool AllocationEditor::gridKey(const Key& key)
   m_editor.hide();
   switch (key.code) {
   case Key::Enter: openCell(); return true;
-  // To the right with Shift too: the list itself knows no way back.
+  // Shift+Tab also moves right, as in the suite.
   case Key::Tab: moveColumn(1); return true;
   case Key::Character: ShowEditBox(key.text); return true;
   default: return false;

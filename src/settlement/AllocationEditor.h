@@ -4,11 +4,11 @@
 
 #include <functional>
 
-// Text2 over the list of the write-off bench. Only one column of the rows above the totals can be
-// edited: a key opens it, Enter takes the amount over, anything else drops what was typed.
+// Text2 over the list of the write-off screen. Only one column of the rows above the totals can be edited: a key
+// opens it, Enter accepts the amount, anything else discards what was typed.
 class AllocationEditor {
 public:
-  // `take` runs for an amount that the operator has confirmed; it stands in the current cell by then.
+  // `take` runs for an amount that the operator has confirmed; the current cell holds it by then.
   AllocationEditor(Grid& grid, CellEditor& editor, int column, std::function<void()> take);
 
   // Lays the box over the current cell with this text, if the cell can be edited.

@@ -14,7 +14,7 @@ constexpr SqlLiteral LinkedColumns = u"tmpInOutBill.Code as InOutBillCode , tmpI
                                      u",tmpInOutBill.SumMoney as BillSumMoney,tmpInOutBill.YHXMoney as YHXMoney"
                                      u",tmpSFKRecordBill.HXMoney as HXMoney,tmpSFKRecordBill.HXMoney as BCHXMoney,0 as WHXMoney";
 
-// The goods bills that the links are joined to.
+// The goods bills that the links are joined with.
 Statement goodsBills(const QString& table, const QList<Statement>& conditions)
 {
   return {

@@ -6,34 +6,36 @@
 #include "session/ModuleADO.h"
 #include "startup/Launcher.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr char Unmatched[] = "未勾对数据";
-constexpr char Matched[] = "已勾对数据";
+const QString Unmatched = u"未勾对数据"_s;
+const QString Matched = u"已勾对数据"_s;
 
 // What the programs of the goods bills call the bills of a kind.
 struct Kind {
-  const char* billType;
-  const char* name;
+  QStringView billType;
+  QStringView name;
 };
 constexpr Kind Kinds[] = {
-    {"购买入库单", "购买入库"}, {"采购入库单", "采购入库"}, {"其他入库单", "其他入库"},
-    {"销售出库单", "销售出库"}, {"其他出库单", "其他出库"},
+    {u"购买入库单", u"购买入库"}, {u"采购入库单", u"采购入库"}, {u"其他入库单", u"其他入库"},
+    {u"销售出库单", u"销售出库"}, {u"其他出库单", u"其他出库"},
 };
 
 } // namespace
 
 GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits, std::span<const ListColumn> columns,
-                             std::span<const char* const> foreignOrders)
+                             std::span<const QStringView> foreignOrders)
     : ListForm(ofSession, traits), m_columns(columns), m_foreignOrders(foreignOrders)
 {
   buildHead();
-  CombBillType = addDropDown("CombBillType", {"采购入库单", "销售出库单", "其他入库单", "其他出库单"});
-  CombShowType = addDropDown("CombShowType", {Unmatched, Matched, "全部数据"});
-  Container* const invoices = add<Container>(FrameCondition, "Frame1", "发票类型");
-  ChZZSFP = add<CheckBox>(invoices, "ChZZSFP", "增值税发票");
-  ChPTFP = add<CheckBox>(invoices, "ChPTFP", "普通发票");
-  ChSJ = add<CheckBox>(invoices, "ChSJ", "收据");
+  CombBillType = addDropDown("CombBillType", {u"采购入库单"_s, u"销售出库单"_s, u"其他入库单"_s, u"其他出库单"_s});
+  CombShowType = addDropDown("CombShowType", {Unmatched, Matched, u"全部数据"_s});
+  Container* const invoices = add<Container>(FrameCondition, "Frame1", u"发票类型"_s);
+  ChZZSFP = add<CheckBox>(invoices, "ChZZSFP", u"增值税发票"_s);
+  ChPTFP = add<CheckBox>(invoices, "ChPTFP", u"普通发票"_s);
+  ChSJ = add<CheckBox>(invoices, "ChSJ", u"收据"_s);
   for (CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
     box->setChecked(true);
   buildConditions();
@@ -44,19 +46,19 @@ GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits, std::
 QString GoodsLineForm::headerTable() const
 {
   const QString table = ModFuntion::GetBillHeaderTable(CombBillType->text());
-  return table.isEmpty() ? "TabOutBill" : table;
+  return table.isEmpty() ? u"TabOutBill"_s : table;
 }
 
 QString GoodsLineForm::lineTable() const
 {
   const QString table = ModFuntion::GetBillLineTable(CombBillType->text());
-  return table.isEmpty() ? "TabOutBillInf" : table;
+  return table.isEmpty() ? u"TabOutBillInf"_s : table;
 }
 
 Statement GoodsLineForm::BuildQuerySql()
 {
   if (invoiceKinds().isEmpty()) {
-    desk().inform("请选择发票类型！");
+    desk().inform(u"请选择发票类型！"_s);
     return {};
   }
   if (!datesAreDates())
@@ -103,7 +105,7 @@ QList<Statement> GoodsLineForm::conditions() const
 
 std::span<const ListColumn> GoodsLineForm::columns() const
 {
-  for (const char* const order : m_foreignOrders)
+  for (const QStringView order : m_foreignOrders)
     if (session.params.OperateType == order)
       return {};
   return m_columns;
@@ -126,12 +128,12 @@ void GoodsLineForm::FillMSH(const Statement& list)
 
 QStringList GoodsLineForm::printHead() const
 {
-  QString invoices = "发票类型：";
+  QString invoices = u"发票类型："_s;
   for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
     if (box->isChecked())
-      invoices += box->caption() + "  ";
-  return {invoices, "票据类型：" + CombBillType->text(), "单据日期从：" + TxtDateeFrom->text() + "至" + TxtDateeTo->text(),
-          "显示数据类型：" + CombShowType->text()};
+      invoices += box->caption() + u"  "_s;
+  return {invoices, u"票据类型："_s + CombBillType->text(), u"单据日期从："_s + TxtDateeFrom->text() + u'至' + TxtDateeTo->text(),
+          u"显示数据类型："_s + CombShowType->text()};
 }
 
 void GoodsLineForm::takePartner(const PickedRecord& picked, PartnerBox box)
@@ -148,12 +150,12 @@ void GoodsLineForm::ToolOldBill_Click()
     return;
   for (const Kind& kind : Kinds)
     if (CombBillType->text() == kind.billType)
-      Mod_ZORVEKMain::RunSiblingProgram(session, QString(kind.name) + "原单查看",
-                                        {session.params.OperateType, kind.name, headerTable(), textUnder("单据编号")});
+      Mod_ZORVEKMain::RunSiblingProgram(session, kind.name.toString() + u"原单查看"_s,
+                                        {session.params.OperateType, kind.name.toString(), headerTable(), textUnder(u"单据编号"_s)});
 }
 
 void GoodsLineForm::headTotals()
 {
-  MSH->setText(MSH->rows() - 1, 2, "合计");
+  MSH->setText(MSH->rows() - 1, 2, u"合计"_s);
   MSH->setTotalsRow(true);
 }

@@ -3,9 +3,8 @@
 #include "database/Recordset.h"
 #include "settlement/ListForm.h"
 
-// The conditions that invoice matching and its summary share: lines of goods bills of one kind, by the
-// invoices that their bills carry and by whether they have been matched. Only bills in the state 正常
-// take part.
+// The conditions that invoice matching and its summary share: lines of goods bills of one kind, by the kind of
+// invoice of their bills and by whether they have been matched. Only bills in the state 正常 are included.
 class GoodsLineForm : public ListForm {
   Q_OBJECT
 
@@ -19,10 +18,10 @@ public:
   ComboBox* CombShowType = nullptr;
 
 protected:
-  // `foreignOrders` are the orders of screens that share these lists and lay them out themselves: under
-  // one of them nothing is laid out or listed here.
+  // `foreignOrders` are the directives of screens that share these lists and lay them out themselves: for them
+  // nothing is laid out or listed here.
   GoodsLineForm(Session& ofSession, const ListTraits& traits, std::span<const ListColumn> columns,
-                std::span<const char* const> foreignOrders);
+                std::span<const QStringView> foreignOrders);
 
   // The tables that the statement reads, and what follows its columns: from these tables, under the conditions.
   struct Tables {
@@ -31,7 +30,7 @@ protected:
     Statement fromWhere;
   };
   virtual Statement statement(const Tables& tables) const = 0;
-  // True if what the statement gave is as good as nothing.
+  // True if the result counts as empty.
   virtual bool isNothing(const Recordset& rs) const { return rs.eof(); }
   // Shows the rows below the headings, and the totals row below them.
   virtual void showRows(Recordset& rs) = 0;
@@ -44,7 +43,7 @@ protected:
   QString lineTable() const;
   void takePartner(const PickedRecord& picked, PartnerBox box) override;
   void ToolOldBill_Click();
-  // Turns the last, blank row into the totals row; its amounts are the caller's.
+  // Turns the last, empty row into the totals row; the caller sets its amounts.
   void headTotals();
 
 private:
@@ -52,5 +51,5 @@ private:
   QList<Statement> conditions() const;
 
   const std::span<const ListColumn> m_columns;
-  const std::span<const char* const> m_foreignOrders;
+  const std::span<const QStringView> m_foreignOrders;
 };

@@ -9,11 +9,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace HXLinks {
 namespace {
 
-// The one number that a statement gives, in single precision; 0 for nothing.
-float single(Session& session, const Statement& statement, const QString& field)
+// The one number that a query returns, in single precision; 0 if there is none.
+float single(Session& session, const Statement& statement, QAnyStringView field)
 {
   const Recordset rs = OpenRecordset(session, statement);
   return rs.eof() ? 0.0F : float(rs.number(field));
@@ -56,7 +58,7 @@ void DeleteHXLink(Session& session, const QString& billCode, const QString& bill
 void SaveHXRow(Session& session, const Link& link)
 {
   DeleteHXLink(session, link.billCode, link.billType, link.SFKBillCode);
-  // The blank inside the quotes of the first date is part of the stored value.
+  // The space inside the quotes of the first date is part of the stored value.
   Execute(session, {u" insert into TabSFKHeXiao values (   ' {}'  , '{}'  , '{}' , {} , '{}'  , '{}'  ) ",
                     DateText::shortForm(session.machine.today()), link.billCode, link.SFKBillCode, SqlNumber(link.money), link.billDatee,
                     DateText::shortForm(link.SFKBillDatee)});

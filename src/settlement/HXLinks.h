@@ -5,20 +5,20 @@
 
 struct Session;
 
-// The links of TabSFKHeXiao, one for each goods bill and money bill that settle each other, and the
-// running sum of its links in HXMoney of the goods bill. After every call that writes, HXMoney of the
-// goods bill is the sum of its links; each statement stands for itself.
+// The links of TabSFKHeXiao, one for each goods bill and money bill that settle each other, and the running sum of
+// its links in HXMoney of the goods bill. After every call that writes, HXMoney of the goods bill is the sum of its
+// links; each statement is independent.
 //
-// Sums are kept in single precision, seven significant digits: what is compared with a money bill's
-// total has gone through the same rounding.
+// Sums are kept in single precision, seven significant digits: what is compared with a money bill's total is rounded
+// the same way.
 namespace HXLinks {
 
-// The table of a goods bill by the text of its type: purchases, and everything else.
+// The table of a goods bill by the text of its type: purchases, or else sales.
 QString BillTableOfType(const QString& billType);
 
 // What has been written off of a goods bill by all its links; 0 without any.
 float GetBillHXSum(Session& session, const QString& billCode);
-// What is to be written off of a goods bill: its sum without what was settled at the counter.
+// What is to be written off of a goods bill: its sum minus Cash and Credit.
 float GetBillDueMoney(Session& session, const QString& billCode, const QString& billType);
 
 void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode);

@@ -7,29 +7,30 @@
 #include "printing/frmExport.h"
 #include "session/ModuleADO.h"
 
-ListForm::ListForm(Session& ofSession, const ListTraits& traits)
-    : Form(ofSession.desk, QString::fromLatin1(traits.form)), session(ofSession), m_traits(traits)
+using namespace Qt::StringLiterals;
+
+ListForm::ListForm(Session& ofSession, const ListTraits& traits) : Form(ofSession.desk, traits.form), session(ofSession), m_traits(traits)
 {
-  setCaption(traits.caption);
+  setCaption(traits.caption.toString());
 }
 
 void ListForm::buildHead()
 {
-  LabTabName = add<Label>(this, "LabTabName", m_traits.caption);
-  FrameCondition = add<Container>(this, "FrameCondition", "条件设置");
+  LabTabName = add<Label>(this, "LabTabName", m_traits.caption.toString());
+  FrameCondition = add<Container>(this, "FrameCondition", u"条件设置"_s);
 }
 
 void ListForm::buildConditions()
 {
-  TxtDateeFrom = new EntryBox(FrameCondition, "TxtDateeFrom", ".0123456789-");
-  TxtDateeTo = new EntryBox(FrameCondition, "TxtDateeTo", ".0123456789-");
+  TxtDateeFrom = new EntryBox(FrameCondition, "TxtDateeFrom", u".0123456789-"_s);
+  TxtDateeTo = new EntryBox(FrameCondition, "TxtDateeTo", u".0123456789-"_s);
   TxtBillCode = new EntryBox(FrameCondition, "TxtBillCode");
   TxtUnitCode = new EntryBox(FrameCondition, "TxtUnitCode");
   ImgUnitCode = addPartnerButton("ImgUnitCode", PartnerBox::Code);
   TxtUnitName = new EntryBox(FrameCondition, "TxtUnitName");
   ImgUnitName = addPartnerButton("ImgUnitName", PartnerBox::Name);
-  add<Button>(FrameCondition, "CmdQuery", m_traits.queryCaption)->onClick = [this] { CmdQuery_Click(); };
-  add<Label>(FrameCondition, "Label16", m_traits.hint);
+  add<Button>(FrameCondition, "CmdQuery", m_traits.queryCaption.toString())->onClick = [this] { CmdQuery_Click(); };
+  add<Label>(FrameCondition, "Label16", m_traits.hint.toString());
 }
 
 void ListForm::buildList()
@@ -38,23 +39,23 @@ void ListForm::buildList()
   MSH->setRowList(true);
   Container* const toolbar = add<Container>(this, "Toolbar1");
   for (const ListTraits::Tool& tool : m_traits.tools)
-    add<ToolButton>(toolbar, tool.name, tool.caption);
+    add<ToolButton>(toolbar, tool.name, tool.caption.toString());
   buildMenus();
 }
 
 void ListForm::buildMenus()
 {
-  Menu* const file = add<Menu>(this, "MFile", "文件(&F)");
-  add<MenuItem>(file, "FExcel", "导出至Excel表")->onClick = [this] { frmExport(session).Export2Excel(*MSH); };
-  addPrintItem(file, "FPrintSet", "打印设置");
-  add<MenuItem>(file, "FMSHFormat", "界面列表格式设置")->onClick = [this] {
+  Menu* const file = add<Menu>(this, "MFile", u"文件(&F)"_s);
+  add<MenuItem>(file, "FExcel", u"导出至Excel表"_s)->onClick = [this] { frmExport(session).Export2Excel(*MSH); };
+  addPrintItem(file, "FPrintSet", u"打印设置"_s);
+  add<MenuItem>(file, "FMSHFormat", u"界面列表格式设置"_s)->onClick = [this] {
     GridLayout::FMSHFormat_Click(session, *MSH, LabTabName->caption());
   };
-  add<MenuItem>(file, "FDeleteMSHFormat", "删除界面列表格式")->onClick = [this] { FDeleteMSHFormat_Click(); };
-  add<MenuItem>(file, "FExit", "退出")->onClick = [this] { close(); };
-  Menu* const print = add<Menu>(this, "MPrint", "打印(&T)");
-  addPrintItem(print, "PDirect", "直接打印");
-  addPrintItem(print, "PPreview", "打印预览");
+  add<MenuItem>(file, "FDeleteMSHFormat", u"删除界面列表格式"_s)->onClick = [this] { FDeleteMSHFormat_Click(); };
+  add<MenuItem>(file, "FExit", u"退出"_s)->onClick = [this] { close(); };
+  Menu* const print = add<Menu>(this, "MPrint", u"打印(&T)"_s);
+  addPrintItem(print, "PDirect", u"直接打印"_s);
+  addPrintItem(print, "PPreview", u"打印预览"_s);
   onTool("ToolPrint", [print] { print->popUp(); });
   onTool("ToolExit", [this] { close(); });
 }
@@ -78,7 +79,7 @@ ImageButton* ListForm::addPartnerButton(const char* name, PartnerBox box)
     if (!offersPartners())
       return;
     const Statement partners(u"select Code,Name from TabClient order by code");
-    if (const auto picked = CodePicker::pick(session, {partners, "TabClient", "选择往来单位", true}))
+    if (const auto picked = CodePicker::pick(session, {partners, u"TabClient"_s, u"选择往来单位"_s, true}))
       takePartner(*picked, box);
   });
 }
@@ -87,7 +88,7 @@ void ListForm::CmdQuery_Click()
 {
   const Statement list = BuildQuerySql();
   if (list.isEmpty())
-    desk().inform("请设置查询条件！");
+    desk().inform(u"请设置查询条件！"_s);
   else
     FillMSH(list);
 }
@@ -120,14 +121,14 @@ void ListForm::PrintGrid(const QString& operation)
 
 bool ListForm::datesAreDates()
 {
-  return isBlankOrDate(*TxtDateeFrom, "单据日期从") && isBlankOrDate(*TxtDateeTo, "单据日期至");
+  return isBlankOrDate(*TxtDateeFrom, u"单据日期从"_s) && isBlankOrDate(*TxtDateeTo, u"单据日期至"_s);
 }
 
 bool ListForm::isBlankOrDate(const TextBox& box, const QString& label)
 {
   if (Trim(box.text()).isEmpty() || DateText::parse(Trim(box.text())))
     return true;
-  desk().inform(label + "不是日期型格式(" + m_traits.dateFormat + "),请修改！");
+  desk().inform(label + u"不是日期型格式("_s + m_traits.dateFormat.toString() + u"),请修改！"_s);
   return false;
 }
 
@@ -151,7 +152,7 @@ bool ListForm::isOnRow() const
 
 void ListForm::tellNoData()
 {
-  desk().inform("没有满足条件的数据！");
+  desk().inform(u"没有满足条件的数据！"_s);
 }
 
 void ListForm::onUnload()

@@ -19,20 +19,20 @@ using ListColumn = GridLayout::Column;
 struct ListTraits {
   struct Tool {
     const char* name;
-    const char* caption;
+    QStringView caption;
   };
 
   const char* form;
-  const char* caption;      // of the form, and of LabTabName until someone sets another
-  const char* queryCaption; // of CmdQuery
-  const char* hint;         // Label16
-  const char* dateFormat;   // as the refusal of a date words it
+  QStringView caption;      // of the form, and of LabTabName until it is changed
+  QStringView queryCaption; // of CmdQuery
+  QStringView hint;         // Label16
+  QStringView dateFormat;   // as the message about a wrong date writes it
   std::span<const Tool> tools;
 };
 
-// The ground of the list screens: conditions above, a list below, a toolbar and two menus. The
-// operator sets conditions and asks for the list; nothing is listed before. A list is laid out by what
-// is stored under the caption of LabTabName, or else by the screen's own columns.
+// The base class of the list screens: conditions above, a list below, a toolbar and two menus. Nothing is listed
+// until the operator has set conditions and queries. A list is laid out as stored under the caption of LabTabName, or
+// else by the screen's own columns.
 //
 // Always holds: the grid has at least the heading row and one row; after a fill its last row holds the
 // totals.
@@ -41,10 +41,10 @@ class ListForm : public Form, public Screen {
 
 public:
   Form& form() final { return *this; }
-  // Lists what the conditions find. A refused condition has shown its message, and a second one follows.
+  // Lists what the conditions find. After a refused condition and its message a second message follows.
   void CmdQuery_Click();
 
-  // What the entry, another screen or a bill sets before the list is asked for.
+  // Set by the entry, another screen or a bill before the query.
   Label* LabTabName = nullptr;
   Container* FrameCondition = nullptr;
   TextBox* TxtDateeFrom = nullptr;
@@ -60,40 +60,40 @@ protected:
 
   // The statement of the list; empty after a refusal, whose message has been shown.
   virtual Statement BuildQuerySql() = 0;
-  // Runs the statement and shows its rows, or tells that there are none.
+  // Runs the query and shows its rows, or a message that there are none.
   virtual void FillMSH(const Statement& list) = 0;
-  // The columns of the list as it stands; none if the screen is not to be laid out at all.
+  // The columns of the list; empty if the screen is not to be laid out at all.
   virtual std::span<const ListColumn> columns() const = 0;
   // The lines above the list on a printout.
   virtual QStringList printHead() const { return {}; }
   // False if the buttons beside the partner's boxes open nothing.
   virtual bool offersPartners() const { return true; }
-  // A partner was picked by the button beside one of his boxes.
+  // A partner was picked with the button beside one of the partner's boxes.
   enum class PartnerBox { Code, Name };
   virtual void takePartner(const PickedRecord& picked, PartnerBox box) = 0;
 
   void onUnload() override;
 
-  // Building, called by the form in the order of Tab; its own conditions come between.
+  // Called by the form in tab order, with its own conditions in between.
   void buildHead();
   void buildConditions();
   void buildList();
   ComboBox* addDropDown(const char* name, const QStringList& items);
-  void onTool(const char* name, std::function<void()> press) { find<ToolButton>(QString::fromLatin1(name))->onClick = std::move(press); }
+  void onTool(const char* name, std::function<void()> press) { find<ToolButton>(name)->onClick = std::move(press); }
 
   Session& session;
 
-  // Lays the grid out: columns, fixed places, widths, headings. The data stay.
+  // Lays the grid out: columns, fixed places, widths, headings. The data are kept.
   void SetGridHead();
-  // Takes all rows away but the headings and one blank row.
+  // Removes all rows but the headings and one empty row.
   void emptyGrid();
-  // False, after the refusal, if a date box holds something that is no date.
+  // False, after a message, if a date box holds something that is not a date.
   bool datesAreDates();
-  // The date of a box, as the database wants it.
+  // The date of a box, in the SQL dialect.
   Statement dateOf(const TextBox& box) const;
   // The text of the current row in the column of this heading; empty if no column has it.
   QString textUnder(const QString& heading) const;
-  // True if the current row shows a bill, or a partner: it is no heading and column 1 is not blank.
+  // True if the current row shows a bill, or a partner: it is not a heading and column 1 is not empty.
   bool isOnRow() const;
   void tellNoData();
 

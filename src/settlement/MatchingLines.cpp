@@ -5,6 +5,8 @@
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class Look { Plain, OfBill, Attribute, Number, Money, Tick };
@@ -15,7 +17,7 @@ struct Field {
 };
 
 constexpr int AttributeCode = 11;
-// By the columns of the list. The unit prices look like quantities: so the screen is used.
+// By the columns of the list. The unit prices are formatted like quantities, which users rely on.
 constexpr Field Fields[MatchingLines::ColumnCount] = {
     {nullptr},
     {"BillCode", Look::OfBill},
@@ -58,7 +60,7 @@ void MatchingLines::findColumns()
   for (int column = 1; column < ColumnCount; ++column) {
     m_places[column] = m_rows.column(QString::fromLatin1(Fields[column].name));
     if (m_places[column] < 0)
-      throw RunTimeError(RunTimeError::NoSuchField, "没有字段 " + QString::fromLatin1(Fields[column].name));
+      throw RunTimeError(RunTimeError::NoSuchField, u"没有字段 "_s + QString::fromLatin1(Fields[column].name));
   }
 }
 
@@ -95,7 +97,7 @@ QString MatchingLines::text(int line, int column) const
   case Look::Attribute: return m_attributes.value(value.toText());
   case Look::Number: return ModFuntion::FormatDotText(value, m_decimals.DotNumber);
   case Look::Money: return ModFuntion::FormatDotText(value, m_decimals.DotMoney);
-  case Look::Tick: return value.toInteger() == 1 ? QStringLiteral("√") : QString();
+  case Look::Tick: return value.toInteger() == 1 ? u"√"_s : QString();
   }
   return value.toText();
 }

@@ -9,8 +9,8 @@
 
 struct Session;
 
-// The lines of the matching list, read once and kept as the database gave them. The text of a cell is
-// made when it is wanted: most of tens of thousands of lines are never looked at.
+// The lines of the matching list, read once and kept as the database returned them. The text of a cell is made on
+// demand: most of tens of thousands of lines are never viewed.
 class MatchingLines {
 public:
   enum Column { BillCode = 1, Num = 7, GouDui = 24, ColumnCount };
@@ -19,8 +19,7 @@ public:
   MatchingLines(Session& session, RowSet rows);
 
   int count() const { return int(m_rows.rows()); }
-  // What a column of the list shows of a line, counted from 0. What belongs to the bill shows on its
-  // first line only.
+  // What a column of the list shows of a line, counted from 0. Values of the bill are shown on its first line only.
   QString text(int line, int column) const;
 
 private:
@@ -30,7 +29,7 @@ private:
 
   RowSet m_rows;
   DotType m_decimals;
-  int m_places[ColumnCount] = {}; // where a column of the list stands among the fields
+  int m_places[ColumnCount] = {}; // the field of each column of the list
   std::vector<bool> m_isFirst;
   QHash<QString, QString> m_attributes;
 };

@@ -11,8 +11,8 @@ namespace SingleMoney {
 // The amount at the start of a cell's text; 0 if there is none.
 float of(const QString& cell);
 
-// `from` without all of `less`, as a cell shows it. The seven digits of each are taken as they stand,
-// so that a bill that is settled in full leaves 0, and no speck of a binary fraction.
+// `from` minus all of `less`, as a cell shows it. Computed with the seven decimal digits of each, so that a bill that
+// is settled in full leaves 0 and no floating-point residue.
 QString difference(float from, std::initializer_list<float> less);
 
 } // namespace SingleMoney

@@ -8,6 +8,8 @@
 #include "settlement/SingleMoney.h"
 #include "settlement/frmSFKHeXiao.h"
 
+using namespace Qt::StringLiterals;
+
 namespace WriteOff {
 namespace {
 
@@ -16,7 +18,7 @@ bool isStored(Session& session, const BillKind& kind, const QString& code)
   return !OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(kind.headerTable), Trim(code)}).eof();
 }
 
-// The partner and the kind are the bill's; dates, state and the goods bill's code stay free.
+// The partner and the kind are the bill's; dates, state and the goods bill's code remain free.
 void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
 {
   bench.TxtUnitCode->setText(bill.unitCode);
@@ -27,7 +29,7 @@ void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
   for (Control* const control :
        std::initializer_list<Control*>{bench.TxtUnitCode, bench.TxtUnitName, bench.ImgUnitCode, bench.ImgUnitName, bench.CombHXType})
     control->setEnabled(false);
-  bench.LabSFKMoney->setCaption("核销金额：" + NumberText::ofSingle(total));
+  bench.LabSFKMoney->setCaption(u"核销金额："_s + NumberText::ofSingle(total));
   bench.LabSFKMoney->setVisible(true);
 }
 
@@ -36,12 +38,12 @@ void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
 void open(Session& session, const BillKind& kind, const Bill& bill)
 {
   if (!isStored(session, kind, bill.code)) {
-    session.desk.inform("尚未保存数据，请先保存数据后重新执行核销！");
+    session.desk.inform(u"尚未保存数据，请先保存数据后重新执行核销！"_s);
     return;
   }
   const float total = SingleMoney::of(ModFuntion::StripMoneyText(bill.total));
   if (total == 0) {
-    session.desk.inform(QString::fromUtf16(kind.operation) + "金额为0不能执行核销！");
+    session.desk.inform(QString::fromUtf16(kind.operation) + u"金额为0不能执行核销！"_s);
     return;
   }
   frmSFKHeXiao bench(session, kind.writeOff->mode);

@@ -9,7 +9,7 @@ struct Session;
 // The write-off of one payment or receipt, called from its bill screen.
 namespace WriteOff {
 
-// The bill as it stands on the screen, changes included that are not saved yet.
+// The bill as shown, including unsaved changes.
 struct Bill {
   QString code;  // TxtBillCode
   QString total; // caption of LabTotalMoney

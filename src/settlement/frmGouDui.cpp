@@ -8,6 +8,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr ListColumn Columns[MatchingLines::ColumnCount] = {
@@ -19,17 +21,17 @@ constexpr ListColumn Columns[MatchingLines::ColumnCount] = {
 };
 
 constexpr ListTraits::Tool Tools[] = {
-    {"ToolOldBill", "原单"}, {"ToolOK", "调入"}, {"ToolFiltre", "过滤"}, {"ToolPrint", "打印"}, {"ToolExit", "退出"},
+    {"ToolOldBill", u"原单"}, {"ToolOK", u"调入"}, {"ToolFiltre", u"过滤"}, {"ToolPrint", u"打印"}, {"ToolExit", u"退出"},
 };
 
-constexpr ListTraits Traits{"frmGouDui",   "开票勾对",
-                            "查询",        "注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
-                            "YYYY-MMM-DD", Tools};
+constexpr ListTraits Traits{"frmGouDui",    u"开票勾对",
+                            u"查询",        u"注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
+                            u"YYYY-MMM-DD", Tools};
 
-constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询", "销售订单查询"};
+constexpr QStringView ForeignOrders[] = {u"购买订单调入查询", u"销售订单调入查询", u"购买订单查询", u"销售订单查询"};
 
-constexpr char Tick[] = "√";
-// Lines are counted in sixteen bits.
+const QString Tick = u"√"_s;
+// The suite counts lines in sixteen bits.
 constexpr int MostLines = std::numeric_limits<qint16>::max();
 
 } // namespace
@@ -66,11 +68,11 @@ void frmGouDui::showRows(Recordset& rs)
   MSH->setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
   MSH->addRow();
   if (shown < lines->count())
-    throw RunTimeError(RunTimeError::Overflow, "溢出");
+    throw RunTimeError(RunTimeError::Overflow, u"溢出"_s);
   // The amounts of the totals row stay empty.
   headTotals();
   for (int col = 3; col <= 10; ++col)
-    MSH->setText(MSH->rows() - 1, col, "----");
+    MSH->setText(MSH->rows() - 1, col, u"----"_s);
 }
 
 void frmGouDui::MSH_Click()
@@ -79,15 +81,15 @@ void frmGouDui::MSH_Click()
   if (!FrameCondition->isEnabled() || MSH->col() != MatchingLines::GouDui || row <= 0)
     return;
   const bool wasTicked = Trim(MSH->text(row, MatchingLines::GouDui)) == Tick;
-  if (wasTicked && !desk().confirm("确定取消吗？", Desk::Icon::Question))
+  if (wasTicked && !desk().confirm(u"确定取消吗？"_s, Desk::Icon::Question))
     return;
-  MSH->setText(row, MatchingLines::GouDui, wasTicked ? "" : Tick);
+  MSH->setText(row, MatchingLines::GouDui, wasTicked ? QString() : Tick);
   const auto number = qint64(NumberText::numericPrefix(MSH->text(row, MatchingLines::Num)));
   Execute(session, {u"update {} set GouDui={}  where BillCode='{}' and Num={} ", SqlName(lineTable()), SqlNumber(wasTicked ? 0 : 1),
                     billCodeOf(row), SqlNumber(number)});
 }
 
-// The code stands on the first line of a bill only.
+// Only the first line of a bill shows its code.
 QString frmGouDui::billCodeOf(int row) const
 {
   while (row > 0 && Trim(MSH->text(row, MatchingLines::BillCode)).isEmpty())

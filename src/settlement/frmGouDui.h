@@ -2,9 +2,8 @@
 
 #include "settlement/GoodsLineForm.h"
 
-// Invoice matching: lists the lines of goods bills, and a click in the last column ticks a line or
-// takes its tick back, at once and without the list being asked for anew. While FrameCondition is
-// disabled the list is only looked at.
+// Invoice matching: lists the lines of goods bills, and a click in the last column ticks a line or removes its tick,
+// at once and without another query. While FrameCondition is disabled the list is read-only.
 class frmGouDui : public GoodsLineForm {
   Q_OBJECT
 

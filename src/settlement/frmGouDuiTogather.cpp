@@ -3,6 +3,8 @@
 #include "ledger/Money.h"
 #include "platform/Trim.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr ListColumn Columns[] = {
@@ -12,20 +14,21 @@ constexpr int FirstSum = 3;
 constexpr const char* Sums[] = {"SumMoneyy", "SumMoneyyDiscount", "SumTax", "SumMoneyyTax"};
 
 constexpr ListTraits::Tool Tools[] = {
-    {"ToolOldBill", "原单"}, {"ToolInf", "明细"}, {"ToolOK", "调入"}, {"ToolFiltre", "过滤"}, {"ToolPrint", "打印"}, {"ToolExit", "退出"},
+    {"ToolOldBill", u"原单"}, {"ToolInf", u"明细"},   {"ToolOK", u"调入"},
+    {"ToolFiltre", u"过滤"},  {"ToolPrint", u"打印"}, {"ToolExit", u"退出"},
 };
 
 constexpr ListTraits Traits{"frmGouDuiTogather",
-                            "开票金额汇总表",
-                            "汇总",
-                            "注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
-                            "YYYY-MMM-DD",
+                            u"开票金额汇总表",
+                            u"汇总",
+                            u"注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
+                            u"YYYY-MMM-DD",
                             Tools};
 
-constexpr const char* ForeignOrders[] = {"购买订单调入查询", "销售订单调入查询", "购买订单查询",
-                                         "销售订单查询",     "采购订单调入查询", "采购订单查询"};
+constexpr QStringView ForeignOrders[] = {u"购买订单调入查询", u"销售订单调入查询", u"购买订单查询",
+                                         u"销售订单查询",     u"采购订单调入查询", u"采购订单查询"};
 
-constexpr char DetailTitle[] = "开票勾对明细显示";
+const QString DetailTitle = u"开票勾对明细显示"_s;
 
 } // namespace
 
@@ -57,7 +60,7 @@ Statement frmGouDuiTogather::statement(const Tables& tables) const
           H};
 }
 
-// A first partner without an amount hides all the others.
+// As in the suite, a null amount in the first row counts as an empty result.
 bool frmGouDuiTogather::isNothing(const Recordset& rs) const
 {
   return rs.eof() || rs.field("SumMoneyy").isNull();
@@ -106,7 +109,7 @@ void frmGouDuiTogather::ToolInf_Click()
   desk().show(*m_detail);
 }
 
-// The partner is the row's; its code and name are prefixes there, so that others may come with it.
+// The partner is the row's; its code and name are prefixes there, so that others may match, too.
 void frmGouDuiTogather::copyConditions(frmGouDui& detail)
 {
   detail.TxtBillCode->setText(TxtBillCode->text());
@@ -121,7 +124,7 @@ void frmGouDuiTogather::copyConditions(frmGouDui& detail)
   detail.CombShowType->setText(CombShowType->text());
 }
 
-// The run ends with this screen, and the detail with the run.
+// The run ends with this screen, so the detail closes, too.
 void frmGouDuiTogather::onUnload()
 {
   if (m_detail)

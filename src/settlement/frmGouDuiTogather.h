@@ -2,8 +2,8 @@
 
 #include "settlement/frmGouDui.h"
 
-// The invoice summary: the lines of invoice matching, summed for each trading partner. A row leads to
-// its lines on frmGouDui, which can then only be looked at.
+// The invoice summary: the lines of invoice matching, summed for each trading partner. A row opens its lines on
+// frmGouDui, read-only.
 class frmGouDuiTogather : public GoodsLineForm {
   Q_OBJECT
 

@@ -10,10 +10,12 @@
 #include "settlement/SingleMoney.h"
 #include "startup/Launcher.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr char Unsettled[] = "未核销";
-constexpr char Settled[] = "已核销";
+const QString Unsettled = u"未核销"_s;
+const QString Settled = u"已核销"_s;
 
 enum Column { RowNumber, BillCode, BillType, BillDatee, BillSumMoney = 7, Due, WrittenOff, Amount, Open, SFKCode };
 
@@ -25,12 +27,12 @@ constexpr ListColumn Columns[] = {
 constexpr std::size_t WorkingColumns = 12;
 
 constexpr ListTraits::Tool Tools[] = {
-    {"ToolInOutBill", "购销单"}, {"ToolSFKBill", "收付款单"}, {"ToolHX", "核销"},
-    {"ToolFiltre", "过滤"},      {"ToolPrint", "打印"},       {"ToolExit", "退出"},
+    {"ToolInOutBill", u"购销单"}, {"ToolSFKBill", u"收付款单"}, {"ToolHX", u"核销"},
+    {"ToolFiltre", u"过滤"},      {"ToolPrint", u"打印"},       {"ToolExit", u"退出"},
 };
 
-constexpr ListTraits Traits{"frmSFKHeXiao", "收付款核销", "查询", "注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
-                            "YYYY-MM-DD",   Tools};
+constexpr ListTraits Traits{"frmSFKHeXiao", u"收付款核销", u"查询", u"注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
+                            u"YYYY-MM-DD",  Tools};
 
 // The kind of money bill that goods bills of this type are settled by; null if there is none.
 const BillKind* settlingKind(const QString& goodsType)
@@ -50,10 +52,10 @@ constexpr int Red = 255;
 frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode) : ListForm(ofSession, Traits), HXMode(QString::fromUtf16(mode))
 {
   buildHead();
-  LabSFKMoney = add<Label>(this, "LabSFKMoney", "核销金额");
+  LabSFKMoney = add<Label>(this, "LabSFKMoney", u"核销金额"_s);
   LabSFKMoney->setVisible(false);
-  CombHXType = addDropDown("CombHXType", {"收款核销", "付款核销"});
-  CombHXState = addDropDown("CombHXState", {"", Unsettled, Settled});
+  CombHXType = addDropDown("CombHXType", {u"收款核销"_s, u"付款核销"_s});
+  CombHXState = addDropDown("CombHXState", {QString(), Unsettled, Settled});
   buildConditions();
   buildList();
   Text2 = new CellEditor(this, *MSH);
@@ -71,7 +73,7 @@ void frmSFKHeXiao::Form_Load()
   LabTabName->setCaption(HXMode);
   const QDate day = session.params.OperateDate;
   const QDate first(day.year(), day.month(), 1);
-  TxtDateeFrom->setText(QString::number(day.year()) + "-" + QString::number(day.month()) + "-1");
+  TxtDateeFrom->setText(QString::number(day.year()) + u'-' + QString::number(day.month()) + u"-1"_s);
   TxtDateeTo->setText(DateText::shortForm(first.addMonths(1)));
   SetGridHead();
 }
@@ -104,7 +106,7 @@ Statement frmSFKHeXiao::BuildQuerySql()
   return BenchQuery::openBills(table, conditions());
 }
 
-// The box labelled with the money bill's code asks for the goods bill's own: so the screen is used.
+// The box labelled with the money bill's code searches for the goods bill's own, which users rely on.
 QList<Statement> frmSFKHeXiao::conditions() const
 {
   const SqlName table(goodsTable());
@@ -125,8 +127,8 @@ QList<Statement> frmSFKHeXiao::conditions() const
   return pieces;
 }
 
-// The working list leaves out bills that were allocated beyond their due; the query shows them, and
-// leaves out bills with nothing due.
+// The working list leaves out bills that were allocated beyond what is due; the query shows them, and leaves out
+// bills with nothing due.
 Statement frmSFKHeXiao::stateCondition() const
 {
   const SqlName T(goodsTable());
@@ -177,7 +179,7 @@ void frmSFKHeXiao::showRows(const Recordset& rs)
   RefreshTotals();
 }
 
-// What is due and what others have taken is asked bill by bill: HXMoney of the bill may be stale.
+// What is due and what other bills have settled is queried bill by bill: HXMoney may be stale.
 QStringList frmSFKHeXiao::settledLine(QStringList line)
 {
   const float due = HXLinks::GetBillDueMoney(session, line[BillCode], line[BillType]);
@@ -191,7 +193,7 @@ QStringList frmSFKHeXiao::settledLine(QStringList line)
 void frmSFKHeXiao::RefreshTotals()
 {
   const int totals = MSH->rows() - 1;
-  // A goods bill may stand here once for each of its links, and its own amounts would count as often.
+  // A goods bill may be listed once for each of its links, and its own amounts would be added as often.
   const bool listsLinks = isQuery() && CombHXState->text() == Settled;
   for (int col = BillSumMoney; col <= Open; ++col) {
     QString text;
@@ -219,7 +221,7 @@ void frmSFKHeXiao::takeAmount()
 void frmSFKHeXiao::CommitHX()
 {
   if (isQuery()) {
-    desk().inform("收付款核销查询状态下不允许操作核销！");
+    desk().inform(u"收付款核销查询状态下不允许操作核销！"_s);
     return;
   }
   if (!allocatesWholeBill())
@@ -227,7 +229,7 @@ void frmSFKHeXiao::CommitHX()
   for (int row = 1; row <= lastDataRow(); ++row)
     if (SingleMoney::of(cell(row, Amount)) != 0)
       SaveHXRow(row);
-  desk().inform("核销成功！");
+  desk().inform(u"核销成功！"_s);
 }
 
 bool frmSFKHeXiao::allocatesWholeBill()
@@ -235,13 +237,13 @@ bool frmSFKHeXiao::allocatesWholeBill()
   float total = 0;
   for (int row = 1; row <= lastDataRow(); ++row) {
     if (SingleMoney::of(cell(row, Open)) < 0) {
-      desk().inform("第 " + QString::number(row) + " 行未核销金额为负，请调整数据使其不能为负值！");
+      desk().inform(u"第 "_s + QString::number(row) + u" 行未核销金额为负，请调整数据使其不能为负值！"_s);
       return false;
     }
     total = float(double(total) + NumberText::numericPrefix(cell(row, Amount)));
   }
   if (total != SFKMoney)
-    desk().inform("设置的核销金额与收付款单金额不相等，请检查！");
+    desk().inform(u"设置的核销金额与收付款单金额不相等，请检查！"_s);
   return total == SFKMoney;
 }
 
@@ -256,22 +258,23 @@ void frmSFKHeXiao::ShowInOutBill()
   const QString billType = cell(MSH->row(), BillType);
   if (!isOnRow() || !settlingKind(billType))
     return;
-  Mod_ZORVEKMain::RunSiblingProgram(session, billType + "原单查看",
-                                    {"收付款核销", billType, HXLinks::BillTableOfType(billType), textUnder("单据编号")});
+  Mod_ZORVEKMain::RunSiblingProgram(session, billType + u"原单查看"_s,
+                                    {u"收付款核销"_s, billType, HXLinks::BillTableOfType(billType), textUnder(u"单据编号"_s)});
 }
 
 void frmSFKHeXiao::ShowSFKBill()
 {
   if (!isOnRow())
     return;
-  const QString code = textUnder("收付款单号");
+  const QString code = textUnder(u"收付款单号"_s);
   if (code.isEmpty()) {
-    desk().inform("不能确定收付款单号，请先点击选择需要显示的行！");
+    desk().inform(u"不能确定收付款单号，请先点击选择需要显示的行！"_s);
     return;
   }
   if (const BillKind* const kind = settlingKind(cell(MSH->row(), BillType)))
-    Mod_ZORVEKMain::RunSiblingProgram(session, QString::fromUtf16(kind->name) + "原单查看",
-                                      {"收付款核销", QString::fromUtf16(kind->writeOff->sourceOrder), kind->headerTable, code});
+    Mod_ZORVEKMain::RunSiblingProgram(
+        session, QString::fromUtf16(kind->name) + u"原单查看"_s,
+        {u"收付款核销"_s, QString::fromUtf16(kind->writeOff->sourceOrder), QLatin1String(kind->headerTable), code});
 }
 
 void frmSFKHeXiao::goToFirstAmount()

@@ -3,12 +3,11 @@
 #include "settlement/AllocationEditor.h"
 #include "settlement/ListForm.h"
 
-// The write-off bench: allocates one payment or receipt (the SFK bill) over the goods bills that it
-// settles, and lists all write-offs. HXMode says which.
+// The write-off screen: allocates one payment or receipt (the SFK bill) over the goods bills that it settles, and
+// lists all write-offs. HXMode says which.
 //
-// Rows 1 to rows - 2 are goods bills, the last row holds totals. An amount set to 0 drops its link at
-// once; any other amount is written by the commit, which demands that the money bill is used up to the
-// last digit of single precision.
+// Rows 1 to rows - 2 are goods bills, the last row holds totals. An amount set to 0 deletes its link at once; any
+// other amount is written by the commit, which requires that the whole money bill is allocated, in single precision.
 class frmSFKHeXiao : public ListForm {
   Q_OBJECT
 
@@ -17,7 +16,7 @@ public:
 
   explicit frmSFKHeXiao(Session& ofSession, const char16_t* mode = QueryMode);
 
-  // The money bill that is allocated; none in the query mode.
+  // The money bill that is allocated; empty in query mode.
   QString SFKBillCode;
   float SFKMoney = 0;
   QDate SFKBillDatee;
@@ -25,13 +24,13 @@ public:
   ComboBox* CombHXType = nullptr;
   Label* LabSFKMoney = nullptr;
 
-  // Puts the operator on the first amount, if anything is listed.
+  // Moves to the first amount, if anything is listed.
   void goToFirstAmount();
 
   void Form_Load() override;
 
 protected:
-  // The choice is dropped: the boxes stay as they were.
+  // The choice is ignored: the boxes are unchanged.
   void takePartner(const PickedRecord&, PartnerBox) override {}
   Statement BuildQuerySql() override;
   void FillMSH(const Statement& list) override;
