@@ -14,6 +14,8 @@
 #include <thread>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace BillTemplate {
 
 namespace {
@@ -21,18 +23,18 @@ namespace {
 constexpr int SearchedRows = 40;
 constexpr int SearchedColumns = 40;
 constexpr std::chrono::milliseconds PreviewPoll{50};
-constexpr int FirstLineRow = 17; // and the next: the place of the lines, which goes
-const QString Page = QStringLiteral("sheet1");
-const QString LayoutSheet = QStringLiteral("样式分类设置");
-const QString FixedLayout = QStringLiteral("特殊格式设定");
+constexpr int FirstLineRow = 17; // this row and the next are replaced by the lines
+const QString Page = u"sheet1"_s;
+const QString LayoutSheet = u"样式分类设置"_s;
+const QString FixedLayout = u"特殊格式设定"_s;
 
 QString stampOf(const QDateTime& now)
 {
-  return now.toString(QStringLiteral("yyyyMdHHmmss"));
+  return now.toString(u"yyyyMdHHmmss"_s);
 }
 
-// A cell that holds the word of an amount and nothing else: the template may sum it. Whatever else looks like a
-// number, such as a rate, a telephone or a remark, is a text.
+// A cell that holds only the word of an amount: the template may sum it. Anything else that looks like a number, such
+// as a rate, a telephone number or a remark, is a text.
 bool isAmount(const QString& cellText, const QList<Placeholder>& placeholders)
 {
   return std::any_of(placeholders.begin(), placeholders.end(),
@@ -55,7 +57,7 @@ void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
     }
 }
 
-// Only the last sheet can ask for a layout: a later sheet takes back what an earlier one asked for.
+// Only the last sheet can choose the layout: later sheets override earlier ones.
 bool isFixedLayout(Workbook& workbook)
 {
   const QStringList names = workbook.sheetNames();
@@ -76,12 +78,12 @@ QList<QStringList> linesOf(const Grid& grid)
   return lines;
 }
 
-// The lines stand from row 17 on when the two rows of the template are gone.
+// The lines begin in row 17 once the two rows of the template are deleted.
 void fillLines(Workbook& workbook, const Grid& grid, int amountColumn)
 {
   QList<QStringList> lines = isFixedLayout(workbook) ? QList<QStringList>() : linesOf(grid);
   if (!lines.isEmpty()) {
-    // A cell that was given a text takes no number any more.
+    // A cell that was entered as text no longer takes a number.
     QStringList amounts;
     for (QStringList& line : lines)
       amounts.append(std::exchange(line[amountColumn - 1], QString()));
@@ -95,7 +97,7 @@ void fillLines(Workbook& workbook, const Grid& grid, int amountColumn)
 
 void showPreview(Workbook& workbook, Desk& desk)
 {
-  workbook.preview(Page, QStringLiteral("打印"));
+  workbook.preview(Page, u"打印"_s);
   while (workbook.isInPreview()) {
     desk.breathe();
     std::this_thread::sleep_for(PreviewPoll);
@@ -107,7 +109,7 @@ void finish(Workbook& workbook, Finish how, Desk& desk)
   switch (how) {
   case Finish::Print: return workbook.print(Page);
   case Finish::Preview: return showPreview(workbook, desk);
-  case Finish::HandOver: return workbook.handOver(Page, QStringLiteral("输出...."));
+  case Finish::HandOver: return workbook.handOver(Page, u"输出...."_s);
   }
 }
 
@@ -147,41 +149,41 @@ std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const 
 {
   Recordset rs = OpenRecordsetForUpdate(session, {u"SELECT * FROM TabExcelTable where TabName = '{}' ", tabName});
   if (rs.recordCount() <= 0) {
-    session.desk.ask({tabName + "  不存在！.", Desk::Icon::Warning, Desk::Buttons::Ok, QStringLiteral("错误")});
+    session.desk.ask({tabName + u"  不存在！."_s, Desk::Icon::Warning, Desk::Buttons::Ok, u"错误"_s});
     return 0;
   }
   if (!SafeFile::write(filePath, rs.bytes("TabInf")))
-    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
+    throw RunTimeError(RunTimeError::PathFileAccess, u"路径/文件访问错误"_s);
   return rs.recordCount();
 }
 
 void PrintBill_Excel(Session& session, const Job& job)
 {
   const QString name = Trim(job.templateName);
-  if (name.isEmpty() || name == QStringLiteral("暂无"))
-    return session.desk.inform(QStringLiteral("未传递打印模版名，打印终止！"));
+  if (name.isEmpty() || name == u"暂无"_s)
+    return session.desk.inform(u"未传递打印模版名，打印终止！"_s);
   QString workPath;
   bool stays = false;
   try {
     if (!isStored(session, job))
-      return session.desk.inform(QStringLiteral("尚未保存数据，请先保存数据后重新执行打印！"));
+      return session.desk.inform(u"尚未保存数据，请先保存数据后重新执行打印！"_s);
     // Names come from the database: one with a separator in it would lead out of the two folders.
     const QString workName = stampOf(session.machine.now()) + name;
     if (!SafeFile::isName(workName))
-      throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
-    const QString unpacked = session.machine.inProgramFolder("PrintTemp/" + workName);
+      throw RunTimeError(RunTimeError::PathFileAccess, u"路径/文件访问错误"_s);
+    const QString unpacked = session.machine.inProgramFolder(u"PrintTemp/"_s + workName);
     if (RestoreFileFromDb(session, unpacked, name) <= 0)
-      return session.desk.inform(QStringLiteral("打开报表模版失败，请重新操作！"));
+      return session.desk.inform(u"打开报表模版失败，请重新操作！"_s);
     if (!QFile::exists(unpacked))
-      return session.desk.inform(QStringLiteral("打印模版文件不存在，打印终止！"));
-    workPath = session.machine.inProgramFolder("TempFile/" + workName);
+      return session.desk.inform(u"打印模版文件不存在，打印终止！"_s);
+    workPath = session.machine.inProgramFolder(u"TempFile/"_s + workName);
     QFile::remove(workPath);
     if (!QFile::copy(unpacked, workPath))
-      throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误"));
+      throw RunTimeError(RunTimeError::PathFileAccess, u"路径/文件访问错误"_s);
     printFile(session, job, workPath);
     stays = job.finish == Finish::HandOver;
   } catch (const RunTimeError&) {
-    session.desk.inform(QStringLiteral("操作发生不可预测性错误！请退出软件重启电脑后再操作！"));
+    session.desk.inform(u"操作发生不可预测性错误！请退出软件重启电脑后再操作！"_s);
   }
   if (!stays && !workPath.isEmpty())
     QFile::remove(workPath);

@@ -8,12 +8,11 @@
 class Grid;
 struct Session;
 
-// A bill printed through a workbook that the user designed. The workbook lies in the database; its
-// first page is filled from the screen, and the bill's lines go where its rows 17 and 18 are.
+// A bill printed through a workbook that the user designed. The workbook is stored in the database; its first page is
+// filled from the screen, and the bill's lines replace its rows 17 and 18.
 namespace BillTemplate {
 
-// A word of the template and what takes its place. The order counts: a word that begins with another
-// one stands ahead of it.
+// A word of the template and its replacement. The order matters: a word that begins with another one comes before it.
 struct Placeholder {
   QString word;
   QString value;
@@ -26,7 +25,7 @@ struct Job {
   QString templateName;
   QString billCode;
   QString headerTable;
-  // Asked once a print, when the template is open.
+  // Called once per print, when the template is open.
   std::function<QList<Placeholder>()> placeholders;
   // The bill's lines: its grid, which is empty for a bill without any.
   const Grid* lines;
@@ -43,7 +42,7 @@ void PrintBill_Excel(Session& session, const Job& job);
 
 QString ReplacePlaceholders(QString cellText, const QList<Placeholder>& placeholders);
 
-// Writes the stored template to a file. The count of rows found, 0 after a message.
+// Writes the stored template to a file. Returns the number of rows found, 0 after a message.
 std::int64_t RestoreFileFromDb(Session& session, const QString& filePath, const QString& tabName);
 
 } // namespace BillTemplate

@@ -4,5 +4,5 @@
 
 struct Session;
 
-// Opens the image manager on a bill that is stored; otherwise the message why not. For ToolImg.
+// Opens the image manager on a stored bill, or shows why not. For ToolImg.
 void OpenBillImages(Session& session, const QString& billCode, const QString& billName);

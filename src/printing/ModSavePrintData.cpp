@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ModSavePrintData {
 namespace {
 
@@ -17,18 +19,18 @@ constexpr int LastLine = 20;
 // Counted from 1; index 0 is not used.
 using Lines = std::array<QString, LastLine + 1>;
 
-// The lines above and below the grid of a printout. They stay between the print jobs of a run: a later
-// job that sets fewer of them keeps the older ones beyond its own.
+// The lines above and below the grid of a printout. They are kept between the print jobs of a run: a later job that
+// sets fewer of them keeps the older ones after its own.
 struct PrintStrings {
   Lines head = {};
   Lines foot = {};
 };
 
-// The lines of the file: headers end in a colon, values stand behind an equals sign.
+// The lines of the file: headers end in a colon, values follow an equals sign.
 class PrintFile {
 public:
-  void header(const QString& key) { m_text += key + ":\r\n"; }
-  void value(const QString& key, const QString& value) { m_text += key + "=" + value + "\r\n"; }
+  void header(const QString& key) { m_text += key + u":\r\n"_s; }
+  void value(const QString& key, const QString& value) { m_text += key + u'=' + value + u"\r\n"_s; }
   void value(const QString& key, int number) { value(key, QString::number(number)); }
   QString text() const { return m_text; }
 
@@ -36,18 +38,17 @@ private:
   QString m_text;
 };
 
-// Counts the strings that hold something and writes as many from the first on: behind a gap the last
-// one is lost.
+// Counts the non-empty strings and writes as many from the first on: after a gap the last one is lost.
 void writeStrings(PrintFile& file, const QString& which, const Lines& lines)
 {
   const auto count = std::count_if(lines.begin() + 1, lines.end(), [](const QString& line) { return !line.isEmpty(); });
-  file.header(which + "count");
-  file.value("count", int(count));
+  file.header(which + u"count"_s);
+  file.value(u"count"_s, int(count));
   if (count == 0)
     return;
-  file.header(which + "content");
+  file.header(which + u"content"_s);
   for (int i = 1; i <= int(count); ++i)
-    file.value("string", lines[std::size_t(i)]);
+    file.value(u"string"_s, lines[std::size_t(i)]);
 }
 
 // Line ends would end the line of the file.
@@ -64,31 +65,31 @@ void writeCells(PrintFile& file, const PrintGrid& printed)
     for (int c = printed.leftSkip; c < grid.cols(); ++c) {
       if (grid.colWidth(c) < 1)
         continue;
-      file.header("cell");
-      file.value("row", row);
-      file.value("col", ++col);
-      file.value("rowheight", Grid::RowHeight);
-      file.value("colwidth", grid.colWidth(c));
-      file.value("string", oneLine(grid.text(printed.topSkip + row, c)));
+      file.header(u"cell"_s);
+      file.value(u"row"_s, row);
+      file.value(u"col"_s, ++col);
+      file.value(u"rowheight"_s, Grid::RowHeight);
+      file.value(u"colwidth"_s, grid.colWidth(c));
+      file.value(u"string"_s, oneLine(grid.text(printed.topSkip + row, c)));
     }
   }
 }
 
 void writeGrid(PrintFile& file, const PrintGrid& printed)
 {
-  file.header("msh");
-  file.value("mshrows", printed.mshrows());
-  file.value("mshcols", printed.mshcols());
+  file.header(u"msh"_s);
+  file.value(u"mshrows"_s, printed.mshrows());
+  file.value(u"mshcols"_s, printed.mshcols());
   if (printed.mshrows() == 0 || printed.mshcols() == 0)
     return;
-  file.header("mshcontent");
+  file.header(u"mshcontent"_s);
   writeCells(file, printed);
 }
 
 void setString(Lines& lines, const QString& text, int index)
 {
   if (index < 0 || index > LastLine)
-    throw RunTimeError(RunTimeError::OutOfBounds, QStringLiteral("下标越界"));
+    throw RunTimeError(RunTimeError::OutOfBounds, u"下标越界"_s);
   lines[std::size_t(index)] = text;
 }
 
@@ -120,19 +121,19 @@ void SetPrintFootString(Session& session, const QString& text, int index)
 void WritePrintFile(Session& session, const PrintGrid& printed, const QString& printTableName, const QString& printType)
 {
   PrintFile content;
-  content.header("打印表表名");
-  content.value("printtablename", Trim(printTableName));
-  content.header("打印类别");
-  content.value("printtype", Trim(printType));
-  writeStrings(content, "head", session.kept<PrintStrings>().head);
-  writeStrings(content, "foot", session.kept<PrintStrings>().foot);
+  content.header(u"打印表表名"_s);
+  content.value(u"printtablename"_s, Trim(printTableName));
+  content.header(u"打印类别"_s);
+  content.value(u"printtype"_s, Trim(printType));
+  writeStrings(content, u"head"_s, session.kept<PrintStrings>().head);
+  writeStrings(content, u"foot"_s, session.kept<PrintStrings>().foot);
   writeGrid(content, printed);
-  content.header("批量连续打印");
-  content.value("accountantprintsign", QString());
+  content.header(u"批量连续打印"_s);
+  content.value(u"accountantprintsign"_s, QString());
 
   const QString path = session.machine.inProgramFolder(QString::fromLatin1(FileName));
   if (!SafeFile::write(path, AnsiText::encode(content.text())))
-    throw RunTimeError(RunTimeError::PathFileAccess, QStringLiteral("路径/文件访问错误：") + path);
+    throw RunTimeError(RunTimeError::PathFileAccess, u"路径/文件访问错误："_s + path);
 }
 
 } // namespace ModSavePrintData

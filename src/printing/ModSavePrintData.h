@@ -5,13 +5,13 @@
 class Grid;
 struct Session;
 
-// The hand-off of a printout: what is on a screen goes into a text file beside the program, which the
+// Hands a printout to the print manager: writes the screen's content to a text file beside the program, which the
 // print manager reads, lays out and prints.
 namespace ModSavePrintData {
 
 inline constexpr char FileName[] = "printfile.txt";
 
-// The part of a grid that is printed, hidden columns left out. Without a grid none is.
+// The part of a grid that is printed, hidden columns left out. Null prints no grid.
 struct PrintGrid {
   const Grid* grid = nullptr;
   int topSkip = 0;
@@ -19,7 +19,7 @@ struct PrintGrid {
   int rightSkip = 0;
   int bottomSkip = 0;
 
-  // Counts that the file tells: of what shows, less the skips.
+  // The counts in the file: visible rows and columns, minus the skips.
   int mshrows() const;
   int mshcols() const;
 };

@@ -5,6 +5,8 @@
 #include "session/Session.h"
 #include "startup/Launcher.h"
 
+using namespace Qt::StringLiterals;
+
 ModSavePrintData::PrintGrid printedLines(const Grid& grid)
 {
   const bool endsBlank = Trim(grid.text(grid.rows() - 1, 1)).isEmpty();
@@ -18,6 +20,6 @@ void PrintHandOff(Session& session, const PrintJob& job, const QString& printTyp
   for (int i = 0; i < job.foot.size(); ++i)
     ModSavePrintData::SetPrintFootString(session, job.foot[i], i + 1);
   ModSavePrintData::WritePrintFile(session, job.printed, job.title, printType);
-  if (!Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("打印"), {}))
-    session.desk.stop(QStringLiteral("启动打印模块意外失败，请重新操作！"));
+  if (!Mod_ZORVEKMain::RunSiblingProgram(session, u"打印"_s, {}))
+    session.desk.stop(u"启动打印模块意外失败，请重新操作！"_s);
 }

@@ -12,8 +12,8 @@ struct PrintJob {
   ModSavePrintData::PrintGrid printed = {};
 };
 
-// The grid of a list or of a bill's lines as it is printed: without the row marker, and without the last
-// row if that is the blank one to type in.
+// The grid of a list or of a bill's lines as it is printed: without the row marker, and without the last row if that
+// is the empty one for typing.
 ModSavePrintData::PrintGrid printedLines(const Grid& grid);
 
 // Writes the printout and starts the print manager on it. `printType` is "直接打印", "打印预览" or

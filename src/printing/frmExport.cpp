@@ -6,15 +6,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// A block goes over in one call. Between two of them the bar moves and the operator can leave.
+// A block is passed in one call. Between blocks the progress bar moves and the operator can cancel.
 constexpr int RowsInBlock = 512;
 
-// Workbooks know one kind of line break.
+// Workbooks have one kind of line break.
 QString withPlainBreaks(QString text)
 {
-  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+  return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
 QStringList shownTexts(const Grid& grid, int row)
@@ -45,7 +47,7 @@ QList<Workbook::Cell> brokenCells(const QList<QStringList>& block, int firstRow)
   return broken;
 }
 
-// A quarter wider than on the screen: a workbook's letters are larger.
+// A quarter wider than on the screen: spreadsheet fonts are wider.
 QList<int> widthsOf(const Grid& grid)
 {
   QList<int> widths;
@@ -56,12 +58,12 @@ QList<int> widthsOf(const Grid& grid)
 
 } // namespace
 
-frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, QStringLiteral("frmExport")), session(ofSession)
+frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, "frmExport"), session(ofSession)
 {
-  setCaption(QStringLiteral("数据导出"));
-  cmdQuit.setCaption(QStringLiteral("退出(&Q)"));
+  setCaption(u"数据导出"_s);
+  cmdQuit.setCaption(u"退出(&Q)"_s);
   cmdQuit.onClick = [this] { m_isCancelled = true; };
-  Label1.setCaption(QStringLiteral("数据正在导出，请稍等....."));
+  Label1.setCaption(u"数据正在导出，请稍等....."_s);
 }
 
 void frmExport::Export2Excel(const Grid& grid)

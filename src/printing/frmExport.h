@@ -13,10 +13,9 @@ class frmExport : public Form {
 public:
   explicit frmExport(Session& ofSession);
 
-  // Copies what the grid shows, each cell to the place of its row and column, as text whatever it looks
-  // like, in columns sized like the grid's, and leaves the workbook to the operator, unsaved. Hidden columns
-  // stay empty.
-  // RunTimeError without a spreadsheet program. An operator who leaves before the end gets no workbook.
+  // Copies what the grid shows, each cell to the place of its row and column, always as text, in columns sized like
+  // the grid's, and leaves the workbook to the operator, unsaved. Hidden columns are empty. RunTimeError without a
+  // spreadsheet program. An operator who leaves before the end gets no workbook.
   void Export2Excel(const Grid& grid);
 
 protected:
