@@ -14,7 +14,7 @@ namespace {
 
 bool maySetLayouts(Session& session)
 {
-  return CheckOperateRight(session, session.params.UserName, QStringLiteral("界面列表格式设置"), RightKind::Edit);
+  return CheckOperateRight(session, session.params.UserName, u"界面列表格式设置"_s, RightKind::Edit);
 }
 
 // A cell's alignment, font and colour as columns of the table. The grids have one font.
@@ -58,14 +58,14 @@ void FMSHFormat_Click(Session& session, Grid& grid, const QString& screenTitle)
 
 bool FDeleteMSHFormat_Click(Session& session, const QString& screenTitle)
 {
-  if (!maySetLayouts(session) || !session.desk.confirm("删除当前界面格式设置吗？", Desk::Icon::Question))
+  if (!maySetLayouts(session) || !session.desk.confirm(u"删除当前界面格式设置吗？"_s, Desk::Icon::Question))
     return false;
   Execute(session, {u"delete from TabPrintMSHSet where TabName='{}'", keyOf(screenTitle)});
-  session.desk.inform(QStringLiteral("删除成功！"));
+  session.desk.inform(u"删除成功！"_s);
   return true;
 }
 
-// The first cell of a column stands for all of its content.
+// The first cell of a column represents its whole content.
 void SaveGridLayout(Session& session, Grid& grid, const QString& name)
 {
   Execute(session, {u"delete from TabPrintMSHSet where TabName='{}'", name});
@@ -76,7 +76,7 @@ void SaveGridLayout(Session& session, Grid& grid, const QString& name)
                       grid.text(0, col), looks(grid.colAlignment(col), grid.cellColor(0, col)),
                       looks(grid.colAlignment(col), grid.cellColor(contentRow, col))});
   }
-  session.desk.inform(QStringLiteral("保存成功！"));
+  session.desk.inform(u"保存成功！"_s);
 }
 
 } // namespace GridLayout

@@ -11,9 +11,12 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// Twips to a millimetre. To show and to set differ: a width that is shown and set again drifts a little.
+// Twips to a millimetre. The factors for showing and setting differ: a width that is shown and set again drifts a
+// little.
 constexpr double TwipsToShow = 56.7;
 constexpr double TwipsToSet = 56.6928;
 constexpr int WidthOfShownColumn = 1500;
@@ -25,20 +28,20 @@ QString millimetres(int twips)
 
 } // namespace
 
-frmOption_Bill::frmOption_Bill(Session& ofSession) : Form(ofSession.desk, QStringLiteral("frmOption_Bill")), session(ofSession)
+frmOption_Bill::frmOption_Bill(Session& ofSession) : Form(ofSession.desk, "frmOption_Bill"), session(ofSession)
 {
-  setCaption(QStringLiteral("界面显示格式设置"));
-  LabHead.setCaption(QStringLiteral("表格列名"));
-  LabElseName.setCaption(QStringLiteral("名称格式化为："));
-  ChShowCol.setCaption(QStringLiteral("显示列"));
-  LabColWidth.setCaption(QStringLiteral("列宽"));
-  FrameAlign.setCaption(QStringLiteral("对齐方式"));
-  OptionMSHHeadDefault.setCaption(QStringLiteral("默认对齐"));
-  OptionMSHHeadLeft.setCaption(QStringLiteral("左对齐"));
-  OptionMSHHeadCenter.setCaption(QStringLiteral("居中对齐"));
-  OptionMSHHeadRight.setCaption(QStringLiteral("右对齐"));
-  CmdOk.setCaption(QStringLiteral("保   存"));
-  CmdExit.setCaption(QStringLiteral("退   出"));
+  setCaption(u"界面显示格式设置"_s);
+  LabHead.setCaption(u"表格列名"_s);
+  LabElseName.setCaption(u"名称格式化为："_s);
+  ChShowCol.setCaption(u"显示列"_s);
+  LabColWidth.setCaption(u"列宽"_s);
+  FrameAlign.setCaption(u"对齐方式"_s);
+  OptionMSHHeadDefault.setCaption(u"默认对齐"_s);
+  OptionMSHHeadLeft.setCaption(u"左对齐"_s);
+  OptionMSHHeadCenter.setCaption(u"居中对齐"_s);
+  OptionMSHHeadRight.setCaption(u"右对齐"_s);
+  CmdOk.setCaption(u"保   存"_s);
+  CmdExit.setCaption(u"退   出"_s);
   wire();
 }
 
@@ -48,7 +51,7 @@ void frmOption_Bill::wire()
   TxtMSHElseName.onChange = [this] { TxtMSHElseName_Change(); };
   ChShowCol.onClick = [this] { ChShowCol_Click(); };
   TxtMSHColWidth.onChange = [this] { TxtMSHColWidth_Change(); };
-  TxtMSHColWidth.onKey = [this](const Key& key) { return !ModFuntion::FilterKeyPress(desk(), key, ".0123456789", true); };
+  TxtMSHColWidth.onKey = [this](const Key& key) { return !ModFuntion::FilterKeyPress(desk(), key, u".0123456789"_s, true); };
   OptionMSHHeadDefault.onClick = [this] { align(Grid::AlignDefault); };
   OptionMSHHeadLeft.onClick = [this] { align(Grid::AlignLeft); };
   OptionMSHHeadCenter.onClick = [this] { align(Grid::AlignCenter); };
@@ -132,7 +135,7 @@ void frmOption_Bill::align(int alignment)
 void frmOption_Bill::CmdOk_Click()
 {
   if (name.isEmpty()) {
-    desk().inform(QStringLiteral("被设置的界面名称不能确定，保存失败！请退出后重新设置。"));
+    desk().inform(u"被设置的界面名称不能确定，保存失败！请退出后重新设置。"_s);
     return;
   }
   GridLayout::SaveGridLayout(session, *grid, name);

@@ -6,10 +6,10 @@
 class Grid;
 struct Session;
 
-// The dialog that renames, resizes, aligns and hides the columns of the calling screen's grid. It works
-// on the live grid, so each change shows at once; leaving without a save takes nothing back.
+// The dialog that renames, resizes, aligns and hides the columns of the calling screen's grid. It works on the live
+// grid, so each change shows at once; closing without saving keeps the changes.
 //
-// What is changed is every column whose heading is the name chosen in the list, two of one name both.
+// Every column with the chosen heading is changed: both columns if two share a heading.
 class frmOption_Bill : public Form {
   Q_OBJECT
 
@@ -22,7 +22,7 @@ public:
 private:
   void wire();
   QList<int> chosenColumns() const;
-  // Fills the fields from a column, and leaves the column as it is.
+  // Fills the fields from a column, without changing the column.
   void showColumn(int col);
   void ListMSHHead_Click();
   void ChShowCol_Click();
