@@ -8,18 +8,18 @@
 
 struct Session;
 
-// How a screen asks for one record of a master table.
+// The request for one record of a master table.
 struct CodePickerCall {
-  // The first list. A refresh or a search drops it and lists `CodeTable` instead.
+  // The first list. A refresh or a search lists `CodeTable` instead.
   Statement sql;
-  // TabClient, TabProvide or TabStuff; it decides the categories and what can be added.
+  // TabClient, TabProvide or TabStuff; it determines the categories and what can be added.
   QString CodeTable;
   // Caption of the dialog and of the label above the list.
   QString title;
   bool offersAdd = false;
 };
 
-// What was chosen: a row of the list, or what was typed into its boxes, which nobody checks.
+// What was chosen: a row of the list, or what was typed into its boxes, which is not checked.
 struct PickedRecord {
   QString code;
   QString name;

@@ -8,7 +8,7 @@
 
 struct Session;
 
-// How a screen asks for one node of a coded tree.
+// The request for one node of a coded tree.
 struct TreePickerCall {
   // TabAccountantType; any other table counts as one of warehouses.
   QString TreeTable = QStringLiteral("TabAccountantType");
@@ -16,7 +16,7 @@ struct TreePickerCall {
   Statement TreeWhere = {};
   // "转出账户", "转入账户", "收入科目", "费用科目", or empty.
   QString TreeKind = {};
-  // Where the choice goes on frmFeeElseIncome: "Text2", "现金" or "银行存款".
+  // The target of the choice on frmFeeElseIncome: "Text2", "现金" or "银行存款".
   QString TreeTarget = {};
 };
 

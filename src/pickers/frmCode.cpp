@@ -7,17 +7,19 @@
 #include "session/Session.h"
 #include "startup/Launcher.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-// What differs between the master tables. A table that is not here has no categories and cannot be
-// added to.
+// What differs between the master tables. A table that is not listed has no categories, and nothing can be added to
+// it.
 struct MasterTable {
   const char16_t* name;
   SqlLiteral columns;
   const char16_t* categories;
   const char16_t* treeTitle;
   const char16_t* categoryColumn;
-  const char16_t* right; // also the first order to the program that adds
+  const char16_t* right; // also the first directive to the program that adds
   const char16_t* operation;
 };
 
@@ -54,16 +56,16 @@ frmCode::frmCode(Session& ofSession, const CodePickerCall& call)
 {
   setCaption(call.title);
   LabName.setCaption(call.title);
-  TreeView_Type.setToolTip(QStringLiteral("双击类别则按类别过滤"));
-  LabCode.setCaption(QStringLiteral("编号"));
-  LabTxtName.setCaption(QStringLiteral("名称"));
-  LabZJF.setCaption(QStringLiteral("助记符"));
-  Label3.setCaption(QStringLiteral("注意：在编号或名称或助记符中输入相应值击回车键可快速查询（支持模糊查询）。"));
-  CmdAdd.setCaption(QStringLiteral("增 加"));
+  TreeView_Type.setToolTip(u"双击类别则按类别过滤"_s);
+  LabCode.setCaption(u"编号"_s);
+  LabTxtName.setCaption(u"名称"_s);
+  LabZJF.setCaption(u"助记符"_s);
+  Label3.setCaption(u"注意：在编号或名称或助记符中输入相应值击回车键可快速查询（支持模糊查询）。"_s);
+  CmdAdd.setCaption(u"增 加"_s);
   CmdAdd.setVisible(call.offersAdd);
-  CmdRefresh.setCaption(QStringLiteral("刷  新"));
-  CmdOK.setCaption(QStringLiteral("确  定"));
-  CmdExit.setCaption(QStringLiteral("退  出"));
+  CmdRefresh.setCaption(u"刷  新"_s);
+  CmdOK.setCaption(u"确  定"_s);
+  CmdExit.setCaption(u"退  出"_s);
   wire();
   setFocus(MSH);
 }
@@ -81,9 +83,9 @@ void frmCode::wire()
       return true;
     };
   };
-  searchOnEnter(TxtCode, "Code", "");
-  searchOnEnter(TxtName, "Name", "%");
-  searchOnEnter(TxtZJF, "ZJF", "%");
+  searchOnEnter(TxtCode, "Code", QString());
+  searchOnEnter(TxtName, "Name", u"%"_s);
+  searchOnEnter(TxtZJF, "ZJF", u"%"_s);
   CmdOK.onClick = [this] { CmdOK_Click(); };
   CmdAdd.onClick = [this] { CmdAdd_Click(); };
   CmdRefresh.onClick = [this] { RefreshList({}); };
@@ -150,14 +152,13 @@ void frmCode::showRows(const Recordset& rs)
     line.resize(MSH.cols());
     texts.append(std::move(line));
   }
-  // An empty list leaves one blank row.
+  // An empty list has one empty row.
   if (texts.isEmpty())
-    texts.append({QStringLiteral("1")});
+    texts.append({u"1"_s});
   MSH.setBlock(1, std::move(texts));
 }
 
-// A category whose parent is not there ends the load with a box; the dialog goes on with those that
-// were loaded by then.
+// A category without its parent ends the load with a box; the dialog goes on with those loaded so far.
 void frmCode::loadTree()
 {
   const MasterTable* const table = masterTable(CodeTable);
@@ -178,12 +179,12 @@ void frmCode::loadTree()
 void frmCode::loadCategories(const QString& table)
 {
   for (Recordset rs = OpenRecordset(session, {u"select * from {} order by Code ", SqlName(table)}); !rs.eof(); rs.moveNext()) {
-    const QString key = Trim(rs.text("Code")) + "_";
-    const QString shown = Trim(rs.text("Code")) + "{" + Trim(rs.text("Name")) + "}";
+    const QString key = Trim(rs.text("Code")) + u'_';
+    const QString shown = Trim(rs.text("Code")) + u'{' + Trim(rs.text("Name")) + u'}';
     if (rs.text("ParentCode") == u"0")
       TreeView_Type.addTop(key, shown, Tree::Image::ParentPic);
     else
-      TreeView_Type.addChild(rs.text("ParentCode") + "_", key, shown, Tree::Image::ChildPic);
+      TreeView_Type.addChild(rs.text("ParentCode") + u'_', key, shown, Tree::Image::ChildPic);
   }
 }
 
@@ -198,7 +199,7 @@ void frmCode::TreeView_Type_DblClick()
   if (!table)
     return;
   Statement left(u"select {} from {}  ", Statement(table->columns), SqlName(CodeTable));
-  // The top category "1" stands for all records.
+  // The top category "1" means all records.
   if (!TreeCode.isEmpty() && TreeCode != u"1")
     left += Statement(u" where {} like '{}%' ", SqlName(text(table->categoryColumn)), TreeCode);
   FillMSH(left, {u"order by Code "});
@@ -229,7 +230,7 @@ void frmCode::MSH_Click()
 void frmCode::CmdOK_Click()
 {
   if (Trim(TxtCode.text()).isEmpty()) {
-    desk().inform(QStringLiteral("请选择名称！"));
+    desk().inform(u"请选择名称！"_s);
     return;
   }
   m_choice = {TxtCode.text(), TxtName.text()};
@@ -240,5 +241,5 @@ void frmCode::CmdAdd_Click()
 {
   const MasterTable* const table = masterTable(CodeTable);
   if (table && CheckOperateRight(session, session.params.UserName, text(table->right), RightKind::Read))
-    Mod_ZORVEKMain::RunSiblingProgram(session, text(table->operation), {text(table->right), QStringLiteral("临时增加")});
+    Mod_ZORVEKMain::RunSiblingProgram(session, text(table->operation), {text(table->right), u"临时增加"_s});
 }

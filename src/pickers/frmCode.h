@@ -9,10 +9,10 @@
 class Recordset;
 struct Session;
 
-// The dialog that picks one record of a master table: a tree of categories at the left narrows the
-// list at the right, three boxes search it. The boxes also hold the choice, and OK takes what
-// they hold, picked or typed. The list has the focus when the dialog comes up: arrows move in
-// it, Enter takes the row, a character goes on into the search by name, Esc leaves.
+// The dialog that picks one record of a master table: a tree of categories at the left narrows the list at the right,
+// three boxes search it. The boxes also hold the choice, and OK takes what they hold, picked or typed. The list has
+// the focus when the dialog opens: arrows move in it, Enter takes the row, a character goes into the search by name,
+// Esc closes.
 class frmCode : public Form {
   Q_OBJECT
 

@@ -5,6 +5,8 @@
 #include "session/Session.h"
 #include "startup/Launcher.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t ChartOfAccounts[] = u"TabAccountantType";
@@ -15,13 +17,13 @@ frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, const TreePickerCall&
     : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), SelectedCode(ofSession.kept<LastPickedNode>().code),
       TreeTable(call.TreeTable), TreeWhere(call.TreeWhere), TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
 {
-  setCaption(QStringLiteral("选择会计科目"));
-  File.setCaption(QStringLiteral("文件(&S)"));
-  FEixt.setCaption(QStringLiteral("退出(&E)"));
-  ToolSelect.setCaption(QStringLiteral("选择"));
-  ToolAdd.setCaption(QStringLiteral("增加"));
-  ToolRefresh.setCaption(QStringLiteral("刷新"));
-  ToolExit.setCaption(QStringLiteral("退出"));
+  setCaption(u"选择会计科目"_s);
+  File.setCaption(u"文件(&S)"_s);
+  FEixt.setCaption(u"退出(&E)"_s);
+  ToolSelect.setCaption(u"选择"_s);
+  ToolAdd.setCaption(u"增加"_s);
+  ToolRefresh.setCaption(u"刷新"_s);
+  ToolExit.setCaption(u"退出"_s);
   wire();
   setFocus(TreeView);
 }
@@ -42,10 +44,10 @@ void frmWarehouseSelect::cmdLoad_Click()
   if (TreeKind == u"收入科目" || TreeKind == u"费用科目")
     ToolAdd.setVisible(false);
   if (TreeTable != ChartOfAccounts)
-    setCaption(QStringLiteral("选择仓库"));
+    setCaption(u"选择仓库"_s);
   desk().setBusy(true);
   const QString current = TreeView.current();
-  // A row whose parent is not there ends the load with a box; the nodes loaded by then can be taken.
+  // A row without its parent ends the load with a box; the nodes loaded so far can be taken.
   if (const auto error = TreeView.fill([this] { loadNodes(); })) {
     desk().setBusy(false);
     desk().stop(error->text());
@@ -56,8 +58,8 @@ void frmWarehouseSelect::cmdLoad_Click()
   desk().setBusy(false);
 }
 
-// FC=1 marks accounts that are out of use. The plain "and" binds to the last alternative of a WHERE
-// text that has no brackets, so that the lists of the line grids may show such accounts.
+// FC=1 marks disabled accounts. The plain "and" binds to the last alternative of a WHERE text that has no brackets,
+// so that the lists of the line grids may show such accounts.
 Statement frmWarehouseSelect::listStatement() const
 {
   const SqlName table(TreeTable);
@@ -71,8 +73,8 @@ Statement frmWarehouseSelect::listStatement() const
 void frmWarehouseSelect::loadNodes()
 {
   for (Recordset rs = OpenRecordset(session, listStatement()); !rs.eof(); rs.moveNext()) {
-    const QString key = rs.text("Code") + "_";
-    const QString shown = rs.text("Code") + "{" + rs.text("Name") + "}";
+    const QString key = rs.text("Code") + u'_';
+    const QString shown = rs.text("Code") + u'{' + rs.text("Name") + u'}';
     const QString parent = rs.text("ParentCode");
     if (parent == u"0") {
       TreeView.addTop(key, shown, Tree::Image::ParentPic);
@@ -80,7 +82,7 @@ void frmWarehouseSelect::loadNodes()
     }
     if (TreeView.isEmpty())
       addRoot(parent);
-    TreeView.addChild(parent + "_", key, shown, Tree::Image::ChildPic);
+    TreeView.addChild(parent + u'_', key, shown, Tree::Image::ChildPic);
   }
 }
 
@@ -89,21 +91,21 @@ void frmWarehouseSelect::loadNodes()
 void frmWarehouseSelect::addRoot(const QString& code)
 {
   if (code == u"1001")
-    TreeTarget = QStringLiteral("现金");
+    TreeTarget = u"现金"_s;
   else if (code == u"1002")
-    TreeTarget = QStringLiteral("银行存款");
-  TreeView.addTop(code + "_", code + "{" + TreeTarget + "}", Tree::Image::ParentPic);
+    TreeTarget = u"银行存款"_s;
+  TreeView.addTop(code + u'_', code + u'{' + TreeTarget + u'}', Tree::Image::ParentPic);
 }
 
 void frmWarehouseSelect::Select()
 {
   const QString code = Trim(SelectedCode);
   if (SelectedCode.isEmpty()) {
-    desk().inform(QStringLiteral("请选择名称！"));
+    desk().inform(u"请选择名称！"_s);
     return;
   }
   if (code.size() <= 1) {
-    desk().inform(QStringLiteral("不允许选择根目录！"));
+    desk().inform(u"不允许选择根目录！"_s);
     return;
   }
   const Recordset rs = OpenRecordset(session, {u"select Name from {} where Code='{}'", SqlName(TreeTable), code});
@@ -114,7 +116,7 @@ void frmWarehouseSelect::Select()
 void frmWarehouseSelect::ToolAdd_Click()
 {
   if (TreeTable == ChartOfAccounts)
-    Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("现金银行资料"), {QStringLiteral("现金银行设置")});
+    Mod_ZORVEKMain::RunSiblingProgram(session, u"现金银行资料"_s, {u"现金银行设置"_s});
   else if (TreeTable == u"TabWarehouseType")
-    Mod_ZORVEKMain::RunSiblingProgram(session, QStringLiteral("仓库资料"), {QStringLiteral("仓库分类设置")});
+    Mod_ZORVEKMain::RunSiblingProgram(session, u"仓库资料"_s, {u"仓库分类设置"_s});
 }

@@ -8,11 +8,10 @@
 struct Session;
 
 // The account picker: the dialog that picks one node of a coded tree, an account of the chart and by design also a
-// warehouse. Any node below the top level can be taken, a group as well as a leaf; the bill refuses
-// groups when it is saved. Arrows move in the tree, Enter takes the node, Esc leaves.
+// warehouse. Any node below the top level can be taken, a group as well as a leaf; the bill refuses groups when it is
+// saved. Arrows move in the tree, Enter takes the node, Esc closes.
 //
-// The node clicked last is kept for the run, so that it can be taken again when the dialog next
-// comes up.
+// The node clicked last is kept for the run, so that it can be taken again when the dialog is next opened.
 class frmWarehouseSelect : public Form {
   Q_OBJECT
 
@@ -38,7 +37,7 @@ private:
   const QString TreeTable;
   const Statement TreeWhere;
   const QString TreeKind;
-  QString TreeTarget; // where the choice goes; also the label of a root that the list does not hold
+  QString TreeTarget; // the target of the choice; also the label of a synthetic root
   std::optional<PickedNode> m_choice;
 
   Menu File{this, "File"};
