@@ -4,11 +4,11 @@
 
 struct Session;
 
-// What a bill screen opens of the accounting side, each in the program that keeps it.
+// Opens accounting data of a bill, in the program that maintains them.
 namespace Vouchers {
 
-// The voucher of the bill on screen, or the message why there is none to see. For the tool button
-// ToolSeeWarrent; the menu asks for the right first.
+// The voucher of the bill on screen, or a message why there is none. For the tool button ToolSeeWarrent; the menu
+// asks for the right first.
 void ShowVoucher(Session& session, const QString& billCode);
 void FSeeWarrent_Click(Session& session, const QString& billCode);
 

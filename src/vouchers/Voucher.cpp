@@ -9,6 +9,8 @@
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherHeader.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Vouchers {
 namespace {
 
@@ -16,12 +18,12 @@ SourceBill sourceOf(Session& session, const Recordset& row)
 {
   const auto date = DateText::parse(row.text("Datee"));
   if (!date)
-    throw RunTimeError(RunTimeError::TypeMismatch, QStringLiteral("类型不匹配：%1").arg(row.text("Datee")));
+    throw RunTimeError(RunTimeError::TypeMismatch, u"类型不匹配：%1"_s.arg(row.text("Datee")));
   return {row.text("Code"), *date, ModFuntion::GetAccountingYear(session, *date), ModFuntion::GetAccountingMonth(session, *date),
           row.text("SumMoney")};
 }
 
-// True, after its message, if the bill's date lies in the last closed accounting period or ahead of it.
+// True, after its message, if the bill's date is in the last closed accounting period or before it.
 bool periodIsClosed(Session& session, const SourceBill& bill)
 {
   const Recordset closed =
@@ -33,14 +35,13 @@ bool periodIsClosed(Session& session, const SourceBill& bill)
   const auto month = closed.field("DateeM").toInteger();
   if (bill.DateeY > year || (bill.DateeY == year && bill.DateeM > month))
     return false;
-  session.desk.inform(QStringLiteral("最后一次会计期末结转为 %1 年 %2 月，本凭证录入日期有误！（不应小于最后一次结转会计期），"
-                                     "将跳过自动生成会计凭证！")
-                          .arg(year)
+  session.desk.inform(u"最后一次会计期末结转为 %1 年 %2 月，本凭证录入日期有误！（不应小于最后一次结转会计期），"
+                      u"将跳过自动生成会计凭证！"_s.arg(year)
                           .arg(month));
   return true;
 }
 
-// The first voucher of an accounting period opens the period's row.
+// The first voucher of an accounting period inserts the period's row.
 void openPeriod(Session& session, const SourceBill& bill)
 {
   const QString year = QString::number(bill.DateeY);
@@ -50,7 +51,7 @@ void openPeriod(Session& session, const SourceBill& bill)
 }
 
 // False if the period is closed or no code is free: then nothing was written. The numbers are counted over the period
-// that the calendar month names, while the guard and the voucher go by the accounting month.
+// that the calendar month names, while the check and the voucher use the accounting month.
 bool writeVoucher(Session& session, const VoucherBill& bill, const Recordset& row)
 {
   const SourceBill source = sourceOf(session, row);

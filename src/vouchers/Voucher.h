@@ -6,16 +6,16 @@
 
 struct Session;
 
-// The accounting voucher of a saved bill: derived from it at every save, found by it (JXCBillCode),
-// never edited here. One row of TabWarrant and its lines. A failed statement has shown its box and
-// the next one runs, as everywhere: a header without lines can remain.
+// The accounting voucher of a saved bill: derived from it at every save, found by its code (JXCBillCode), never
+// edited here. One row of TabWarrant and its lines. As everywhere, a failed statement shows its box and the next one
+// runs: a header without lines can remain.
 namespace Vouchers {
 
 struct VoucherBill;
 
-// Writes the voucher of a bill that has just been saved, or writes it anew under the code and the
-// numbers it had, and marks the bill. A bill dated in a closed accounting period gets a message and
-// keeps the voucher it has; a bill that wants no voucher is marked all the same.
+// Writes the voucher of a bill that has just been saved, or rewrites it with the code and the numbers it had, and
+// marks the bill. A bill dated in a closed accounting period gets a message and keeps its voucher; a bill that needs
+// no voucher is marked nevertheless.
 void GenerateVoucher(Session& session, const VoucherBill& bill);
 
 // The voucher of a bill.

@@ -8,6 +8,8 @@
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherSettings.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Vouchers {
 namespace {
 
@@ -66,7 +68,7 @@ bool postedIsRefused(Session& session, const VoucherBill& bill)
   const auto voucher = voucherOf(session, bill.code);
   if (!voucher || !voucher->isPosted)
     return false;
-  session.desk.inform(QStringLiteral("当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"));
+  session.desk.inform(u"当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"_s);
   return true;
 }
 

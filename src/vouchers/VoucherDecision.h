@@ -12,9 +12,9 @@ enum class VoucherDecision {
   NotWanted, // after the save: DeleteVoucher
 };
 
-// Asked at save, behind the form's own checks and ahead of the first statement that writes: whether
-// the bill is to have a voucher by the settings of its kind. Refuses a partner without the account
-// that the voucher needs, and a bill whose voucher is posted.
+// Called at save, after the form's own checks and before the first write: whether the bill gets a voucher by the
+// settings of its kind. Refuses a partner without the account that the voucher needs, and a bill whose voucher is
+// posted.
 VoucherDecision DecideVoucher(Session& session, const VoucherBill& bill);
 
 } // namespace Vouchers

@@ -6,6 +6,8 @@
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Vouchers {
 namespace {
 
@@ -29,11 +31,11 @@ std::array<qint16, BookCount> storedNumbers(Session& session, const QString& vou
   const Recordset rs = OpenRecordset(session, {u"select * from TabWarrant where Code='{}' ", voucherCode});
   std::array<qint16, BookCount> numbers = {};
   for (int book = 1; book <= BookCount; ++book)
-    numbers[book - 1] = qint16(rs.field("WarrantNum" + QString::number(book)).toInteger());
+    numbers[book - 1] = qint16(rs.field(u"WarrantNum"_s + QString::number(book)).toInteger());
   return numbers;
 }
 
-// The values are in the order of the table's columns. The first affix is 1 whichever the books are.
+// The values are in the order of the table's columns. The first affix is always 1, whatever the books.
 void insertRow(Session& session, const SourceBill& bill, const VoucherSettings& settings, const QString& voucherCode)
 {
   const VoucherBooks& books = settings.books;
@@ -53,12 +55,12 @@ bool isOfAnotherBill(Session& session, const QString& voucherCode, const QString
   return !rs.eof() && rs.trimmed("JXCBillCode") != Trim(billCode);
 }
 
-// Inserts the header under the next code and returns the code. Two operators can draw the same one: the header of the
-// second is refused, and it draws again. Empty if the code drawn stays the same, as after the last of a day.
+// Inserts the header under the next code and returns the code. Two operators can get the same code: the second header
+// is refused and retried with another. Empty if the next code is the same, as after the last code of a day.
 QString insertHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
 {
   for (QString last;;) {
-    const QString code = ModFuntion::GetNextBillCode(session, "PZD", "TabWarrant");
+    const QString code = ModFuntion::GetNextBillCode(session, u"PZD"_s, u"TabWarrant"_s);
     if (code == last)
       return {};
     insertRow(session, bill, settings, code);

@@ -6,7 +6,7 @@ namespace {
 using enum LineSource;
 using enum Side;
 
-// Of two rows for one table the first that fits holds: of fee offsets the supplier's, then all others.
+// The first matching row of a table applies: for fee offsets the supplier's, then all others.
 constexpr VoucherRules AllRules[] = {
     {.kind = BillKinds::Payment,
      .suffix = u"号付款单",
@@ -22,7 +22,7 @@ constexpr VoucherRules AllRules[] = {
          {Partner, BillKinds::Receipt.partnerAccount, "UnitName", "SumMoney", Lender, 1, true},
          {Rows, BillKinds::ReceiptLines.accountCode, BillKinds::ReceiptLines.accountName, "Moneyy", Debtor},
      }}},
-    // A bill without lines: its header joins the chart twice, out of account C and into account R.
+    // A bill without lines: its header names two accounts, from C to R.
     {.kind = BillKinds::Bank,
      .suffix = u"号银行存取单",
      .inBaseMoney = true,
@@ -37,7 +37,7 @@ constexpr VoucherRules AllRules[] = {
          {Header, "CreditCode", "CreditName", "Credit", Lender},
          {Rows, BillKinds::ExpenseLines.accountCode, BillKinds::ExpenseLines.accountName, "Moneyy", Debtor},
      }}},
-    // Unlike an expense: the cash and the bank line have their numbers whether they are written or not.
+    // Unlike an expense, the cash and the bank line have fixed numbers whether they are written or not.
     {.kind = BillKinds::OtherIncome,
      .suffix = u"号其他收入单",
      .lines = {{

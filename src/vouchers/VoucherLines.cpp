@@ -10,6 +10,8 @@
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherLineRules.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Vouchers {
 namespace {
 
@@ -50,7 +52,7 @@ private:
   Frame frameOf(const SourceBill& source)
   {
     Frame frame{DateText::shortForm(source.Datee), QString::number(source.DateeY), QString::number(source.DateeM),
-                "第" + Trim(source.Code) + QString::fromUtf16(m_rules.suffix)};
+                u"第"_s + Trim(source.Code) + QString::fromUtf16(m_rules.suffix)};
     if (m_rules.inBaseMoney) {
       frame.MoneyName = ModFuntion::GetBaseMoneyName(m_session);
       frame.MoneyRate = SqlNumber(NumberText::ofSingle(ModFuntion::GetBaseMoneyRate(m_session)));
@@ -71,7 +73,7 @@ private:
     }
   }
 
-  // A line whose amount stands in the header.
+  // A line whose amount is in the header.
   void writeOwn(const VoucherLineRule& rule, const Recordset& header, const QString& account)
   {
     const Value amount = header.field(rule.amount);
@@ -96,13 +98,12 @@ private:
         insert(rule, {rows.text("AccountantCode"), rows.text("AccountantName"), rows.text("AccountantAllName"), rows.field("Moneyy")});
   }
 
-  // The partner, where the account is kept by partners. The value asked for beside it is of a kind that
-  // no account has, so that column stays blank in every line.
+  // The partner, where the account has partner accounting. The column for 自定义核算 beside it is always empty: no account
+  // has that kind.
   QString trackedPartner(const QString& account) const
   {
-    return m_rules.partnerAccounts.isEmpty()
-               ? QString()
-               : ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("往来核算"), account, Trim(m_bill.TxtCode));
+    return m_rules.partnerAccounts.isEmpty() ? QString()
+                                             : ModFuntion::GetAuxiliaryValue(m_session, u"往来核算"_s, account, Trim(m_bill.TxtCode));
   }
 
   // The values are in the order of the table's columns.
@@ -135,7 +136,7 @@ private:
                         number(books[2]),
                         m_voucher.ZD,
                         trackedPartner(entry.account),
-                        ModFuntion::GetAuxiliaryValue(m_session, QStringLiteral("自定义核算"), entry.account, {}),
+                        ModFuntion::GetAuxiliaryValue(m_session, u"自定义核算"_s, entry.account, {}),
                         m_frame.MoneyName,
                         m_frame.MoneyRate});
   }

@@ -14,7 +14,7 @@ struct VoucherBill;
 
 constexpr int BookCount = 3;
 
-// The stored bill, as its voucher repeats it.
+// The values of the stored bill that its voucher repeats.
 struct SourceBill {
   QString Code;
   QDate Datee;
@@ -23,7 +23,7 @@ struct SourceBill {
   QString SumMoney; // as it is stored
 };
 
-// The header of a voucher, as far as every one of its lines repeats it.
+// The values of a voucher's header that each of its lines repeats.
 struct VoucherEntry {
   QString Code = {};
   std::array<qint16, BookCount> WarrantNum = {};
@@ -31,8 +31,8 @@ struct VoucherEntry {
   QString ZD;
 };
 
-// Writes the lines of a voucher, in place of all it had, from the bill's header row and its lines. Amounts stay in the
-// bill's currency. An account that the chart does not have drops out without a word, and the voucher then does not
+// Writes the lines of a voucher, in place of the old ones, from the bill's header row and its lines. Amounts stay in
+// the bill's currency. An account that is not in the chart is silently skipped, and the voucher then does not
 // balance.
 void WriteVoucherLines(Session& session, const VoucherBill& bill, const SourceBill& source, const Recordset& header,
                        const VoucherEntry& voucher);

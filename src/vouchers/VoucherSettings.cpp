@@ -4,10 +4,12 @@
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Vouchers {
 namespace {
 
-// Draws numbers for the books, each from 1 to 3, of one period.
+// Allocates the next voucher number of a period for each book (1 to 3).
 struct NumberSource {
   Session& session;
   QDate start;
@@ -23,7 +25,7 @@ int mainBook(Session& session)
   return code >= 1 && code <= BookCount ? int(code) : 1;
 }
 
-// The flag is that of the first book whichever book it is.
+// The flag is always that of the first book, whatever the book.
 VoucherBooks onlyBook(int book, const NumberSource& numbers)
 {
   VoucherBooks books;
@@ -37,7 +39,7 @@ VoucherBooks settledBooks(const Recordset& settings, const NumberSource& numbers
 {
   VoucherBooks books;
   for (int book = 1; book <= BookCount; ++book) {
-    const auto membership = qint16(settings.field("AccountBook" + QString::number(book)).toInteger());
+    const auto membership = qint16(settings.field(u"AccountBook"_s + QString::number(book)).toInteger());
     books.AccountBook[book - 1] = membership;
     if (membership != 1)
       continue;
@@ -53,9 +55,9 @@ void nameType(Session& session, VoucherSettings& settings)
   if (!rs.eof())
     settings.Zi = rs.text("Zi");
   if (Trim(settings.WarrantType).isEmpty())
-    settings.WarrantType = QStringLiteral("记账凭证");
+    settings.WarrantType = u"记账凭证"_s;
   if (Trim(settings.Zi).isEmpty())
-    settings.Zi = QStringLiteral("记");
+    settings.Zi = u"记"_s;
 }
 
 } // namespace

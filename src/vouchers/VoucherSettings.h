@@ -11,7 +11,7 @@
 class Recordset;
 struct Session;
 
-// Which voucher a kind of bill gets by the settings of the account set: its books and its type.
+// The settings of the account set for the vouchers of a kind of bill: books and type.
 namespace Vouchers {
 
 // The books of a voucher. A voucher can belong to several at once, with a number in each.
@@ -23,8 +23,8 @@ struct VoucherBooks {
 
 struct VoucherSettings {
   VoucherBooks books;
-  QString WarrantType; // never blank
-  QString Zi;          // the short word of the type, never blank
+  QString WarrantType; // never empty
+  QString Zi;          // the short name of the type, never empty
 };
 
 // True if a row of the settings says that its kind of bill has no voucher.
