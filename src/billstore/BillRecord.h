@@ -6,8 +6,8 @@
 #include <QList>
 #include <QString>
 
-// A bill as values, ready to be written: what its screen shows, or a test makes up. Texts are stored as they are here, so
-// who fills them in trims them.
+// A bill as values, ready to be written: what its screen shows, or what a test sets. Texts are stored untrimmed: the
+// caller trims them.
 
 struct BillAccount {
   QString code;
@@ -31,7 +31,7 @@ struct BillRecord {
   double rate = 1;
   QString auditor; // empty for a bill that is not audited
   QString state = QStringLiteral("正常");
-  QString report = {}; // says that the voucher has been made
+  QString report = {}; // says that the voucher has been created
   Currency sum = {};
   QList<BillLine> lines = {}; // of a kind that has lines
 
@@ -39,8 +39,8 @@ struct BillRecord {
   BillAccount partner = {};
   QString offsetType = {}; // SustainType of a fee offset
 
-  // Of an expense or other income: how much of the sum went by which account. Of a bank bill: the accounts that the
-  // sum leaves and reaches.
+  // Of an expense or other income: how much of the sum was paid through which account. Of a bank bill: the accounts
+  // that the sum leaves and reaches.
   BillAccount cashOrOutgoing = {};
   BillAccount bankOrIncoming = {};
   Currency cash = {};

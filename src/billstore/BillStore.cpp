@@ -76,8 +76,8 @@ void BillStore::deleteWriteOffs()
     Execute(m_session, {u"delete from TabSFKHeXiao where  SFKBillCode='{}'", m_bill.code});
 }
 
-// Lines that a refused header has left under this code would become this bill's. In one statement with the look
-// whether the code has a header, so that a colleague's lines are never met.
+// Deletes the lines that a refused header has left under this code. One statement also checks that the code has no
+// header, so that another operator's lines are never deleted.
 void BillStore::deleteStrayLines(const BillRecord& record)
 {
   if (const auto lines = lineTable(headerTable()))
@@ -85,8 +85,8 @@ void BillStore::deleteStrayLines(const BillRecord& record)
                         SqlName(m_kind->lines->billCode), record.code, SqlName(headerTable()), record.code});
 }
 
-// False if a colleague has taken the code since it was looked for: then the lines are his. If the connection was lost
-// on the way, only the row itself says whether it arrived.
+// False if another operator has taken the code meanwhile: then the lines are theirs. If the connection was lost, only
+// the row itself shows whether it was written.
 bool BillStore::insertHeader(const BillRecord& record)
 {
   const Id id{headerTable(), record.code};

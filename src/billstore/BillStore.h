@@ -27,7 +27,7 @@ public:
   BillStore(Session& session, const BillKind& kind) : m_session(session), m_kind(&kind) {}
 
   const BillKind& kind() const { return *m_kind; }
-  // The screen turns into that of another kind.
+  // Called when the screen turns into that of another kind.
   void setKind(const BillKind& kind) { m_kind = &kind; }
   QString headerTable() const { return QString::fromLatin1(m_kind->headerTable); }
 
@@ -36,12 +36,12 @@ public:
   // The bill that has been shown is `bill` from now on; none without an argument.
   void take(const Id& bill = {}) { m_bill = bill; }
 
-  // False for one that nobody has stored; a failed read throws RunTimeError.
+  // False for one that is not stored; a failed read throws RunTimeError.
   bool isStored(const Id& bill) const;
-  // The rows of a bill, of another table of the suite, too.
+  // The rows of a bill; also works for other tables of the suite.
   Recordset header(const Id& bill) const;
   Recordset lines(const Id& bill) const;
-  // The codes in a header table of the month of `day`, in their order; `condition` is led by " and ". Empty if they
+  // The codes in a header table of the month of `day`, in their order; `condition` begins with " and ". Empty if they
   // cannot be read.
   QStringList codesOfMonth(const QString& table, const QDate& day, const Statement& condition) const;
 
@@ -49,7 +49,7 @@ public:
   // another bill has the code: then nothing of this one is written. A refused header leaves the lines, and no `bill`.
   bool save(const BillRecord& record, bool replacesBill);
 
-  // Writes the auditor of `bill`; an empty name takes the audit back.
+  // Writes the auditor of `bill`; an empty name removes the audit.
   void setAuditor(const QString& name);
   void markVoid();
   // Deletes `bill` with its voucher, write-off links and lines, and the images stored for it under this name of its kind.
