@@ -10,13 +10,15 @@
 
 #include <QApplication>
 
+using namespace Qt::StringLiterals;
+
 // One run opens one screen, and ends when that screen has closed.
 int main(int argc, char** argv)
 {
   forbidMemoryImages();
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("ZORVEK"));
-  // A box ahead of the screen is no window whose closing ends the run.
+  QApplication::setApplicationName(u"ZORVEK"_s);
+  // Closing a box before the screen is open must not end the run.
   QApplication::setQuitOnLastWindowClosed(false);
   Appearance::apply();
 
