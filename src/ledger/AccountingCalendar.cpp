@@ -7,6 +7,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ModFuntion {
 namespace {
 
@@ -29,7 +31,7 @@ QDate endOfPeriodBefore(Session& session, int year, int month)
   return DateText::build(year - 1, 12, settledEndDay(session, 12).value_or(31));
 }
 
-// Which period a date falls into, seen from its calendar month: -1 the one before, 0 its own, 1 the next.
+// The period of a date relative to its calendar month: -1 the one before, 0 its own, 1 the next.
 int periodShift(Session& session, const QDate& date)
 {
   if (endOfPeriodBefore(session, date.year(), date.month()) >= date)
@@ -103,13 +105,13 @@ qint16 GetNextWarrantNum(Session& session, const QDate& periodStart, const QDate
 {
   const QString bookText = QString::number(book);
   const Recordset rs = OpenRecordset(session, {u"select Max({}) as WarrantNumm from TabWarrant  where Datee>={}  and  Datee<={} and {}=1 ",
-                                               SqlName("WarrantNum" + bookText), SqlDialect::date(session, periodStart),
-                                               SqlDialect::date(session, periodEnd), SqlName("AccountBook" + bookText)});
+                                               SqlName(u"WarrantNum"_s + bookText), SqlDialect::date(session, periodStart),
+                                               SqlDialect::date(session, periodEnd), SqlName(u"AccountBook"_s + bookText)});
   if (rs.eof() || rs.field("WarrantNumm").isNull())
     return 1;
   const std::int64_t next = rs.field("WarrantNumm").toInteger() + 1;
   if (next > std::numeric_limits<qint16>::max())
-    throw RunTimeError(RunTimeError::Overflow, QStringLiteral("溢出"));
+    throw RunTimeError(RunTimeError::Overflow, u"溢出"_s);
   return qint16(next);
 }
 

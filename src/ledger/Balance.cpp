@@ -9,6 +9,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ModFuntion {
 namespace {
 
@@ -18,7 +20,7 @@ QDate beforeAllBills()
   return QDate(1900, 1, 1);
 }
 
-// A failed statement has shown its box; the balance goes on as if it had found nothing.
+// A failed statement has shown its box and counts as an empty result.
 bool hasRow(const Recordset& rs)
 {
   return rs.isOpen() && !rs.eof();
@@ -27,7 +29,7 @@ bool hasRow(const Recordset& rs)
 QString mainBook(Session& session)
 {
   const Recordset rs = OpenRecordset(session, {u"select * from TabAccountantNameSet  where Main=1 "});
-  return hasRow(rs) ? rs.trimmed("Code") : QStringLiteral("1");
+  return hasRow(rs) ? rs.trimmed("Code") : u"1"_s;
 }
 
 std::optional<QDate> lastClosing(Session& session, const QDate& date)
@@ -36,7 +38,7 @@ std::optional<QDate> lastClosing(Session& session, const QDate& date)
   return hasRow(rs) ? DateText::parse(rs.text("Datee")) : std::nullopt;
 }
 
-// The first row, not a sum: with all currencies taken together only one of them is opened with.
+// The first row, not a sum: for all currencies only the first opening balance counts.
 Currency openingBalance(Session& session, const QString& code, const std::optional<QDate>& closing, const QString& moneyName)
 {
   const Statement list = isAllCurrencies(moneyName) ? Statement(u"SumMoney*MoneyRate as SumMoney") : Statement(u"SumMoney");

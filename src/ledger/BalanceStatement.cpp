@@ -8,6 +8,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ModFuntion {
 namespace {
 
@@ -17,17 +19,16 @@ constexpr SqlLiteral None;
 
 enum class Source { GoodsBills, FundLines, OffsetLines, Vouchers };
 
-// One kind of a partner's movements, and which sums they move. A sum that they do not move is empty.
+// One kind of a partner's movements, and the sums that they change; the others are empty.
 struct Arm {
   Source source;
-  const char* table;    // that is asked alone
+  const char* table;    // if it is queried alone
   const char16_t* type; // of offsets their SustainType; of vouchers the kind of account
-  SqlLiteral accounts;  // of fund lines: how the account's code begins
+  SqlLiteral accounts;  // of fund lines: the prefix of the account's code
   Amounts amounts;
 };
 
-// Cash accounts begin with 1001, bank accounts with 1002; money on any other account leaves the
-// balance as it is.
+// Cash accounts begin with 1001, bank accounts with 1002; money on any other account does not change the balance.
 constexpr Arm Arms[] = {
     {Source::GoodsBills, "TabOutBill", u"", u"", {u"(SumMoney-AllDiscount)", u"Cash", u"Credit"}},
     {Source::GoodsBills, "TabOutCancleBill", u"", u"", {u"-(SumMoney-AllDiscount)", u"-Cash", u"-Credit"}},
@@ -45,14 +46,14 @@ constexpr Arm Arms[] = {
     {Source::Vouchers, "", u"应付", u"", {None, None, None, u"(Lender-Debtor)"}},
 };
 
-// What all arms of one source have in common: their days, their currency, their audit.
+// The conditions that all arms of one source share: dates, currency, audit.
 struct Scopes {
-  Statement bills; // of tables that are asked alone
+  Statement bills; // of tables that are queried alone
   Statement offsets;
   Statement vouchers;
 };
 
-// The days of the movements. A closing on the very day of the balance leaves nothing to add.
+// The days of the movements. If the closing is on that very day, nothing remains to add.
 Statement range(const Session& session, const MovementQuery& query, SqlLiteral dateColumn)
 {
   const Statement column(dateColumn);
@@ -67,9 +68,9 @@ Scopes scopesOf(const Session& session, const MovementQuery& query)
   const bool auditedOnly = query.auditedOnly;
   return {range(session, query, u"Datee") + BuildBillFilter({.auditedOnly = auditedOnly, .moneyName = query.moneyName}),
           range(session, query, u"TabSustainInf.Datee") +
-              BuildBillFilter({.table = "TabSustainInf", .auditedOnly = auditedOnly, .moneyName = query.moneyName}),
-          range(session, query, u"TabWarrant.Datee") + BuildBillFilter({.table = "TabWarrant", .auditedOnly = auditedOnly}) +
-              BuildBillFilter({.table = "TabWarrantInf", .moneyName = query.moneyName})};
+              BuildBillFilter({.table = u"TabSustainInf"_s, .auditedOnly = auditedOnly, .moneyName = query.moneyName}),
+          range(session, query, u"TabWarrant.Datee") + BuildBillFilter({.table = u"TabWarrant"_s, .auditedOnly = auditedOnly}) +
+              BuildBillFilter({.table = u"TabWarrantInf"_s, .moneyName = query.moneyName})};
 }
 
 Statement selectList(const Arm& arm, SqlLiteral rate)
@@ -100,7 +101,7 @@ Statement offsetLines(const MovementQuery& query, const Scopes& scopes, const Ar
           query.code, scopes.offsets, QString::fromUtf16(arm.type)};
 }
 
-// Vouchers made by hand: those of bills would count a movement twice.
+// Manual vouchers only: those of bills would count a movement twice.
 Statement vouchers(Session& session, const MovementQuery& query, const Scopes& scopes, const Arm& arm)
 {
   const QString kind = QString::fromUtf16(arm.type);
@@ -116,7 +117,7 @@ Statement vouchers(Session& session, const MovementQuery& query, const Scopes& s
           SqlName(partnerAccountColumn(kind)),
           query.code,
           keptByPartners ? Statement(u" and TabWarrantInf.WLHS=  '{}' ", query.code) : Statement(),
-          SqlName("AccountBook" + query.book)};
+          SqlName(u"AccountBook"_s + query.book)};
 }
 
 Statement fromWhere(Session& session, const MovementQuery& query, const Scopes& scopes, const Arm& arm)
@@ -166,7 +167,7 @@ QString partnerAccountColumn(const QString& kind)
   } Columns[] = {{u"应收", "YingShouCode"}, {u"预收", "YuShouCode"}, {u"应付", "YingFuCode"}, {u"预付", "YuFuCode"}};
   for (const auto& known : Columns)
     if (kind == QStringView(known.kind))
-      return known.column;
+      return QLatin1String(known.column);
   return {};
 }
 

@@ -18,7 +18,7 @@ struct BillType {
   BillTables tables;
 };
 
-// What is not in the catalogue of this program's own bills.
+// Bills that are not in this program's catalogue.
 constexpr BillType Bills[] = {
     {u"采购入库单", {"TabInBill", "TabInBillInf"}},
     {u"购买入库单", {"TabInBill", "TabInBillInf"}},
@@ -44,7 +44,7 @@ constexpr BillType Bills[] = {
     {u"银行日记账", {"TabDayAccount_Bank", ""}},
     {u"银行对账单", {"TabDayAccount_BankBill", ""}},
     {u"会计凭证", {"TabWarrant", "TabWarrantInf"}},
-    // Master records have no lines: one table answers both questions.
+    // Master records have no lines: both queries return the same table.
     {u"商品", {"TabWare", "TabWare"}},
     {u"往来单位", {"TabClient", "TabClient"}},
     {u"收录客户", {"TabClient_Sale", "TabClient_Sale"}},

@@ -5,7 +5,7 @@
 namespace ModFuntion {
 namespace {
 
-// A column as the filter's table has it.
+// A column, qualified with the filter's table if it has one.
 Statement columnOf(const BillFilter& filter, const char* column)
 {
   return filter.table.isEmpty() ? Statement(u"{}", SqlName(column)) : Statement(u"{}.{}", SqlName(filter.table), SqlName(column));

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <span>
 
-// The catalogue of the bills that this program keeps, one row a kind. Whatever needs a name, a code prefix, a table or
-// a column of a kind of bill looks it up here: the entry, the launcher, the bill screens, vouchers, balance, write-off
-// and the check of an account set.
+// The catalogue of the bills that this program keeps, one row per kind. Whatever needs a name, a code prefix, a table
+// or a column of a kind of bill looks it up here: the entry, the launcher, the bill screens, vouchers, balance,
+// write-off and the check of an account set.
 
 // The rows of a bill's lines.
 struct BillLines {
@@ -21,14 +21,14 @@ struct BillLines {
 // How a kind of bill is written off against goods bills.
 struct BillWriteOff {
   const char16_t* mode;        // HXMode
-  const char16_t* sourceOrder; // opens the bill of a link, to be looked at
+  const char16_t* sourceOrder; // opens the bill of a link read-only
   const char* goodsTable;
   std::span<const char16_t* const> goodsTypes; // BillType of these goods bills
 };
 
 // A kind of fee offset: one pair of tables holds both.
 struct OffsetMode {
-  const char16_t* name; // order, right, and kind in the voucher settings
+  const char16_t* name; // directive, right, and kind in the voucher settings
   const char16_t* title;
   const char16_t* type; // SustainType
   const char* partnerAccount;
@@ -37,8 +37,8 @@ struct OffsetMode {
 using BillNames = std::span<const char16_t* const>;
 
 struct BillKind {
-  const char16_t* name;      // title; layouts, templates and voucher settings go by it
-  const char16_t* operation; // order, right, and BillType
+  const char16_t* name;      // title; also of layouts, templates and voucher settings
+  const char16_t* operation; // directive, right, and BillType
   const char* screen;
   const char* prefix; // of the codes
   const char* headerTable;
@@ -46,8 +46,8 @@ struct BillKind {
   const BillLines* lines = nullptr;
   const char* partnerAccount = ""; // column of TabClient with the account that the voucher needs
   const BillWriteOff* writeOff = nullptr;
-  // Where the suite says it in more ways than one: orders that open the screen for a new bill, and on a stored one,
-  // instead of the operation; names of the kind, and those of its images.
+  // Where the suite has several names: directives that open the screen for a new bill, and for a stored one, instead
+  // of the operation; names of the kind, and those of its images.
   BillNames newOrders = {};
   BillNames viewOrders = {};
   BillNames names = {};
@@ -93,7 +93,7 @@ inline constexpr BillKind Receipt{.name = u"收款单",
                                   .partnerAccount = "YingShouCode",
                                   .writeOff = &ReceiptWriteOff};
 
-// The whole bill is its header. The programs of the suite do not agree how to spell it.
+// The whole bill is its header. The programs of the suite spell its name differently.
 inline constexpr const char16_t* BankViews[] = {u"银行存取（存现）", u"银行存取（取现）", u"银行存取(存现)", u"银行存取(取现)"};
 inline constexpr const char16_t* BankNames[] = {u"银行存取款单", u"银行存取(取现)单", u"银行存取(存现)单"};
 inline constexpr const char16_t* BankImages[] = {u"银行存取款单", u"银行存取（取现）单", u"银行存取(存现)单"};
@@ -140,7 +140,7 @@ inline constexpr BillKind FeeOffset{.name = u"费用抵冲单",
 
 inline constexpr const BillKind* All[] = {&Payment, &Receipt, &Bank, &Expense, &OtherIncome, &FeeOffset};
 
-// The kind of which `is` holds, for example `first(&BillKind::opensNew, order)`; null if there is none.
+// The kind for which `is` returns true, for example `first(&BillKind::opensNew, order)`; null if there is none.
 inline const BillKind* first(bool (BillKind::*is)(QStringView) const, QStringView text)
 {
   for (const BillKind* const kind : All)

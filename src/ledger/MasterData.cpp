@@ -3,6 +3,8 @@
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ModFuntion {
 namespace {
 
@@ -12,8 +14,8 @@ struct Trail {
   bool isBelowTop = false;
 };
 
-// Walks from the current row of `rs` up to the top level, whose name is never part of the trail. At
-// most as many steps as the code has characters, so that a circle in the data ends.
+// Walks from the current row of `rs` up to the top level, whose name is never part of the trail. At most as many
+// steps as the code has characters, so that a cycle in the data terminates.
 Trail walkUp(Session& session, const QString& table, const Recordset& rs)
 {
   Trail trail{rs.trimmed("Code"), rs.trimmed("Name")};
@@ -27,7 +29,7 @@ Trail walkUp(Session& session, const QString& table, const Recordset& rs)
     if (parent == u"0")
       trail.isBelowTop = true;
     else
-      trail.path = above.trimmed("Name") + ">" + trail.path;
+      trail.path = above.trimmed("Name") + u'>' + trail.path;
   }
   return trail;
 }
@@ -35,12 +37,12 @@ Trail walkUp(Session& session, const QString& table, const Recordset& rs)
 QString flagColumn(const QString& kind)
 {
   if (kind == u"往来核算")
-    return "WLHS";
+    return u"WLHS"_s;
   if (kind == u"部门核算")
-    return "BMHS";
+    return u"BMHS"_s;
   if (kind == u"个人核算")
-    return "GRHS";
-  return kind == u"自定义" ? "ZDYHS" : QString();
+    return u"GRHS"_s;
+  return kind == u"自定义" ? u"ZDYHS"_s : QString();
 }
 
 } // namespace
@@ -63,8 +65,8 @@ QString GetAccountPath(Session& session, const QString& code, bool withCode)
   const Recordset rs = OpenRecordset(session, {u"select * from TabAccountantType where Code='{}'", Trim(code)});
   if (rs.recordCount() != 1)
     return {};
-  const Trail trail = walkUp(session, "TabAccountantType", rs);
-  return withCode && trail.isBelowTop ? trail.code + ">" + trail.path : trail.path;
+  const Trail trail = walkUp(session, u"TabAccountantType"_s, rs);
+  return withCode && trail.isBelowTop ? trail.code + u'>' + trail.path : trail.path;
 }
 
 QString GetRecordPath(Session& session, const QString& table, const QString& code)
@@ -75,7 +77,7 @@ QString GetRecordPath(Session& session, const QString& table, const QString& cod
   if (rs.eof())
     return {};
   const Trail trail = walkUp(session, Trim(table), rs);
-  return trail.path.isEmpty() ? QString() : trail.code + ">" + trail.path;
+  return trail.path.isEmpty() ? QString() : trail.code + u'>' + trail.path;
 }
 
 QString GetAuxiliaryValue(Session& session, const QString& kind, const QString& accountCode, const QString& value)
@@ -89,7 +91,7 @@ QString GetAuxiliaryValue(Session& session, const QString& kind, const QString& 
     return {};
   const bool isOn = rs.number("HS") == 1;
   if (kind == u"自定义")
-    return isOn ? "True" : "False";
+    return isOn ? u"True"_s : u"False"_s;
   return isOn ? Trim(value) : QString();
 }
 

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ModDaXie {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr double LargestAmount = 999999999999.99;
 
 QString numeral(QStringView digits)
 {
-  static const QString Numerals = QStringLiteral("零壹贰叁肆伍陆柒捌玖");
+  static const QString Numerals = u"零壹贰叁肆伍陆柒捌玖"_s;
   return digits.size() == 1 && digits[0] >= u'0' && digits[0] <= u'9' ? Numerals.mid(digits[0].unicode() - u'0', 1) : QString();
 }
 
@@ -21,7 +23,7 @@ QString numeralAt(QStringView digits, qsizetype at)
   return numeral(digits.mid(at, 1));
 }
 
-// One to four digits with their places; the replacements close up zeros, in this order.
+// One to four digits with their places; the replacements merge zeros, in this order.
 QString groupCapital(QStringView digits)
 {
   static constexpr const char16_t* Places[] = {u"仟", u"佰", u"拾", u""};
@@ -32,14 +34,14 @@ QString groupCapital(QStringView digits)
   for (qsizetype i = 0; i < length; ++i)
     text += numeralAt(digits, i) + QString::fromUtf16(Places[4 - length + i]);
   if (length >= 4)
-    text.replace("零仟", "零");
+    text.replace(u"零仟"_s, u"零"_s);
   if (length >= 3)
-    text.replace("零佰", "零");
+    text.replace(u"零佰"_s, u"零"_s);
   if (length >= 2)
-    text.replace("零拾", "零");
+    text.replace(u"零拾"_s, u"零"_s);
   for (qsizetype times = length - 1; times > 0; --times)
-    text.replace("零零", "零");
-  return text.replace("拾零", "拾");
+    text.replace(u"零零"_s, u"零"_s);
+  return text.replace(u"拾零"_s, u"拾"_s);
 }
 
 QString withoutTailZero(QString text)
@@ -60,10 +62,10 @@ QString integerCapital(QStringView digits)
     text = groupCapital(digits);
   } else if (length <= 8) {
     text = groupCapital(digits.left(length - 4)) + u'万' + groupCapital(digits.right(4));
-    text.replace("零万", "万").replace("零零", "零");
+    text.replace(u"零万"_s, u"万"_s).replace(u"零零"_s, u"零"_s);
   } else if (length <= 12) {
     text = groupCapital(digits.left(length - 8)) + u'亿' + groupCapital(digits.mid(length - 8, 4)) + u'万' + groupCapital(digits.right(4));
-    text.replace("零亿", "亿").replace("零万", "零").replace("零零", "零").replace("零零", "零");
+    text.replace(u"零亿"_s, u"亿"_s).replace(u"零万"_s, u"零"_s).replace(u"零零"_s, u"零"_s).replace(u"零零"_s, u"零"_s);
   }
   return withoutTailZero(text);
 }
@@ -73,17 +75,17 @@ QString decimalCapital(QStringView digits, const QString& kind)
   if (kind != u"货币型")
     return numeral(digits);
   if (digits.size() == 1)
-    return numeral(digits) + "角整";
-  QString text = numeralAt(digits, 0) + "角" + numeralAt(digits, 1) + "分";
-  return text.replace("零角", "零");
+    return numeral(digits) + u"角整"_s;
+  QString text = numeralAt(digits, 0) + u'角' + numeralAt(digits, 1) + u'分';
+  return text.replace(u"零角"_s, u"零"_s);
 }
 
 QString capitalOf(const QString& plain, const QString& kind)
 {
   const qsizetype point = plain.indexOf(u'.');
   if (point >= 0)
-    return integerCapital(QStringView(plain).left(point)) + "元" + decimalCapital(QStringView(plain).mid(point + 1), kind);
-  return integerCapital(plain) + (kind == u"货币型" ? QStringLiteral("元整") : QString());
+    return integerCapital(QStringView(plain).left(point)) + u'元' + decimalCapital(QStringView(plain).mid(point + 1), kind);
+  return integerCapital(plain) + (kind == u"货币型" ? u"元整"_s : QString());
 }
 
 } // namespace
@@ -92,13 +94,13 @@ QString CapitalAmountText(Desk& desk, QString& amount, const QString& kind)
 {
   const double value = NumberText::numericPrefix(amount);
   if (value > LargestAmount) {
-    desk.inform(QStringLiteral("数字太大，无法换算，请输入一万亿元以下的金额！"));
+    desk.inform(u"数字太大，无法换算，请输入一万亿元以下的金额！"_s);
     return {};
   }
   if (!NumberText::isNumeric(amount))
-    return QStringLiteral(" ");
+    return u" "_s;
   amount = NumberText::plain(std::abs(value)).trimmed();
-  return (value < 0 ? QStringLiteral("负") : QString()) + capitalOf(amount, kind);
+  return (value < 0 ? u"负"_s : QString()) + capitalOf(amount, kind);
 }
 
 } // namespace ModDaXie

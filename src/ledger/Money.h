@@ -7,20 +7,20 @@
 struct Session;
 class Value;
 
-// Amounts on their way to the screen and back, currencies and rates.
+// Formatting and parsing of amounts, currencies and rates.
 namespace ModFuntion {
 
-// A number as the screen shows it, by a decimal setting of DotType: 0 or more decimals or -1 with
-// thousands separators, -3 without, -2 plain text with a leading blank. An empty text stays empty;
-// "。" counts as the point, separators and "￥" are passed over, and what is no number is its numeric prefix.
+// A number as the screen shows it, by a decimal setting of DotType: 0 or more decimals or -1 with thousands
+// separators, -3 without, -2 plain text with a leading space. An empty text stays empty; "。" counts as the point,
+// separators and "￥" are ignored, and non-numeric text yields its numeric prefix.
 QString FormatDotText(const QString& text, int decimals);
 QString FormatDotText(const Value& value, int decimals);
 QString FormatDotText(Currency amount, int decimals);
 
-// A text without any "," "。" "￥": what FormatDotText made, ready to be read as a number.
+// A text without any "," "。" "￥": the reverse of FormatDotText, to be read as a number.
 QString StripMoneyText(const QString& text);
 
-// The amount that stands in a text of the screen.
+// The amount in a text of the screen.
 Currency MoneyOf(const QString& screenText);
 
 // Rate of a currency, in single precision; 1 if it is not in the list.
