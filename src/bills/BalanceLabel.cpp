@@ -14,8 +14,7 @@ constexpr char16_t Heading[] = u"截止当日尚欠：";
 
 } // namespace
 
-BalanceLabel::BalanceLabel(BillScreen& screen, int sign)
-    : m_screen(screen), m_sign(sign), LabFundAttention(&screen.Pic, u"LabFundAttention"_s)
+BalanceLabel::BalanceLabel(BillScreen& screen, int sign) : m_screen(screen), m_sign(sign), LabFundAttention(&screen.Pic, "LabFundAttention")
 {
   clear();
   screen.partner->TxtName.onChange = [this] { refresh(); };

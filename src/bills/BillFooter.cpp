@@ -3,9 +3,9 @@
 using namespace Qt::StringLiterals;
 
 BillFooter::BillFooter(Control* screen, Control* panel)
-    : TxtOperator(panel, u"TxtOperator"_s), TxtAuditing(panel, u"TxtAuditing"_s), ChAutoAuditing(panel, u"ChAutoAuditing"_s),
-      ChAutoAdd(panel, u"ChAutoAdd"_s), LoadingPic(panel, u"LoadingPic"_s), Animation1(&LoadingPic, u"Animation1"_s),
-      LabLoading(&LoadingPic, u"LabLoading"_s), VS(screen, u"VS"_s), HS(screen, u"HS"_s)
+    : TxtOperator(panel, "TxtOperator"), TxtAuditing(panel, "TxtAuditing"), ChAutoAuditing(panel, "ChAutoAuditing"),
+      ChAutoAdd(panel, "ChAutoAdd"), LoadingPic(panel, "LoadingPic"), Animation1(&LoadingPic, "Animation1"),
+      LabLoading(&LoadingPic, "LabLoading"), VS(screen, "VS"), HS(screen, "HS")
 {
   for (TextBox* const box : {&TxtOperator, &TxtAuditing}) {
     box->setReadOnly(true);

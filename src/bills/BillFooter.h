@@ -2,7 +2,7 @@
 
 #include "screen/Controls.h"
 
-// The foot of a bill screen: who made and who audited the bill, what a save does besides, the waiting panel.
+// The footer of a bill screen: author, auditor, save options, and the waiting panel.
 struct BillFooter {
   BillFooter(Control* screen, Control* panel);
 

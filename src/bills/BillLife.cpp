@@ -6,13 +6,13 @@
 
 using namespace Qt::StringLiterals;
 
-// What happens to a bill once it is saved: audit and its reversal, void, delete, browse. Audit is a
-// name in every row of the bill; void is its state, and there is no way back from it.
+// What happens to a bill once it is saved: audit and its reversal, void, delete, browse. Audit is a name in every row
+// of the bill; void is its state, and is irreversible.
 
 namespace {
 
-// True, after the message, if the stored bill's date is closed. A void looks at the last carry-forward alone, not at
-// the accounting close.
+// True, after the message, if the stored bill's date is closed. A void checks only the last carry-forward, not the
+// accounting close.
 bool isBeforeLastTurn(const BillScreen& screen)
 {
   if (Trim(screen.TxtDate.text()).isEmpty()) {
@@ -87,9 +87,9 @@ void BillScreen::FDelete_Click()
   InitLineGrid();
   if (traits().emptyAfterDelete.empty())
     return NewBill();
-  // The screen stays that of a saved bill: the operator has to ask for a new one.
+  // The screen still counts as that of a saved bill: the operator has to start a new one.
   for (const char* name : traits().emptyAfterDelete)
-    find<TextBox>(QString::fromLatin1(name))->setText({});
+    find<TextBox>(name)->setText({});
 }
 
 void BillScreen::browseTo(const std::optional<QString>& code)
@@ -97,6 +97,6 @@ void BillScreen::browseTo(const std::optional<QString>& code)
   if (!code)
     return;
   FillBill(BillTable, Trim(*code));
-  find(u"FBuild"_s)->setVisible(true);
-  find(u"ToolBuild"_s)->setVisible(true);
+  find("FBuild")->setVisible(true);
+  find("ToolBuild")->setVisible(true);
 }

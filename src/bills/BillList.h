@@ -3,15 +3,14 @@
 #include <QStringList>
 #include <optional>
 
-// The codes of one month's bills, in order, with a place in them: what the operator browses. It is
-// read at the start and after each save, and by nothing else, so a bill deleted since still has its
-// code here.
+// The codes of one month's bills, in order, with a current position, for browsing. It is read only at the start and
+// after each save, so it may still contain the code of a deleted bill.
 class BillList {
 public:
-  // A new list stands at its first code.
+  // Moves to the first code.
   void setCodes(const QStringList& codes);
 
-  // One code back or on, round the ends; nothing in an empty list.
+  // The previous or next code, wrapping around; nothing in an empty list.
   std::optional<QString> previous() { return step(-1); }
   std::optional<QString> next() { return step(1); }
 

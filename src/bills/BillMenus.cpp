@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Item {
-  const char* name; // null for the partner's button, which each bill calls its own
+  const char* name; // null for the partner's button, whose name differs
   const char16_t* caption;
   void (*press)(BillScreen& screen);
-  BillArea of = BillArea::Head; // a bill without it goes without the item
+  BillArea of = BillArea::Head; // a bill without it omits the item
 };
 
 void deleteLayout(BillScreen& screen)
@@ -64,9 +64,9 @@ constexpr Item PrintItems[] = {
     {"MPrintSet_PT", u"打印设置", printSettings},
 };
 
-template <typename Kind> Kind* add(BillScreen& screen, Control& container, const Item& item, const QString& name = {})
+template <typename Kind> Kind* add(BillScreen& screen, Control& container, const Item& item, const char* name = nullptr)
 {
-  Kind* const control = new Kind(&container, name.isEmpty() ? QString::fromLatin1(item.name) : name);
+  Kind* const control = new Kind(&container, item.name ? item.name : name);
   control->setCaption(QString::fromUtf16(item.caption));
   control->onClick = [&screen, press = item.press] { press(screen); };
   return control;
@@ -75,7 +75,7 @@ template <typename Kind> Kind* add(BillScreen& screen, Control& container, const
 } // namespace
 
 BillMenus::BillMenus(BillScreen& screen, const BillTraits& traits)
-    : Toolbar1(&screen, u"Toolbar1"_s), File(&screen, u"File"_s), MPrint(&screen, u"MPrint"_s), m_screen(screen)
+    : Toolbar1(&screen, "Toolbar1"), File(&screen, "File"), MPrint(&screen, "MPrint"), m_screen(screen)
 {
   File.setCaption(u"文件(&F)"_s);
   MPrint.setCaption(u"打印(&T)"_s);
@@ -89,7 +89,7 @@ void BillMenus::buildToolbar(const BillTraits& traits)
   for (const Item& item : Tools) {
     if (!traits.has(item.of))
       continue;
-    auto* const button = add<ToolButton>(m_screen, Toolbar1, item, item.name ? QString() : QString::fromLatin1(traits.partner->infoTool));
+    auto* const button = add<ToolButton>(m_screen, Toolbar1, item, traits.partner ? traits.partner->infoTool : nullptr);
     if (!item.name)
       button->setToolTip(QString::fromUtf16(traits.partner->infoToolTip));
   }
@@ -102,7 +102,7 @@ void BillMenus::buildFileMenu(const BillTraits& traits)
   for (const Item& item : FileItems)
     if (traits.has(item.of))
       add<MenuItem>(m_screen, File, item);
-  Menu* const exports = new Menu(&File, u"FExcle"_s);
+  Menu* const exports = new Menu(&File, "FExcle");
   exports->setCaption(u"导出至Excel文件..."_s);
   add<MenuItem>(m_screen, *exports, {"FExcle_PT", u"普通格式", [](BillScreen& s) { BillPrints::FExcle_PT_Click(s); }});
   addTemplateMenu(*exports, "FIntoExcel", u"设置的格式", "FIntoExcel_Inf", BillTemplate::Finish::HandOver);
@@ -120,9 +120,9 @@ void BillMenus::buildPrintMenu()
 
 void BillMenus::addTemplateMenu(Menu& parent, const char* name, const char16_t* caption, const char* items, BillTemplate::Finish finish)
 {
-  Menu* const menu = new Menu(&parent, QString::fromLatin1(name));
+  Menu* const menu = new Menu(&parent, name);
   menu->setCaption(QString::fromUtf16(caption));
-  auto* const templates = new MenuItemArray(menu, QString::fromLatin1(items));
+  auto* const templates = new MenuItemArray(menu, items);
   templates->setItem(0, u"暂无"_s);
   templates->onItemClick = [this, templates, finish](int index) {
     BillPrints::PrintBill_Excel(m_screen, templates->captions().value(index), finish);

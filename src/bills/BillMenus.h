@@ -6,7 +6,7 @@
 class BillScreen;
 struct BillTraits;
 
-// The toolbar and the menus of a bill screen. A bill goes without the items of what it has not.
+// The toolbar and the menus of a bill screen. Items of areas that a bill does not have are omitted.
 class BillMenus {
 public:
   BillMenus(BillScreen& screen, const BillTraits& traits);

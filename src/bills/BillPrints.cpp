@@ -15,7 +15,7 @@ namespace {
 
 QString shownText(const BillScreen& screen, const char* control)
 {
-  return Trim(screen.find(QString::fromLatin1(control))->shownText());
+  return Trim(screen.find(control)->shownText());
 }
 
 // A bill that is not stored has no code yet, whatever its box shows.
@@ -23,7 +23,7 @@ QStringList printLines(const BillScreen& screen, std::span<const PrintLine> line
 {
   QStringList texts;
   for (const PrintLine& line : lines) {
-    const bool isCode = screen.find(QString::fromLatin1(line.control)) == &screen.TxtBillCode;
+    const bool isCode = screen.find(line.control) == &screen.TxtBillCode;
     texts.append(QString::fromUtf16(line.label) + (isCode ? screen.store.bill().code : shownText(screen, line.control)));
   }
   return texts;
@@ -44,7 +44,7 @@ QString capitals(const BillScreen& screen, QString amount)
   return ModDaXie::CapitalAmountText(screen.desk(), amount, u"货币型"_s);
 }
 
-// The values of the words of one printout.
+// The values of the template words of one printout.
 class WordValues {
 public:
   explicit WordValues(const BillScreen& screen) : m_screen(screen)
@@ -60,8 +60,7 @@ public:
     switch (word.value) {
     case TemplateWord::Text:
     case TemplateWord::Amount: return shownText(m_screen, word.name);
-    case TemplateWord::IfVisible:
-      return m_screen.find(QString::fromLatin1(word.name))->isVisible() ? shownText(m_screen, word.name) : QString();
+    case TemplateWord::IfVisible: return m_screen.find(word.name)->isVisible() ? shownText(m_screen, word.name) : QString();
     case TemplateWord::Partner: return m_partner.eof() ? QString() : m_partner.trimmed(word.name);
     case TemplateWord::Company: return companyName();
     case TemplateWord::BillDate: return m_screen.DTPDate.date().toString(dateForm);

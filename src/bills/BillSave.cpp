@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What leaving an amount box does to its text is done before a save, too.
+// Leaving an amount box formats its text, and so does a save.
 void leaveAmount(const Form& form)
 {
   if (const Control* const box = form.focused(); box && box->onFocusOut)
@@ -17,8 +17,8 @@ void leaveAmount(const Form& form)
 
 } // namespace
 
-// Saving a bill: the checks of its kind in their order, then the writing. Whether the bill was written does not decide
-// what follows; one that was refused is not stored, so that no voucher is touched after it.
+// Saving a bill: the checks of its kind in their order, then the writing. The result of the write is deliberately
+// ignored; a refused bill is not stored, so no voucher is touched.
 void BillScreen::FSave_Click()
 {
   leaveAmount(*this);

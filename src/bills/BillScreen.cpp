@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Where a new bill is begun.
+// The first field of a new bill.
 Control& firstField(BillScreen& screen)
 {
   return screen.partner ? screen.partner->TxtName : screen.transfer ? screen.transfer->outgoing.name : screen.staff.TxtSaleMan;
@@ -21,12 +21,12 @@ Control& firstField(BillScreen& screen)
 } // namespace
 
 BillScreen::BillScreen(Session& ofSession, const BillTraits& traits)
-    : Form(ofSession.desk, QString::fromLatin1(traits.kind.screen)), session(ofSession), store(ofSession, traits.kind), Pic(this, u"Pic"_s),
-      LabBillName(&Pic, u"LabBillName"_s), LabState(&Pic, u"LabState"_s), LabAuditing(&Pic, u"LabAuditing"_s),
-      TxtBillCode(&Pic, u"TxtBillCode"_s), DTPDate(&Pic, u"DTPDate"_s), TxtDate(&Pic, u"TxtDate"_s), currency(*this),
-      FrameProvide(&Pic, u"FrameProvide"_s), partner(traits.partner ? std::make_unique<PartnerArea>(*this) : nullptr),
+    : Form(ofSession.desk, traits.kind.screen), session(ofSession), store(ofSession, traits.kind), Pic(this, "Pic"),
+      LabBillName(&Pic, "LabBillName"), LabState(&Pic, "LabState"), LabAuditing(&Pic, "LabAuditing"), TxtBillCode(&Pic, "TxtBillCode"),
+      DTPDate(&Pic, "DTPDate"), TxtDate(&Pic, "TxtDate"), currency(*this), FrameProvide(&Pic, "FrameProvide"),
+      partner(traits.partner ? std::make_unique<PartnerArea>(*this) : nullptr),
       transfer(traits.hasTransfer ? std::make_unique<TransferArea>(*this) : nullptr), staff(*this),
-      paid(traits.hasPaid ? std::make_unique<PaidArea>(*this) : nullptr), MSH(&Pic, u"MSH"_s),
+      paid(traits.hasPaid ? std::make_unique<PaidArea>(*this) : nullptr), MSH(&Pic, "MSH"),
       lines(traits.lines ? std::make_unique<LineArea>(*this, *traits.lines) : nullptr),
       balance(traits.balanceSign != 0 ? std::make_unique<BalanceLabel>(*this, traits.balanceSign) : nullptr), footer(this, &Pic),
       menus(*this, traits)
@@ -127,7 +127,7 @@ void BillScreen::SetBillEditable(bool on)
                                             "FrameMoneyType", "ToolSave",     "ToolDelete",     "ToolRedWord", "ToolInsertRow",
                                             "ToolDeleteRow",  "ToolAuditing", "ToolUnAuditing", "FSave",       "FDelete"};
   for (const char* name : Targets)
-    if (Control* const control = find(QString::fromLatin1(name)))
+    if (Control* const control = find(name))
       control->setEnabled(on);
   TxtBillCode.setEnabled(false);
   menus.enablePrinting(true);
@@ -138,10 +138,10 @@ void BillScreen::RefreshBillControls()
   const bool closed = ModFuntion::GetClosingGuard(session, DTPDate.date(), false);
   SetBillEditable(!closed && !isAudited() && !isVoided());
   if (!closed && isVoided()) {
-    find(u"ToolDelete"_s)->setEnabled(true);
-    find(u"FDelete"_s)->setEnabled(true);
+    find("ToolDelete")->setEnabled(true);
+    find("FDelete")->setEnabled(true);
   } else if (!closed && isAudited()) {
-    find(u"ToolUnAuditing"_s)->setEnabled(true);
+    find("ToolUnAuditing")->setEnabled(true);
   }
   if (lines)
     lines->Text2.hide();
@@ -160,7 +160,7 @@ void BillScreen::FillBill(const QString& table, const QString& code)
     desk().inform(u"没有原单！"_s);
     return;
   }
-  // Nothing is stored until all of it is shown: a column that cannot be read ends the filling half-way.
+  // Nothing is stored until all of it is shown: a column that cannot be read stops the filling half-way.
   store.take();
   showHeader(header);
   if (lines) {
@@ -227,7 +227,7 @@ QString BillScreen::billCode() const
   return Trim(TxtBillCode.text());
 }
 
-// The target decides, not the button: the picker changes it for a list of cash or bank accounts alone.
+// The target decides, not the button: the picker changes it for a list of only cash or only bank accounts.
 void BillScreen::takeAccount(const PickedNode& account)
 {
   if (!paid)

@@ -18,8 +18,8 @@
 #include "startup/Screen.h"
 #include "vouchers/VoucherBill.h"
 
-// The screen of one bill at a time: a head, the areas that its BillTraits name, a footer, menus. It turns what is typed
-// into a BillRecord, and the BillStore keeps the bill. Its members are made in the order of Tab.
+// The screen of one bill at a time: a head, the areas that its BillTraits name, a footer, menus. It turns what is
+// typed into a BillRecord, and the BillStore stores the bill. Its members are in tab order.
 class BillScreen : public Form, public Screen {
   Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
   void Form_Load() override;
   void FillBill(const QString& table, const QString& code) override;
   void frm_Initialize(bool keepScreen) override;
-  void hideWriteOff() override { find(QStringLiteral("ToolHX"))->setVisible(false); }
+  void hideWriteOff() override { find("ToolHX")->setVisible(false); }
 
   // Menu items and buttons: BillSave.cpp and BillLife.cpp.
   void NewBill();
@@ -43,11 +43,11 @@ public:
   void BrowseNext() { browseTo(m_billList.next()); }
   void openWriteOff();
   virtual void FJXCAccount_Click();
-  // Where the choice of an account picker goes.
+  // Receives the choice of an account picker.
   void takeAccount(const PickedNode& account);
 
   const BillTraits& traits() const { return *m_traits; }
-  // The bill's title; layouts and templates go by it.
+  // The bill's title; also the name of layouts and templates.
   QString billName() const;
   // The kind of bill in the voucher settings, and in the names of its images.
   QString voucherKind() const { return mode().value_or(billName()); }
@@ -57,7 +57,7 @@ public:
   Currency totalMoney() const { return lines ? lines->total() : transfer->total(); }
   bool isAudited() const;
   bool isVoided() const;
-  // How the partner is looked up, and what is missing without him.
+  // How the partner is looked up, and the message if there is none.
   virtual bool partnerBringsSaleMan() const { return true; }
   virtual QString noPartnerMessage() const { return QString::fromUtf16(traits().partner->notChosen); }
 
@@ -78,22 +78,22 @@ public:
   std::unique_ptr<TransferArea> transfer;
   StaffArea staff;
   std::unique_ptr<PaidArea> paid;
-  Grid MSH; // holds nothing on a bill without lines
+  Grid MSH; // empty on a bill without lines
   std::unique_ptr<LineArea> lines;
   std::unique_ptr<BalanceLabel> balance;
   BillFooter footer;
   BillMenus menus;
 
 protected:
-  // The mode that the rights, voucher settings and images of the bill shown go by, if its kind has modes.
+  // The mode that determines rights, voucher settings and images of the bill shown, if its kind has modes.
   virtual std::optional<QString> mode() const { return std::nullopt; }
-  // What column SustainType says, of a kind that has it.
+  // The column SustainType, for a kind that has it.
   virtual QString offsetType() const { return {}; }
-  // The condition that keeps the month's list to the bills of this screen, led by " and ".
+  // The condition that restricts the month's list to the bills of this screen, beginning with " and ".
   virtual Statement billListClause() const { return {}; }
   virtual void InitLineGrid();
   virtual void showHeader(const Recordset& header);
-  // Makes the screen that of another kind of bill.
+  // Turns the screen into that of another kind of bill.
   void turnInto(const BillTraits& traits);
   void onUnload() override;
   void settleAfterRunTimeError() override { footer.LoadingPic.setVisible(false); }

@@ -8,7 +8,7 @@
 #include <span>
 
 // What a bill screen is made of: which areas it has, the checks of its save in their order, and its texts. Each
-// screen's own file holds its row.
+// screen defines its own in its source file.
 
 // Of a bill with lines.
 struct LineTraits {
@@ -16,12 +16,12 @@ struct LineTraits {
   const char16_t* accountNameHeading;
   const char16_t* attention; // caption of LabAttention
 
-  // What the account picker offers for a line, its title and where its choice goes.
+  // The rows that the account picker lists for a line, its title and the target of its choice.
   SqlLiteral accountFilter;
   const char16_t* accountPickerTitle = u"";
   const char16_t* accountPickerTarget = u"";
 
-  // Refusals of a save.
+  // Messages that refuse a save.
   const char16_t* noLines;
   const char16_t* wrongAccount; // followed by the account's name
   // The currency shown is that of the last line, not of the header.
@@ -30,7 +30,7 @@ struct LineTraits {
 
 // Of a bill with a trading partner.
 struct PartnerTraits {
-  const char16_t* unknown; // refusal of a name that is no partner's
+  const char16_t* unknown; // message for an unknown partner
   const char16_t* notChosen = u"";
   SqlLiteral pickerSql;
   const char16_t* pickerTitle;
@@ -60,12 +60,12 @@ struct BillTraits {
   const char16_t* duplicateCode;
   const char16_t* missingAtVoid;
   bool asksRightAtVoid = true;
-  // The screen is ready for the next bill before the box says that this one is saved.
+  // The screen is reset for the next bill before the "saved" box appears.
   bool tellsSavedLast = false;
   bool newClosesEditor = false;
-  // The stored bill decides which kind this is, and with it the templates.
+  // The stored bill determines the kind, and with it the templates.
   bool isTurnedByBill = false;
-  // Fields that a delete empties; a bill without any starts a new one instead.
+  // Fields that a delete clears; without any, a delete starts a new bill.
   std::span<const char* const> emptyAfterDelete = {};
 
   constexpr bool has(BillArea area) const

@@ -9,8 +9,8 @@
 using namespace Qt::StringLiterals;
 
 CurrencyArea::CurrencyArea(BillScreen& screen)
-    : FrameMoneyType(&screen.Pic, u"FrameMoneyType"_s), TxtMoneyName(&FrameMoneyType, u"TxtMoneyName"_s),
-      TxtMoneyRate(&FrameMoneyType, u"TxtMoneyRate"_s, u".0123456789"_s), m_screen(screen)
+    : FrameMoneyType(&screen.Pic, "FrameMoneyType"), TxtMoneyName(&FrameMoneyType, "TxtMoneyName"),
+      TxtMoneyRate(&FrameMoneyType, "TxtMoneyRate", u".0123456789"_s), m_screen(screen)
 {
   TxtMoneyName.setEditable(true);
   TxtMoneyName.setText(u"人民币"_s);

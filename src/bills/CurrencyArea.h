@@ -6,15 +6,15 @@
 class BillScreen;
 class Recordset;
 
-// The currency of a bill and its rate; hidden in an account set of one currency, whose bills have none.
+// The currency of a bill and its rate; hidden in an account set without multiple currencies, whose bills have none.
 class CurrencyArea {
 public:
   explicit CurrencyArea(BillScreen& screen);
 
   void load();
-  // Of a header or a line.
+  // `row` is a header or a line.
   void show(const Recordset& row);
-  // Without currencies a bill has none, whatever the bill viewed before had.
+  // Without currencies a bill has none, whatever the previous bill had.
   void clear();
   void addTo(BillRecord& record) const;
 

@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
 LineArea::LineArea(BillScreen& screen, const LineTraits& traits)
-    : LabAttention(&screen.Pic, u"LabAttention"_s), Text2(&screen.Pic, screen.MSH), FrameTotal(&screen.Pic, u"FrameTotal"_s),
-      LabTotalMoney(&FrameTotal, u"LabTotalMoney"_s), m_screen(screen), m_grid(screen.MSH)
+    : LabAttention(&screen.Pic, "LabAttention"), Text2(&screen.Pic, screen.MSH), FrameTotal(&screen.Pic, "FrameTotal"),
+      LabTotalMoney(&FrameTotal, "LabTotalMoney"), m_screen(screen), m_grid(screen.MSH)
 {
   LabAttention.setCaption(QString::fromUtf16(traits.attention));
   FrameTotal.setCaption(u"合计信息"_s);
@@ -88,7 +88,7 @@ void LineArea::OpenCellEditor()
   Text2.open(m_grid.col() == Amount ? StripMoneyText(text) : text);
 }
 
-// Every key opens the editor on the cell where the key has led; a character is typed into it.
+// Every key opens the editor on the cell that it has moved to; a character is typed into it.
 void LineArea::gridKeyDown(const Key& key)
 {
   OpenCellEditor();
@@ -96,8 +96,8 @@ void LineArea::gridKeyDown(const Key& key)
     Text2.press(key);
 }
 
-// Tab goes on from the cell where Enter has left the operator. At the ends of a row it leaves the lines,
-// so that there is a way out of them.
+// Tab continues from the cell that Enter has moved to. At the ends of a row it leaves the grid, so that the keyboard
+// can leave it.
 bool LineArea::gridTab(const Key& key)
 {
   const int col = m_grid.col();
@@ -159,7 +159,7 @@ void LineArea::editorEnter()
   Text2.returnToGrid();
 }
 
-// On a bill that may not be changed the click has opened no editor, and the double click picks nothing.
+// On a bill that may not be changed the click opens no editor and the double click picks nothing.
 void LineArea::pickAccountOfCell()
 {
   if (Text2.isVisible() && (m_grid.col() == AccountCode || m_grid.col() == AccountName))
@@ -212,7 +212,7 @@ void LineArea::Txt2ToMSH(const Statement& account)
 
 void LineArea::RecalcTotal()
 {
-  // The blank last row counts too: what is typed there shows in the total though it is no line yet.
+  // Includes the empty last row: what is typed there shows in the total though it is not a line yet.
   Currency total;
   for (int row = 1; row < m_grid.rows(); ++row)
     total += amount(row);
@@ -250,7 +250,7 @@ void LineArea::DeleteLineRow()
   reopenIfOpen();
 }
 
-// True, after the message, if the current row is no line.
+// True, after the message, if the current row is not a line.
 bool LineArea::isOffLines()
 {
   if (m_grid.row() != 0 && m_grid.row() != m_grid.rows() - 1)
@@ -265,14 +265,14 @@ void LineArea::copyRow(int to, int from)
     m_grid.setText(to, col, col == Marker ? QString() : m_grid.text(from, col));
 }
 
-// Works on the live grid; laying it out again would take typed lines away.
+// Works on the live grid; a new layout would delete typed lines.
 void LineArea::FMSHFormat_Click()
 {
   Text2.hide();
   GridLayout::FMSHFormat_Click(m_screen.session, m_grid, m_screen.billName());
 }
 
-// An open editor shows the cell that has come under it.
+// An open editor moves to the current cell.
 void LineArea::reopenIfOpen()
 {
   if (Text2.isVisible())

@@ -10,7 +10,7 @@ struct LineTraits;
 struct PickedNode;
 
 // The lines of a bill and their total: an account, an amount and a remark each, entered in the grid MSH through the
-// floating Text2, keyboard first. On save the grid is the bill.
+// floating Text2, keyboard first. A save stores what the grid holds.
 //
 // Always holds after a change: the last row is empty in column 1; lines are rows 1 to rows - 2;
 // column 3 shows amounts as FormatDotText makes them; LabTotalMoney is the sum of column 3.
@@ -20,9 +20,9 @@ public:
 
   LineArea(BillScreen& screen, const LineTraits& traits);
 
-  // Resets the grid to its headings and one empty row, by the stored layout if there is one.
+  // Resets the grid to its headings and one empty row, in the stored layout if there is one.
   void InitLineGrid();
-  // Puts stored lines into a grid that InitLineGrid has reset. A line without an amount shows none.
+  // Fills a grid that InitLineGrid has reset with stored lines. A line without an amount shows none.
   void show(Recordset& lines);
   void addTo(BillRecord& record) const;
 
@@ -45,10 +45,10 @@ public:
   Label LabTotalMoney;
 
 private:
-  // Lays Text2 on the current cell, if lines may be edited.
+  // Opens Text2 over the current cell, if lines may be edited.
   void OpenCellEditor();
-  // Carries what was typed or picked to the current row: for columns 1 and 2 the account that
-  // `account` selects, or the picker's if there is none; then sums up again.
+  // Copies what was typed or picked to the current row: for columns 1 and 2 the account that `account` selects, or
+  // the picker's if there is none; then updates the total.
   void Txt2ToMSH(const Statement& account);
   void RecalcTotal();
   void gridKeyDown(const Key& key);

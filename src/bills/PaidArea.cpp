@@ -10,23 +10,21 @@ using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
 PaidArea::PaidArea(BillScreen& screen)
-    : m_screen(screen),
-      FramePay(&screen.Pic, u"FramePay"_s), m_cash{u"现金",
-                                                   u"请选择现金科目！",
-                                                   u"现金科目名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-                                                   "1001",
-                                                   {screen.session, &FramePay, u"TxtCash"_s},
-                                                   {{&FramePay, u"TxtCashAccouCode"_s},
-                                                    {&FramePay, u"TxtCashAccouName"_s},
-                                                    {&FramePay, u"ImgCashAccouName"_s, [this] { pickAccount(m_cash); }}}},
-      m_bank{u"银行存款",
-             u"请选择银行科目！",
-             u"银行科目名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
-             "1002",
-             {screen.session, &FramePay, u"TxtTransfer"_s},
-             {{&FramePay, u"TxtTransferCode"_s}, {&FramePay, u"TxtTransferName"_s}, {&FramePay, u"ImgTransferName"_s, [this] {
-                                                                                       pickAccount(m_bank);
-                                                                                     }}}}
+    : m_screen(screen), FramePay(&screen.Pic, "FramePay"), m_cash{u"现金",
+                                                                  u"请选择现金科目！",
+                                                                  u"现金科目名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
+                                                                  u"1001"_s,
+                                                                  {screen.session, &FramePay, "TxtCash"},
+                                                                  {{&FramePay, "TxtCashAccouCode"},
+                                                                   {&FramePay, "TxtCashAccouName"},
+                                                                   {&FramePay, "ImgCashAccouName", [this] { pickAccount(m_cash); }}}},
+      m_bank{
+          u"银行存款",
+          u"请选择银行科目！",
+          u"银行科目名称不正确（原因：名称不存在或不是处于最末级），请重新选择！",
+          u"1002"_s,
+          {screen.session, &FramePay, "TxtTransfer"},
+          {{&FramePay, "TxtTransferCode"}, {&FramePay, "TxtTransferName"}, {&FramePay, "ImgTransferName", [this] { pickAccount(m_bank); }}}}
 {
   FramePay.setCaption(u"资金信息"_s);
   for (Part* const part : {&m_cash, &m_bank})

@@ -7,7 +7,7 @@ class BillScreen;
 class Recordset;
 struct PickedNode;
 
-// How much of an expense or other income went by cash and how much by bank, and over which accounts.
+// The cash and bank parts of an expense or other income, and their accounts.
 class PaidArea {
 public:
   explicit PaidArea(BillScreen& screen);
@@ -16,20 +16,20 @@ public:
   void clear();
   void addTo(BillRecord& record) const;
   Currency total() const;
-  // True if the choice of an account picker was meant for one of the two parts, which has taken it.
+  // True if the choice of an account picker was for one of the two parts, which has taken it.
   bool take(const PickedNode& account);
 
-  // The checks of the accounts. Without an amount there is no account, whatever its boxes show.
+  // The checks of the accounts. Without an amount there is no account, whatever the boxes show.
   std::optional<Desk::Box> cashRefusal() { return refusal(m_cash); }
   std::optional<Desk::Box> bankRefusal() { return refusal(m_bank); }
 
 private:
   // The cash or the bank part of the total.
   struct Part {
-    const char16_t* target;  // where the picker's choice goes
-    const char16_t* missing; // refusals: no account, no such account
+    const char16_t* target;  // the target of the picker's choice
+    const char16_t* missing; // messages: no account, no such account
     const char16_t* wrong;
-    const char* accounts; // how the codes of its accounts begin
+    QString accounts; // how the codes of its accounts begin
     AmountBox amount;
     AccountBoxes account;
   };

@@ -10,8 +10,8 @@
 using namespace Qt::StringLiterals;
 
 PartnerArea::PartnerArea(BillScreen& screen)
-    : TxtCode(&screen.FrameProvide, u"TxtCode"_s), TxtName(&screen.FrameProvide, u"TxtName"_s),
-      ImgName(&screen.FrameProvide, u"ImgName"_s, [this] { ImgName_Click(); }), m_screen(screen)
+    : TxtCode(&screen.FrameProvide, "TxtCode"), TxtName(&screen.FrameProvide, "TxtName"),
+      ImgName(&screen.FrameProvide, "ImgName", [this] { ImgName_Click(); }), m_screen(screen)
 {
   TxtCode.setReadOnly(true);
   TxtCode.setTabStop(false);
@@ -58,8 +58,8 @@ bool PartnerArea::TxtName_KeyPress(const Key& key)
   return true;
 }
 
-// The code first: the change of the name sets off the work on the partner, also when the name was typed in full before
-// or is that of another partner.
+// The code first: assigning the name triggers the partner's handler, even if the same name was typed before or
+// another partner has it.
 void PartnerArea::ImgName_Click()
 {
   const PartnerTraits& traits = *m_screen.traits().partner;

@@ -6,7 +6,7 @@
 class BillScreen;
 class Recordset;
 
-// The trading partner of a bill, found by typing a part of his code or name or in the code picker.
+// The trading partner of a bill, found by typing part of a code or name or in the code picker.
 class PartnerArea {
 public:
   explicit PartnerArea(BillScreen& screen);
@@ -14,7 +14,7 @@ public:
   void show(const Recordset& header);
   void clear();
   void addTo(BillRecord& record) const;
-  // Opens the partner's own record in the program that keeps it.
+  // Opens the partner's record in the program that maintains it.
   void ShowPartnerInfo();
 
   TextBox TxtCode;

@@ -1,6 +1,6 @@
 #pragma once
 
-// What a printout shows of a bill: lines of text above and below the grid, and the words of the workbook templates.
+// What a printout of a bill shows: lines of text above and below the grid, and the words of the workbook templates.
 
 // A line of a printout: its label, and the control whose text follows.
 struct PrintLine {
@@ -8,10 +8,10 @@ struct PrintLine {
   const char* control;
 };
 
-// What a bill screen is made of; all have a head.
+// The areas of a bill screen; all have a head.
 enum class BillArea { Head, Partner, Lines, Transfer, Paid, Balance, WriteOff };
 
-// A word of a workbook template, and what takes its place on a printout of the bill.
+// A word of a workbook template, and its replacement on a printout of the bill.
 struct TemplateWord {
   enum Value {
     Text,      // the text of the control
@@ -47,7 +47,7 @@ inline constexpr PrintLine FeeHead[] = {
     {u"录单日期：", "TxtDate"}, {u"单据编号：", "TxtBillCode"}, {u"业 务 员：", "TxtSaleMan"}, {u"备    注：", "TxtMemo"}};
 inline constexpr PrintLine FeeFoot[] = {{u"现    金：", "TxtCash"}, {u"银    行：", "TxtTransfer"}, {u"金额合计：", "LabTotalMoney"}};
 
-// All words of the workbook templates, in the order in which they are replaced. A bill has the words of the areas it has.
+// All words of the workbook templates, in the order in which they are replaced. A bill has the words of its areas.
 inline constexpr TemplateWord TemplateWords[] = {
     {u"?本单位名称", TemplateWord::Company},
     {u"?单位名称", TemplateWord::Text, "TxtName", BillArea::Partner},

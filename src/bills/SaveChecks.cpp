@@ -66,7 +66,7 @@ Refusal partnerIsNamed(BillScreen& screen)
   return refuseUnless(!Trim(screen.partner->TxtName.text()).isEmpty(), u"单位名称不能为空！"_s);
 }
 
-// The name decides, and overwrites the code; of two partners of one name the first counts.
+// The name decides, and overwrites the code; the first partner with that name wins.
 Refusal partnerIsKnown(BillScreen& screen)
 {
   PartnerArea& partner = *screen.partner;
@@ -83,12 +83,12 @@ Refusal hasLines(BillScreen& screen)
   return refuseUnless(screen.MSH.rows() >= 3, QString::fromUtf16(screen.traits().lines->noLines));
 }
 
-// Only the code is looked up; a right code with a wrong name is corrected without a word.
+// Only the code is looked up; the name is silently corrected.
 Refusal lineAccountsAreLeaves(BillScreen& screen)
 {
   LineArea& lines = *screen.lines;
   for (int row = 1; row <= lines.lineCount(); ++row) {
-    const auto account = CheckLeafRecord(screen.session, lines.text(row, LineArea::AccountCode), "TabAccountantType", "Code");
+    const auto account = CheckLeafRecord(screen.session, lines.text(row, LineArea::AccountCode), u"TabAccountantType"_s, u"Code"_s);
     if (!account)
       return Desk::Box{QString::fromUtf16(screen.traits().lines->wrongAccount) + screen.MSH.text(row, LineArea::AccountName) +
                        u"  的名称不正确（原因：名称不存在或不是处于目录末级），请重新输入！"_s};
@@ -105,8 +105,8 @@ Refusal noLineIsNegative(BillScreen& screen)
   return {};
 }
 
-// A saved bill keeps its code. So does one whose header was refused, unless a colleague has taken the code since;
-// a screen of a saved bill without a code gets none here.
+// A saved bill keeps its code. So does one whose header was refused, unless another operator has taken the code
+// since; a saved bill without a code gets none here.
 Refusal numberNewBill(BillScreen& screen)
 {
   const BillStore& store = screen.store;

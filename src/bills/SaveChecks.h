@@ -6,11 +6,12 @@
 
 class BillScreen;
 
-// A check of a save: the box that refuses it, or nothing. It may complete what was typed: an account's name by its
-// code, a partner's code by his name. Each bill lists its checks in its own order, and a save ends at the first refusal.
+// A check of a save: the box that refuses it, or nothing. It may complete what was typed: an account's name from its
+// code, a partner's code from the name. Each bill lists its checks in its own order, and the first refusal ends the
+// save.
 using SaveCheck = std::optional<Desk::Box> (*)(BillScreen& screen);
 
-// The checks that several bills have.
+// The checks that several bills share.
 namespace SaveChecks {
 
 std::optional<Desk::Box> operatorMayEdit(BillScreen& screen);
@@ -27,7 +28,7 @@ std::optional<Desk::Box> hasLines(BillScreen& screen);
 std::optional<Desk::Box> lineAccountsAreLeaves(BillScreen& screen);
 std::optional<Desk::Box> noLineIsNegative(BillScreen& screen);
 
-// Gives a new bill its code.
+// Assigns a new bill its code.
 std::optional<Desk::Box> numberNewBill(BillScreen& screen);
 std::optional<Desk::Box> codeHasPrefix(BillScreen& screen);
 std::optional<Desk::Box> codeIsGiven(BillScreen& screen);

@@ -8,8 +8,8 @@
 using namespace Qt::StringLiterals;
 
 StaffArea::StaffArea(BillScreen& screen)
-    : TxtSaleMan(&screen.FrameProvide, u"TxtSaleMan"_s), ImgSaleMan(&screen.FrameProvide, u"ImgSaleMan"_s, [this] { ImgSaleMan_Click(); }),
-      TxtMemo(&screen.FrameProvide, u"TxtMemo"_s), m_screen(screen)
+    : TxtSaleMan(&screen.FrameProvide, "TxtSaleMan"), ImgSaleMan(&screen.FrameProvide, "ImgSaleMan", [this] { ImgSaleMan_Click(); }),
+      TxtMemo(&screen.FrameProvide, "TxtMemo"), m_screen(screen)
 {
   TxtSaleMan.setToolTip(u"输入编号或姓名回车自动调出"_s);
   TxtSaleMan.onKey = [this](const Key& key) { return TxtSaleMan_KeyPress(key); };
@@ -17,7 +17,7 @@ StaffArea::StaffArea(BillScreen& screen)
 
 bool StaffArea::TxtSaleMan_KeyPress(const Key& key)
 {
-  // It is the maker's field that is tested, not the one typed in.
+  // As in the suite, the author's field is tested, not this one.
   if (key.code != Key::Enter || Trim(m_screen.footer.TxtOperator.text()).isEmpty())
     return false;
   const QString text = Trim(TxtSaleMan.text());

@@ -9,15 +9,15 @@ using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
 TransferArea::TransferArea(BillScreen& screen)
-    : LabAccountNameC(&screen.FrameProvide, u"LabAccountNameC"_s), outgoing{{&screen.FrameProvide, u"TxtAccountCodeC"_s},
-                                                                            {&screen.FrameProvide, u"TxtAccountNameC"_s},
-                                                                            {&screen.FrameProvide, u"ImgAccountC"_s,
-                                                                             [this] { pickAccount(outgoing, u"转出账户"); }}},
-      LabAccountNameR(&screen.FrameProvide, u"LabAccountNameR"_s), incoming{{&screen.FrameProvide, u"TxtAccountCodeR"_s},
-                                                                            {&screen.FrameProvide, u"TxtAccountNameR"_s},
-                                                                            {&screen.FrameProvide, u"ImgAccountR"_s,
-                                                                             [this] { pickAccount(incoming, u"转入账户"); }}},
-      TxtMoney(screen.session, &screen.FrameProvide, u"TxtMoney"_s, u".0123456789"_s), m_screen(screen)
+    : LabAccountNameC(&screen.FrameProvide, "LabAccountNameC"), outgoing{{&screen.FrameProvide, "TxtAccountCodeC"},
+                                                                         {&screen.FrameProvide, "TxtAccountNameC"},
+                                                                         {&screen.FrameProvide, "ImgAccountC",
+                                                                          [this] { pickAccount(outgoing, u"转出账户"); }}},
+      LabAccountNameR(&screen.FrameProvide, "LabAccountNameR"), incoming{{&screen.FrameProvide, "TxtAccountCodeR"},
+                                                                         {&screen.FrameProvide, "TxtAccountNameR"},
+                                                                         {&screen.FrameProvide, "ImgAccountR",
+                                                                          [this] { pickAccount(incoming, u"转入账户"); }}},
+      TxtMoney(screen.session, &screen.FrameProvide, "TxtMoney", u".0123456789"_s), m_screen(screen)
 {
   LabAccountNameC.setCaption(u"转出帐户"_s);
   LabAccountNameR.setCaption(u"转入帐户"_s);
@@ -34,11 +34,11 @@ void TransferArea::pickAccount(AccountBoxes& boxes, const char16_t* kind)
     boxes.set(picked->code, picked->name);
 }
 
-std::optional<Desk::Box> TransferArea::refusal(AccountBoxes& boxes, const QString& kind)
+std::optional<Desk::Box> TransferArea::refusal(AccountBoxes& boxes, QStringView kind)
 {
   if (Trim(boxes.name.text()).isEmpty())
-    return Desk::Box{kind + u"不能为空！"_s};
-  return boxes.refusalUnlessLeaf(m_screen.session, kind + u"名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"_s);
+    return Desk::Box{kind.toString() + u"不能为空！"_s};
+  return boxes.refusalUnlessLeaf(m_screen.session, kind.toString() + u"名称不正确（原因：名称不存在或不是处于最末级），请重新选择！"_s);
 }
 
 Currency TransferArea::total() const
@@ -46,8 +46,8 @@ Currency TransferArea::total() const
   return MoneyOf(TxtMoney.text());
 }
 
-// Money that leaves the cash account is a deposit, anything else a withdrawal, also between two banks.
-// The cash account's code counts wherever it is in the text.
+// Money that leaves the cash account is a deposit, anything else a withdrawal, also between two banks. The cash
+// account's code may be anywhere in the text.
 void TransferArea::addTo(BillRecord& record) const
 {
   record.sum = total();

@@ -6,7 +6,7 @@
 class BillScreen;
 class Recordset;
 
-// The amount of a bank bill, and the accounts that it leaves and reaches.
+// The amount of a bank bill, and the accounts that it moves from and to.
 class TransferArea {
 public:
   explicit TransferArea(BillScreen& screen);
@@ -17,8 +17,8 @@ public:
   Currency total() const;
 
   // The checks of the accounts.
-  std::optional<Desk::Box> outgoingRefusal() { return refusal(outgoing, QStringLiteral("转出账户")); }
-  std::optional<Desk::Box> incomingRefusal() { return refusal(incoming, QStringLiteral("转入账户")); }
+  std::optional<Desk::Box> outgoingRefusal() { return refusal(outgoing, u"转出账户"); }
+  std::optional<Desk::Box> incomingRefusal() { return refusal(incoming, u"转入账户"); }
 
   Label LabAccountNameC;
   AccountBoxes outgoing;
@@ -28,7 +28,7 @@ public:
 
 private:
   void pickAccount(AccountBoxes& boxes, const char16_t* kind);
-  std::optional<Desk::Box> refusal(AccountBoxes& boxes, const QString& kind);
+  std::optional<Desk::Box> refusal(AccountBoxes& boxes, QStringView kind);
 
   BillScreen& m_screen;
 };

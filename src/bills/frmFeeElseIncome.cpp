@@ -42,7 +42,7 @@ constexpr LineTraits lines(const char16_t* codeHeading, const char16_t* nameHead
       .accountNameHeading = nameHeading,
       .attention = u"注意：在列表中输入数据后击回车键确定！在科目编号或科目名称列双击可直接选择。",
       .accountFilter = FeeAccountFilter,
-      // Expenses too: the classes offered are those of both.
+      // For expenses, too: the classes listed are those of both.
       .accountPickerTitle = u"收入科目",
       .accountPickerTarget = u"Text2",
       .noLines = u"没有数据输入！",

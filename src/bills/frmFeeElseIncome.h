@@ -2,9 +2,9 @@
 
 #include "bills/BillScreen.h"
 
-// One form for two bills with the same fields, the expense and the other income: lines by account,
-// and how much of their total went by cash and how much by bank. No partner. Which of the two it is
-// follows the order at the start, and the table of a bill that is shown.
+// One form for two bills with the same fields, the expense and the other income: lines by account, and the cash and
+// bank parts of their total. No partner. The directive at the start decides which of the two it is, or else the table
+// of the bill shown.
 class frmFeeElseIncome : public BillScreen {
   Q_OBJECT
 

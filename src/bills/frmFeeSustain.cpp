@@ -11,7 +11,7 @@ using namespace SaveChecks;
 using BillKinds::CustomerOffset;
 using BillKinds::SupplierOffset;
 
-// The name comes ahead of the total here.
+// The name comes before the total here.
 constexpr SaveCheck Checks[] = {operatorMayEdit, dateIsOpen,     amountsFit,  partnerIsNamed,
                                 totalIsNotZero,  partnerIsKnown, hasLines,    lineAccountsAreLeaves,
                                 currencyIsGiven, numberNewBill,  codeIsGiven, codeHasPrefix};
@@ -99,14 +99,14 @@ void frmFeeSustain::Form_Load()
   BillScreen::Form_Load();
 }
 
-// Every new bill is of the mode that the screen was started with.
+// Every new bill has the mode that the screen was started with.
 void frmFeeSustain::InitLineGrid()
 {
   BillScreen::InitLineGrid();
   BillMode = Trim(session.params.OperateType);
 }
 
-// The stored row decides the mode.
+// The stored row determines the mode.
 void frmFeeSustain::showHeader(const Recordset& header)
 {
   BillScreen::showHeader(header);

@@ -2,8 +2,8 @@
 
 #include "bills/BillScreen.h"
 
-// The fee offset: a fee set off against what a customer or a supplier owes or is owed; no money
-// moves. Two modes of row in one pair of tables, and one form for both.
+// The fee offset: a fee set off against what a customer or a supplier owes or is owed; no money moves. Both modes
+// share a pair of tables and this form.
 class frmFeeSustain : public BillScreen {
   Q_OBJECT
 
@@ -16,8 +16,8 @@ public:
   QString noPartnerMessage() const override;
 
 protected:
-  // The mode of the bill shown: BillMode, or the one that the title shows on a screen that was started for a stored bill
-  // and then asked for a new one.
+  // The mode of the bill shown: BillMode, or the one that the title shows on a screen that was started for a stored
+  // bill and then started a new bill.
   std::optional<QString> mode() const override;
   QString offsetType() const override;
   Statement billListClause() const override;
@@ -30,6 +30,6 @@ private:
   bool hasBillMode() const;
   void showTitle();
 
-  // The name of an OffsetMode; on a screen that was ordered for neither, the order as it is.
+  // The name of an OffsetMode; or, on a screen started for neither, the directive itself.
   QString BillMode;
 };
