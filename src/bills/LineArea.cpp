@@ -124,14 +124,9 @@ bool LineArea::editorKey(const Key& key)
 
 void LineArea::editorTab(bool backwards)
 {
-  const int step = backwards ? -1 : 1;
   if (m_grid.col() >= m_grid.cols() - 1)
     return;
-  int col = m_grid.col() + step;
-  while (col >= 1 && col < m_grid.cols() && m_grid.colWidth(col) == 0)
-    col += step;
-  if (col >= 1 && col < m_grid.cols())
-    m_grid.setCurrent(m_grid.row(), col);
+  m_grid.moveToShownColumn(backwards ? -1 : 1);
   ReenterCell();
 }
 

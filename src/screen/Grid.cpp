@@ -233,6 +233,15 @@ void Grid::setCurrent(int row, int col)
     onCellChange();
 }
 
+void Grid::moveToShownColumn(int step)
+{
+  int col = m_col + step;
+  while (col >= 1 && col < cols() && colWidth(col) == 0)
+    col += step;
+  if (col >= 1 && col < cols())
+    setCurrent(m_row, col);
+}
+
 void Grid::clickCell(int row, int col)
 {
   if (!isReachable() || !contains(row, col))

@@ -31,7 +31,7 @@ bool AllocationEditor::gridKey(const Key& key)
   switch (key.code) {
   case Key::Enter: openCell(); return true;
   // Shift+Tab also moves right, as in the suite.
-  case Key::Tab: moveColumn(1); return true;
+  case Key::Tab: m_grid.moveToShownColumn(1); return true;
   case Key::Character: ShowEditBox(key.text); return true;
   default: return false;
   }
@@ -53,7 +53,7 @@ bool AllocationEditor::editorKey(const Key& key)
   case Key::Tab:
     m_editor.hide();
     m_editor.returnToGrid();
-    moveColumn(key.shift ? -1 : 1);
+    m_grid.moveToShownColumn(key.shift ? -1 : 1);
     return true;
   default: return false;
   }
@@ -65,13 +65,4 @@ void AllocationEditor::confirm()
   m_editor.hide();
   m_take();
   m_editor.returnToGrid();
-}
-
-void AllocationEditor::moveColumn(int step)
-{
-  int col = m_grid.col() + step;
-  while (col >= 1 && col < m_grid.cols() && m_grid.colWidth(col) == 0)
-    col += step;
-  if (col >= 1 && col < m_grid.cols())
-    m_grid.setCurrent(m_grid.row(), col);
 }

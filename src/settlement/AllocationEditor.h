@@ -19,7 +19,6 @@ private:
   bool gridKey(const Key& key);
   bool editorKey(const Key& key);
   void confirm();
-  void moveColumn(int step);
 
   Grid& m_grid;
   CellEditor& m_editor;
