@@ -147,12 +147,13 @@ TEST(DialectTranslator, APostgreSqlServerGetsItsOwnDialect)
                u"select \"code\" from B order by cast(Y as integer) desc nulls last ,cast(M as integer) desc nulls last limit 1"_s},
            Row{u"select * from (select a from B order by f(a,b), a) t where t.a<#2022-06-08#"_s,
                u"select * from (select a from B order by f(a,b) nulls first , a nulls first ) t where t.a<'2022-06-08'"_s},
+           Row{u"select [a\"b] from B"_s, u"select \"a\"\"b\" from B"_s},
            Row{u"select a from B where a like 'x\\%' and b='x\\'"_s, u"select a from B where a like 'x\\\\%' and b='x\\'"_s},
        })
     EXPECT_EQ(DialectTranslator::translate(sql, Target::PostgreSql)->sql.simplified(), expected.simplified());
 
   // Signs by which the server or the driver would end a quote elsewhere than we do.
-  for (const QString& sql : {u"select $$'$$ from B"_s, u"select a$b$'$b$ from B"_s, u"select E'\\'' from B"_s, u"select {fn x} from B"_s})
+  for (const QString& sql : {u"select $$'$$ from B"_s, u"select a$b$'$b$ from B"_s, u"select a$b from B"_s, u"select E'\\'' from B"_s, u"select {fn x} from B"_s})
     EXPECT_FALSE(DialectTranslator::translate(sql, Target::PostgreSql)) << shown(sql);
   const QString asWritten = u"select top 1 a from B where convert(int,b)>1 and c='$1{x}'"_s;
   EXPECT_EQ(DialectTranslator::translate(asWritten, Target::SqlServer)->sql, asWritten);
