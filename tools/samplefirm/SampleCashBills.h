@@ -28,12 +28,12 @@ struct CashKind {
     other.billType = ofType;
     return other;
   }
-  constexpr CashKind of(const OffsetMode& ofMode) const
+  constexpr CashKind of(const OffsetMode& ofMode, bool debit) const
   {
     CashKind other(*this);
     other.settingName = ofMode.name;
     other.mode = &ofMode;
-    other.linesAreDebit = &ofMode == &BillKinds::CustomerOffset;
+    other.linesAreDebit = debit;
     return other;
   }
 };
@@ -47,8 +47,8 @@ inline constexpr CashKind CashKinds[] = {
     AnyTransfer.of(u"银行存取（取现）"),
     {BillKinds::Expense, u"付款凭证", u"付", u"号费用开支单", true},
     {BillKinds::OtherIncome, u"收款凭证", u"收", u"号其他收入单", false},
-    AnyOffset.of(BillKinds::CustomerOffset),
-    AnyOffset.of(BillKinds::SupplierOffset),
+    AnyOffset.of(BillKinds::CustomerOffset, true),
+    AnyOffset.of(BillKinds::SupplierOffset, false),
 };
 inline constexpr const CashKind& Payment = CashKinds[0];
 inline constexpr const CashKind& Receipt = CashKinds[1];
