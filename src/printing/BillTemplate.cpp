@@ -6,7 +6,6 @@
 #include "screen/Grid.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
-#include "spreadsheet/Spreadsheet.h"
 
 #include <QFile>
 
@@ -95,21 +94,12 @@ void fillLines(Workbook& workbook, const Grid& grid, int amountColumn)
   workbook.deleteRow(Page, FirstLineRow + int(lines.size()));
 }
 
-void showPreview(Workbook& workbook, Desk& desk)
-{
-  workbook.preview(Page, u"打印"_s);
-  while (workbook.isInPreview()) {
-    desk.breathe();
-    std::this_thread::sleep_for(PreviewPoll);
-  }
-}
-
 void finish(Workbook& workbook, Finish how, Desk& desk)
 {
-  switch (how) {
-  case Finish::Print: return workbook.print(Page);
-  case Finish::Preview: return showPreview(workbook, desk);
-  case Finish::HandOver: return workbook.handOver(Page, u"输出...."_s);
+  workbook.finish(Page, how, how == Finish::Preview ? u"打印"_s : u"输出...."_s);
+  while (how == Finish::Preview && workbook.isInPreview()) {
+    desk.breathe();
+    std::this_thread::sleep_for(PreviewPoll);
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "spreadsheet/Spreadsheet.h"
+
 #include <QList>
 #include <QStringList>
 
@@ -19,7 +21,7 @@ struct Placeholder {
   bool isAmount = false;
 };
 
-enum class Finish { Print, Preview, HandOver };
+using Finish = Workbook::Finish;
 
 struct Job {
   QString templateName;

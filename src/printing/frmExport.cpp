@@ -88,5 +88,5 @@ void frmExport::copy(const Grid& grid)
     if (m_isCancelled)
       return;
   }
-  workbook->handOver(sheet, {});
+  workbook->finish(sheet, Workbook::Finish::HandOver, {});
 }

@@ -38,15 +38,15 @@ public:
   virtual void insertRows(const QString& sheet, int row, int count) = 0;
   virtual void deleteRow(const QString& sheet, int row) = 0;
 
-  // Prints this sheet alone on the default printer; RunTimeError if the machine has none.
-  virtual void print(const QString& sheet) = 0;
-  // Shows how this sheet prints, and returns at once.
-  virtual void preview(const QString& sheet, const QString& caption) = 0;
+  enum class Finish {
+    Print,   // this sheet alone on the default printer; RunTimeError if the machine has none
+    Preview, // shows how this sheet prints, and returns at once
+    HandOver // leaves the workbook open to the user, whatever becomes of this object
+  };
+  // Without a caption the window keeps the title that it has.
+  virtual void finish(const QString& sheet, Finish how, const QString& caption) = 0;
   // Whether the operator still has the preview open. Always false without a display.
   virtual bool isInPreview() = 0;
-  // The workbook stays open in front of the operator, whatever becomes of this object. Without a caption
-  // its window keeps the title that it has.
-  virtual void handOver(const QString& sheet, const QString& caption) = 0;
 };
 
 // The interface of a driver. It keeps the program running from one workbook to the next and ends it with itself; what

@@ -25,7 +25,7 @@ int hold(const std::string& what)
   Office office;
   const std::unique_ptr<Workbook> workbook = office.create();
   if (what == "handed-over")
-    workbook->handOver(workbook->sheetNames().first(), "输出....");
+    workbook->finish(workbook->sheetNames().first(), Workbook::Finish::HandOver, "输出....");
   std::puts("ready");
   std::fflush(stdout);
   pause();
@@ -153,7 +153,7 @@ TEST(OfficeDeath, DocumentsOfTheOperatorAreNotClosed)
     made.close();
 
     std::unique_ptr<Workbook> page = office->open(path);
-    page->preview("sheet1", "打印");
+    page->finish("sheet1", Workbook::Finish::Preview, "打印");
     EXPECT_TRUE(client->open().first().isInPreview()) << format;
     EXPECT_EQ(client->open().first().title(), "打印");
     EXPECT_TRUE(page->isInPreview());

@@ -243,6 +243,15 @@ void OfficeWorkbook::printOnly(const QString& name)
   }
 }
 
+void OfficeWorkbook::finish(const QString& sheet, Finish how, const QString& caption)
+{
+  switch (how) {
+  case Finish::Print: return print(sheet);
+  case Finish::Preview: return preview(sheet, caption);
+  case Finish::HandOver: return handOver(sheet, caption);
+  }
+}
+
 void OfficeWorkbook::print(const QString& sheet)
 {
   m_office.call([&] {

@@ -27,14 +27,15 @@ public:
   void showWhole(const QString& sheet, const QList<Cell>& cells) override;
   void insertRows(const QString& sheet, int row, int count) override;
   void deleteRow(const QString& sheet, int row) override;
-  void print(const QString& sheet) override;
-  void preview(const QString& sheet, const QString& caption) override;
+  void finish(const QString& sheet, Finish how, const QString& caption) override;
   bool isInPreview() override;
-  void handOver(const QString& sheet, const QString& caption) override;
 
 private:
   template <typename Interface> using Reference = com::sun::star::uno::Reference<Interface>;
 
+  void print(const QString& sheet);
+  void preview(const QString& sheet, const QString& caption);
+  void handOver(const QString& sheet, const QString& caption);
   Reference<com::sun::star::sheet::XSpreadsheet> sheetCalled(const QString& name);
   Reference<com::sun::star::table::XCellRange> range(const QString& sheet, int row, int column, qsizetype rows, qsizetype columns);
   // None is the default format of a cell.
