@@ -40,7 +40,7 @@ template <typename Provide> std::unique_ptr<QWidget> billWindow(QWidget* parent)
   bill.setupUi(window.get());
   Provide().setupUi(bill.FrameProvide);
   Appearance::stamp(*bill.LabState);
-  // The date that the bill was stored with is shown behind the picker as plain text.
+  // The stored date as plain text; the picker covers it.
   Appearance::blend(*bill.TxtDate);
   return window;
 }

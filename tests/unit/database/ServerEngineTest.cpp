@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // The rows of a query, or the error.
-QString told(const DatabaseResult<RowSet>& read)
+QString answerOf(const DatabaseResult<RowSet>& read)
 {
   if (!read)
     return u"error: "_s + read.error().description;
@@ -139,8 +139,8 @@ struct ServerEngineTest : testing::Test {
       GTEST_SKIP() << "tools/with-server runs these tests";
     ASSERT_EQ(errorOf(database->made), u""_s);
     engine = *ServerEngine::open(database->clerk.server, waits);
-    ASSERT_EQ(told(engine->execute(u"delete from TabPayfundBill"_s)), u""_s);
-    ASSERT_EQ(told(engine->execute(u"delete from TabClient"_s)), u""_s);
+    ASSERT_EQ(answerOf(engine->execute(u"delete from TabPayfundBill"_s)), u""_s);
+    ASSERT_EQ(answerOf(engine->execute(u"delete from TabClient"_s)), u""_s);
   }
 
   // As the program opens it.
@@ -159,7 +159,7 @@ struct ServerEngineTest : testing::Test {
     std::this_thread::sleep_for(50ms);
   }
 
-  QString countOfClients() { return told((*ServerEngine::open(database->clerk.server))->execute(u"select count(*) from TabClient"_s)); }
+  QString countOfClients() { return answerOf((*ServerEngine::open(database->clerk.server))->execute(u"select count(*) from TabClient"_s)); }
 
   static inline std::unique_ptr<TestServer::Database> database;
   static constexpr ServerWaits waits{.connect = 2s, .lock = 300ms, .statement = 3s};
@@ -178,8 +178,8 @@ TEST_F(ServerEngineTest, AnswersAsTheFileDoes)
   ASSERT_TRUE(AccountSet::create(path));
   const std::unique_ptr<Engine> file = *EmbeddedEngine::open(path);
   const auto both = [&](const QString& sql) {
-    const QString expected = told(file->execute(sql));
-    EXPECT_EQ(told(engine->execute(sql)), expected) << shown(sql);
+    const QString expected = answerOf(file->execute(sql));
+    EXPECT_EQ(answerOf(engine->execute(sql)), expected) << shown(sql);
     return expected;
   };
   const QStringList dates =
@@ -210,17 +210,17 @@ TEST_F(ServerEngineTest, AnswersAsTheFileDoes)
   both(u"select sum(S) as T from (select SumMoney as S from TabPayfundBill union all select 0.2 as S from TabClient) a"_s);
   both(u"select [Code] from TabClient where \"Name\"='50%'"_s);
   // The keys are the same: 'A1' is there.
-  EXPECT_NE(told(engine->execute(u"insert into TabClient(Code) values('A1')"_s)), u""_s);
-  EXPECT_NE(told(file->execute(u"insert into TabClient(Code) values('A1')"_s)), u""_s);
+  EXPECT_NE(answerOf(engine->execute(u"insert into TabClient(Code) values('A1')"_s)), u""_s);
+  EXPECT_NE(answerOf(file->execute(u"insert into TabClient(Code) values('A1')"_s)), u""_s);
 }
 
 TEST_F(ServerEngineTest, TextArrivesWhole)
 {
   for (const QString& text : {u"中文，😀𠮷 é\t\r\nline"_s, u"a?b{c}$1$ \\' --x /*y*/"_s, QString(100'000, u'长'), QString(4095, u'a'),
                               QString(4096, u'a'), QString(1365, u'长')}) {
-    ASSERT_EQ(told(engine->execute(u"delete from TabClient"_s)), u""_s);
+    ASSERT_EQ(answerOf(engine->execute(u"delete from TabClient"_s)), u""_s);
     const QString literal = SqlTokens::quoted(text, u'\'');
-    ASSERT_EQ(told(engine->execute(u"insert into TabClient(Code,Address) values('1',"_s + literal + u")"_s)), u""_s);
+    ASSERT_EQ(answerOf(engine->execute(u"insert into TabClient(Code,Address) values('1',"_s + literal + u")"_s)), u""_s);
     EXPECT_EQ(engine->execute(u"select Address from TabClient"_s)->value(0, 0).toText(), text);
   }
 }
@@ -281,7 +281,7 @@ TEST_F(ServerEngineTest, AWriteIsNeverSentTwice)
 
 TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
 {
-  ASSERT_EQ(told(engine->execute(u"insert into TabClient(Code) values('1')"_s)), u""_s);
+  ASSERT_EQ(answerOf(engine->execute(u"insert into TabClient(Code) values('1')"_s)), u""_s);
   const auto holder = *Store::open(database->administrator);
   ASSERT_TRUE(holder->runAll({u"begin"_s, u"update TabClient set Name='held'"_s}));
   QElapsedTimer clock;
@@ -291,7 +291,7 @@ TEST_F(ServerEngineTest, NothingWaitsWithoutAnEnd)
   EXPECT_TRUE(engine->isOpen());
   EXPECT_FALSE(engine->execute(u"select pg_sleep(60)"_s));
   EXPECT_LT(clock.restart(), 6000);
-  EXPECT_EQ(told(engine->execute(u"select Name from TabClient"_s)), u"NULL"_s);
+  EXPECT_EQ(answerOf(engine->execute(u"select Name from TabClient"_s)), u"NULL"_s);
 
   const SilentPort silent;
   ServerAddress server = database->clerk.server;
@@ -306,9 +306,9 @@ TEST_F(ServerEngineTest, AStoppedServerIsGivenUp)
 {
   const QString given = u"服务器在 2 秒内没有应答，连接已断开"_s;
   engine = *ServerEngine::open(database->clerk.server, shortWaits);
-  const StoppedServer queried(told(engine->execute(u"select pg_backend_pid()"_s)));
+  const StoppedServer queried(answerOf(engine->execute(u"select pg_backend_pid()"_s)));
   const auto query = engine->execute(u"select 1"_s);
-  EXPECT_EQ(told(query), u"error: "_s + given);
+  EXPECT_EQ(answerOf(query), u"error: "_s + given);
   EXPECT_FALSE(engine->isOpen());
   EXPECT_FALSE(query.error().isRepeatable) << "it has had its time";
 
@@ -316,8 +316,8 @@ TEST_F(ServerEngineTest, AStoppedServerIsGivenUp)
   for (const QByteArray& sql : {"insert into TabClient(Code) values('1')"_ba,
                                 "insert into TabClient(Code,Address) values('2','"_ba + QByteArray(20'000'000, 'x') + "')"}) {
     const auto odbc = *Odbc::open(database->clerk.server, shortWaits);
-    const StoppedServer stopped(told(odbc->run("select pg_backend_pid()")));
-    EXPECT_EQ(told(odbc->run(sql)), u"error: "_s + given);
+    const StoppedServer stopped(answerOf(odbc->run("select pg_backend_pid()")));
+    EXPECT_EQ(answerOf(odbc->run(sql)), u"error: "_s + given);
     EXPECT_TRUE(odbc->isLost());
   }
   // What it got it may do when it goes on, once.
