@@ -90,8 +90,8 @@ public:
     m_session.DotSet = {2, 2, 2};
     m_bench.Form_Load();
     m_desk.show(m_bench);
-    m_bench.TxtDateeFrom->setText({});
-    m_bench.TxtDateeTo->setText({});
+    m_bench.TxtDateeFrom.setText({});
+    m_bench.TxtDateeTo.setText({});
     m_bench.find<ComboBox>(QStringLiteral("CombHXState"))->setText({});
     renewMatching();
   }

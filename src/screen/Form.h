@@ -47,14 +47,6 @@ signals:
   void closed();
 
 protected:
-  // Creates a control in its container, which owns it, with the name of its widget.
-  template <typename Kind> Kind* add(Control* container, const char* name, const QString& caption = {}, const QString& toolTip = {})
-  {
-    Kind* const control = new Kind(container, name);
-    control->setCaption(caption);
-    control->setToolTip(toolTip);
-    return control;
-  }
   // Called by a dialog: Esc closes it like its exit button.
   void closeOnEscape();
   // Runs before the form closes.

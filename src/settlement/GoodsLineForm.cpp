@@ -10,9 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Unmatched = u"未勾对数据"_s;
-const QString Matched = u"已勾对数据"_s;
-
 // What the programs of the goods bills call the bills of a kind.
 struct Kind {
   QStringView billType;
@@ -29,29 +26,18 @@ GoodsLineForm::GoodsLineForm(Session& ofSession, const ListTraits& traits, std::
                              std::span<const QStringView> foreignOrders)
     : ListForm(ofSession, traits), m_columns(columns), m_foreignOrders(foreignOrders)
 {
-  buildHead();
-  CombBillType = addDropDown("CombBillType", {u"采购入库单"_s, u"销售出库单"_s, u"其他入库单"_s, u"其他出库单"_s});
-  CombShowType = addDropDown("CombShowType", {Unmatched, Matched, u"全部数据"_s});
-  Container* const invoices = add<Container>(FrameCondition, "Frame1", u"发票类型"_s);
-  ChZZSFP = add<CheckBox>(invoices, "ChZZSFP", u"增值税发票"_s);
-  ChPTFP = add<CheckBox>(invoices, "ChPTFP", u"普通发票"_s);
-  ChSJ = add<CheckBox>(invoices, "ChSJ", u"收据"_s);
-  for (CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
-    box->setChecked(true);
-  buildConditions();
-  buildList();
   onTool("ToolOldBill", [this] { ToolOldBill_Click(); });
 }
 
 QString GoodsLineForm::headerTable() const
 {
-  const QString table = ModFuntion::GetBillHeaderTable(CombBillType->text());
+  const QString table = ModFuntion::GetBillHeaderTable(goodsLines->CombBillType.text());
   return table.isEmpty() ? u"TabOutBill"_s : table;
 }
 
 QString GoodsLineForm::lineTable() const
 {
-  const QString table = ModFuntion::GetBillLineTable(CombBillType->text());
+  const QString table = ModFuntion::GetBillLineTable(goodsLines->CombBillType.text());
   return table.isEmpty() ? u"TabOutBillInf"_s : table;
 }
 
@@ -74,7 +60,7 @@ Statement GoodsLineForm::BuildQuerySql()
 QList<Statement> GoodsLineForm::invoiceKinds() const
 {
   QList<Statement> kinds;
-  for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
+  for (const CheckBox* const box : goodsLines->invoices())
     if (box->isChecked())
       kinds.append({u"{}.InvoiceType='{}' ", SqlName(headerTable()), box->caption()});
   return kinds;
@@ -85,20 +71,20 @@ QList<Statement> GoodsLineForm::conditions() const
   const SqlName header(headerTable());
   const SqlName line(lineTable());
   QList<Statement> pieces;
-  if (const QString code = Trim(TxtBillCode->text()); !code.isEmpty())
+  if (const QString code = Trim(TxtBillCode.text()); !code.isEmpty())
     pieces.append({u"{}.Code='{}' ", header, code});
-  if (const QString code = Trim(TxtUnitCode->text()); !code.isEmpty())
+  if (const QString code = Trim(TxtUnitCode.text()); !code.isEmpty())
     pieces.append({u"{}.UnitCode like '{}%' ", header, code});
-  if (const QString name = Trim(TxtUnitName->text()); !name.isEmpty())
+  if (const QString name = Trim(TxtUnitName.text()); !name.isEmpty())
     pieces.append({u"{}.UnitName like '{}%' ", header, name});
-  if (!Trim(TxtDateeFrom->text()).isEmpty())
-    pieces.append({u"{}.Datee>={}", header, dateOf(*TxtDateeFrom)});
-  if (!Trim(TxtDateeTo->text()).isEmpty())
-    pieces.append({u"{}.Datee<={}", header, dateOf(*TxtDateeTo)});
+  if (!Trim(TxtDateeFrom.text()).isEmpty())
+    pieces.append({u"{}.Datee>={}", header, dateOf(TxtDateeFrom)});
+  if (!Trim(TxtDateeTo.text()).isEmpty())
+    pieces.append({u"{}.Datee<={}", header, dateOf(TxtDateeTo)});
   pieces.append({u" ( {} ) ", Statement::joined(invoiceKinds(), u"  or ")});
-  if (CombShowType->text() == Unmatched)
+  if (goodsLines->CombShowType.text() == ConditionTexts::Unmatched)
     pieces.append({u"{}.GouDui<>1 ", line});
-  else if (CombShowType->text() == Matched)
+  else if (goodsLines->CombShowType.text() == ConditionTexts::Matched)
     pieces.append({u"{}.GouDui=1 ", line});
   return pieces;
 }
@@ -129,19 +115,19 @@ void GoodsLineForm::FillMSH(const Statement& list)
 QStringList GoodsLineForm::printHead() const
 {
   QString invoices = u"发票类型："_s;
-  for (const CheckBox* const box : {ChZZSFP, ChPTFP, ChSJ})
+  for (const CheckBox* const box : goodsLines->invoices())
     if (box->isChecked())
       invoices += box->caption() + u"  "_s;
-  return {invoices, u"票据类型："_s + CombBillType->text(), u"单据日期从："_s + TxtDateeFrom->text() + u'至' + TxtDateeTo->text(),
-          u"显示数据类型："_s + CombShowType->text()};
+  return {invoices, u"票据类型："_s + goodsLines->CombBillType.text(), u"单据日期从："_s + TxtDateeFrom.text() + u'至' + TxtDateeTo.text(),
+          u"显示数据类型："_s + goodsLines->CombShowType.text()};
 }
 
 void GoodsLineForm::takePartner(const PickedRecord& picked, PartnerBox box)
 {
   if (box == PartnerBox::Code)
-    TxtUnitCode->setText(picked.code);
+    TxtUnitCode.setText(picked.code);
   else
-    TxtUnitName->setText(picked.name);
+    TxtUnitName.setText(picked.name);
 }
 
 void GoodsLineForm::ToolOldBill_Click()
@@ -149,13 +135,13 @@ void GoodsLineForm::ToolOldBill_Click()
   if (!isOnRow())
     return;
   for (const Kind& kind : Kinds)
-    if (CombBillType->text() == kind.billType)
+    if (goodsLines->CombBillType.text() == kind.billType)
       Mod_ZORVEKMain::RunSiblingProgram(session, kind.name.toString() + u"原单查看"_s,
                                         {session.params.OperateType, kind.name.toString(), headerTable(), textUnder(u"单据编号"_s)});
 }
 
 void GoodsLineForm::headTotals()
 {
-  MSH->setText(MSH->rows() - 1, 2, u"合计"_s);
-  MSH->setTotalsRow(true);
+  MSH.setText(MSH.rows() - 1, 2, u"合计"_s);
+  MSH.setTotalsRow(true);
 }

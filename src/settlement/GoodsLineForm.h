@@ -11,12 +11,6 @@ class GoodsLineForm : public ListForm {
 public:
   void Form_Load() override { SetGridHead(); }
 
-  CheckBox* ChZZSFP = nullptr;
-  CheckBox* ChPTFP = nullptr;
-  CheckBox* ChSJ = nullptr;
-  ComboBox* CombBillType = nullptr;
-  ComboBox* CombShowType = nullptr;
-
 protected:
   // `foreignOrders` are the directives of screens that share these lists and lay them out themselves: for them
   // nothing is laid out or listed here.

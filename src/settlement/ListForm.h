@@ -2,11 +2,11 @@
 
 #include "database/Statement.h"
 #include "layouts/GridLayout.h"
-#include "screen/Controls.h"
 #include "screen/EntryBox.h"
 #include "screen/Form.h"
 #include "screen/Grid.h"
 #include "session/Session.h"
+#include "settlement/OwnConditions.h"
 #include "startup/Screen.h"
 
 #include <span>
@@ -21,6 +21,8 @@ struct ListTraits {
     const char* name;
     QStringView caption;
   };
+  // Which conditions come before those that all list screens have.
+  enum class Lists { WriteOffs, GoodsLines };
 
   const char* form;
   QStringView caption;      // of the form, and of LabTabName until it is changed
@@ -28,11 +30,12 @@ struct ListTraits {
   QStringView hint;         // Label16
   QStringView dateFormat;   // as the message about a wrong date writes it
   std::span<const Tool> tools;
+  Lists lists;
 };
 
 // The base class of the list screens: conditions above, a list below, a toolbar and two menus. Nothing is listed
-// until the operator has set conditions and queries. A list is laid out as stored under the caption of LabTabName, or
-// else by the screen's own columns.
+// until the user has set conditions and queries. A list is laid out as stored under the caption of LabTabName, or
+// else by the screen's own columns. Its members are in tab order.
 //
 // Always holds: the grid has at least the heading row and one row; after a fill its last row holds the
 // totals.
@@ -44,16 +47,25 @@ public:
   // Lists what the conditions find. After a refused condition and its message a second message follows.
   void CmdQuery_Click();
 
-  // Set by the entry, another screen or a bill before the query.
-  Label* LabTabName = nullptr;
-  Container* FrameCondition = nullptr;
-  TextBox* TxtDateeFrom = nullptr;
-  TextBox* TxtDateeTo = nullptr;
-  TextBox* TxtBillCode = nullptr;
-  TextBox* TxtUnitCode = nullptr;
-  TextBox* TxtUnitName = nullptr;
-  ImageButton* ImgUnitCode = nullptr;
-  ImageButton* ImgUnitName = nullptr;
+  Session& session;
+
+  Label LabTabName; // set by the entry, another screen or a bill before the query
+  Container FrameCondition;
+  std::unique_ptr<WriteOffConditions> writeOffs;
+  std::unique_ptr<GoodsLineConditions> goodsLines;
+  EntryBox TxtDateeFrom;
+  EntryBox TxtDateeTo;
+  EntryBox TxtBillCode;
+  EntryBox TxtUnitCode;
+  PickButton ImgUnitCode;
+  EntryBox TxtUnitName;
+  PickButton ImgUnitName;
+  Button CmdQuery;
+  Label Label16;
+  Grid MSH;
+  Container Toolbar1;
+  Menu MFile;
+  Menu MPrint;
 
 protected:
   ListForm(Session& ofSession, const ListTraits& traits);
@@ -74,14 +86,7 @@ protected:
 
   void onUnload() override;
 
-  // Called by the form in tab order, with its own conditions in between.
-  void buildHead();
-  void buildConditions();
-  void buildList();
-  ComboBox* addDropDown(const char* name, const QStringList& items);
   void onTool(const char* name, std::function<void()> press) { find<ToolButton>(name)->onClick = std::move(press); }
-
-  Session& session;
 
   // Lays the grid out: columns, fixed places, widths, headings. The data are kept.
   void SetGridHead();
@@ -97,13 +102,12 @@ protected:
   bool isOnRow() const;
   void tellNoData();
 
-  Grid* MSH = nullptr;
-
 private:
-  ImageButton* addPartnerButton(const char* name, PartnerBox box);
-  void buildMenus();
-  void addPrintItem(Menu* menu, const char* name, const QString& operation);
-  bool isBlankOrDate(const TextBox& box, const QString& label);
+  void buildFileMenu();
+  void addItem(Menu& menu, const char* name, const QString& caption, std::function<void()> press);
+  void addPrintItem(Menu& menu, const char* name, const QString& operation);
+  void pickPartner(PartnerBox box);
+  bool isEmptyOrDate(const TextBox& box, const QString& label);
   void FDeleteMSHFormat_Click();
   void PrintGrid(const QString& operation);
 

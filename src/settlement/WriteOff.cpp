@@ -21,16 +21,16 @@ bool isStored(Session& session, const BillKind& kind, const QString& code)
 // The partner and the kind are the bill's; dates, state and the goods bill's code remain free.
 void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
 {
-  bench.TxtUnitCode->setText(bill.unitCode);
-  bench.TxtUnitName->setText(bill.unitName);
+  bench.TxtUnitCode.setText(bill.unitCode);
+  bench.TxtUnitName.setText(bill.unitName);
   bench.SFKMoney = total;
   bench.SFKBillCode = bill.code;
   bench.SFKBillDatee = bill.datee;
-  for (Control* const control :
-       std::initializer_list<Control*>{bench.TxtUnitCode, bench.TxtUnitName, bench.ImgUnitCode, bench.ImgUnitName, bench.CombHXType})
+  for (Control* const control : std::initializer_list<Control*>{&bench.TxtUnitCode, &bench.TxtUnitName, &bench.ImgUnitCode,
+                                                                &bench.ImgUnitName, &bench.writeOffs->CombHXType})
     control->setEnabled(false);
-  bench.LabSFKMoney->setCaption(u"核销金额："_s + NumberText::ofSingle(total));
-  bench.LabSFKMoney->setVisible(true);
+  bench.LabSFKMoney.setCaption(u"核销金额："_s + NumberText::ofSingle(total));
+  bench.LabSFKMoney.setVisible(true);
 }
 
 } // namespace

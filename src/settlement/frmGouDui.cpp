@@ -24,9 +24,13 @@ constexpr ListTraits::Tool Tools[] = {
     {"ToolOldBill", u"原单"}, {"ToolOK", u"调入"}, {"ToolFiltre", u"过滤"}, {"ToolPrint", u"打印"}, {"ToolExit", u"退出"},
 };
 
-constexpr ListTraits Traits{"frmGouDui",    u"开票勾对",
-                            u"查询",        u"注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
-                            u"YYYY-MMM-DD", Tools};
+constexpr ListTraits Traits{"frmGouDui",
+                            u"开票勾对",
+                            u"查询",
+                            u"注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
+                            u"YYYY-MMM-DD",
+                            Tools,
+                            ListTraits::Lists::GoodsLines};
 
 constexpr QStringView ForeignOrders[] = {u"购买订单调入查询", u"销售订单调入查询", u"购买订单查询", u"销售订单查询"};
 
@@ -38,7 +42,7 @@ constexpr int MostLines = std::numeric_limits<qint16>::max();
 
 frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits, Columns, ForeignOrders)
 {
-  MSH->onClick = [this] { MSH_Click(); };
+  MSH.onClick = [this] { MSH_Click(); };
 }
 
 Statement frmGouDui::statement(const Tables& tables) const
@@ -65,26 +69,26 @@ void frmGouDui::showRows(Recordset& rs)
 {
   const auto lines = std::make_shared<MatchingLines>(session, rs.takeRows());
   const int shown = qMin(lines->count(), MostLines);
-  MSH->setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
-  MSH->addRow();
+  MSH.setRowsOnDemand(1, shown, [lines](int line, int column) { return lines->text(line, column); });
+  MSH.addRow();
   if (shown < lines->count())
     throw RunTimeError(RunTimeError::Overflow, u"溢出"_s);
   // The amounts of the totals row stay empty.
   headTotals();
   for (int col = 3; col <= 10; ++col)
-    MSH->setText(MSH->rows() - 1, col, u"----"_s);
+    MSH.setText(MSH.rows() - 1, col, u"----"_s);
 }
 
 void frmGouDui::MSH_Click()
 {
-  const int row = MSH->row();
-  if (!FrameCondition->isEnabled() || MSH->col() != MatchingLines::GouDui || row <= 0)
+  const int row = MSH.row();
+  if (!FrameCondition.isEnabled() || MSH.col() != MatchingLines::GouDui || row <= 0)
     return;
-  const bool wasTicked = Trim(MSH->text(row, MatchingLines::GouDui)) == Tick;
+  const bool wasTicked = Trim(MSH.text(row, MatchingLines::GouDui)) == Tick;
   if (wasTicked && !desk().confirm(u"确定取消吗？"_s, Desk::Icon::Question))
     return;
-  MSH->setText(row, MatchingLines::GouDui, wasTicked ? QString() : Tick);
-  const auto number = qint64(NumberText::numericPrefix(MSH->text(row, MatchingLines::Num)));
+  MSH.setText(row, MatchingLines::GouDui, wasTicked ? QString() : Tick);
+  const auto number = qint64(NumberText::numericPrefix(MSH.text(row, MatchingLines::Num)));
   Execute(session, {u"update {} set GouDui={}  where BillCode='{}' and Num={} ", SqlName(lineTable()), SqlNumber(wasTicked ? 0 : 1),
                     billCodeOf(row), SqlNumber(number)});
 }
@@ -92,7 +96,7 @@ void frmGouDui::MSH_Click()
 // Only the first line of a bill shows its code.
 QString frmGouDui::billCodeOf(int row) const
 {
-  while (row > 0 && Trim(MSH->text(row, MatchingLines::BillCode)).isEmpty())
+  while (row > 0 && Trim(MSH.text(row, MatchingLines::BillCode)).isEmpty())
     --row;
-  return Trim(MSH->text(row, MatchingLines::BillCode));
+  return Trim(MSH.text(row, MatchingLines::BillCode));
 }

@@ -23,7 +23,8 @@ constexpr ListTraits Traits{"frmGouDuiTogather",
                             u"汇总",
                             u"注意：如果任何条件均不设置按查询则表示查询所有数据！单击票据勾对列进行勾对或取消勾对。",
                             u"YYYY-MMM-DD",
-                            Tools};
+                            Tools,
+                            ListTraits::Lists::GoodsLines};
 
 constexpr QStringView ForeignOrders[] = {u"购买订单调入查询", u"销售订单调入查询", u"购买订单查询",
                                          u"销售订单查询",     u"采购订单调入查询", u"采购订单查询"};
@@ -35,7 +36,7 @@ const QString DetailTitle = u"开票勾对明细显示"_s;
 frmGouDuiTogather::frmGouDuiTogather(Session& ofSession) : GoodsLineForm(ofSession, Traits, Columns, ForeignOrders)
 {
   onTool("ToolInf", [this] { ToolInf_Click(); });
-  MSH->onDoubleClick = [this] {
+  MSH.onDoubleClick = [this] {
     if (find("ToolInf")->isVisible())
       ToolInf_Click();
   };
@@ -76,7 +77,7 @@ void frmGouDuiTogather::showRows(Recordset& rs)
     lines.append(line);
   }
   lines.append(QStringList());
-  MSH->setBlock(1, lines);
+  MSH.setBlock(1, lines);
   headTotals();
   addUp();
 }
@@ -84,12 +85,12 @@ void frmGouDuiTogather::showRows(Recordset& rs)
 // The totals are sums of what the rows show, rounding included.
 void frmGouDuiTogather::addUp()
 {
-  const int totals = MSH->rows() - 1;
-  for (int col = FirstSum; col < MSH->cols(); ++col) {
+  const int totals = MSH.rows() - 1;
+  for (int col = FirstSum; col < MSH.cols(); ++col) {
     Currency sum;
     for (int row = 1; row < totals; ++row)
-      sum += ModFuntion::MoneyOf(MSH->text(row, col));
-    MSH->setText(totals, col, ModFuntion::FormatDotText(sum, session.DotSet.DotMoney));
+      sum += ModFuntion::MoneyOf(MSH.text(row, col));
+    MSH.setText(totals, col, ModFuntion::FormatDotText(sum, session.DotSet.DotMoney));
   }
 }
 
@@ -102,26 +103,26 @@ void frmGouDuiTogather::ToolInf_Click()
     m_detail->Form_Load();
   }
   copyConditions(*m_detail);
-  m_detail->LabTabName->setCaption(DetailTitle);
+  m_detail->LabTabName.setCaption(DetailTitle);
   m_detail->setCaption(DetailTitle);
   m_detail->CmdQuery_Click();
-  m_detail->FrameCondition->setEnabled(false);
+  m_detail->FrameCondition.setEnabled(false);
   desk().show(*m_detail);
 }
 
 // The partner is the row's; its code and name are prefixes there, so that others may match, too.
 void frmGouDuiTogather::copyConditions(frmGouDui& detail)
 {
-  detail.TxtBillCode->setText(TxtBillCode->text());
-  detail.TxtDateeFrom->setText(TxtDateeFrom->text());
-  detail.TxtDateeTo->setText(TxtDateeTo->text());
-  detail.ChZZSFP->setChecked(ChZZSFP->isChecked());
-  detail.ChPTFP->setChecked(ChPTFP->isChecked());
-  detail.ChSJ->setChecked(ChSJ->isChecked());
-  detail.TxtUnitCode->setText(Trim(MSH->text(MSH->row(), 1)));
-  detail.TxtUnitName->setText(Trim(MSH->text(MSH->row(), 2)));
-  detail.CombBillType->setText(CombBillType->text());
-  detail.CombShowType->setText(CombShowType->text());
+  detail.TxtBillCode.setText(TxtBillCode.text());
+  detail.TxtDateeFrom.setText(TxtDateeFrom.text());
+  detail.TxtDateeTo.setText(TxtDateeTo.text());
+  detail.goodsLines->ChZZSFP.setChecked(goodsLines->ChZZSFP.isChecked());
+  detail.goodsLines->ChPTFP.setChecked(goodsLines->ChPTFP.isChecked());
+  detail.goodsLines->ChSJ.setChecked(goodsLines->ChSJ.isChecked());
+  detail.TxtUnitCode.setText(Trim(MSH.text(MSH.row(), 1)));
+  detail.TxtUnitName.setText(Trim(MSH.text(MSH.row(), 2)));
+  detail.goodsLines->CombBillType.setText(goodsLines->CombBillType.text());
+  detail.goodsLines->CombShowType.setText(goodsLines->CombShowType.text());
 }
 
 // The run ends with this screen, so the detail closes, too.

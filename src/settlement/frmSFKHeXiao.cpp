@@ -14,9 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Unsettled = u"未核销"_s;
-const QString Settled = u"已核销"_s;
-
 enum Column { RowNumber, BillCode, BillType, BillDatee, BillSumMoney = 7, Due, WrittenOff, Amount, Open, SFKCode };
 
 constexpr ListColumn Columns[] = {
@@ -31,8 +28,13 @@ constexpr ListTraits::Tool Tools[] = {
     {"ToolFiltre", u"过滤"},      {"ToolPrint", u"打印"},       {"ToolExit", u"退出"},
 };
 
-constexpr ListTraits Traits{"frmSFKHeXiao", u"收付款核销", u"查询", u"注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
-                            u"YYYY-MM-DD",  Tools};
+constexpr ListTraits Traits{"frmSFKHeXiao",
+                            u"收付款核销",
+                            u"查询",
+                            u"注意：如果任何条件均不设置按查询则表示查询所有未核销的数据！",
+                            u"YYYY-MM-DD",
+                            Tools,
+                            ListTraits::Lists::WriteOffs};
 
 // The kind of money bill that goods bills of this type are settled by; null if there is none.
 const BillKind* settlingKind(const QString& goodsType)
@@ -49,17 +51,12 @@ constexpr int Red = 255;
 
 } // namespace
 
-frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode) : ListForm(ofSession, Traits), HXMode(QString::fromUtf16(mode))
+frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode)
+    : ListForm(ofSession, Traits), LabSFKMoney(this, "LabSFKMoney"), HXMode(QString::fromUtf16(mode)), Text2(this, MSH),
+      m_editor(MSH, Text2, Amount, [this] { takeAmount(); })
 {
-  buildHead();
-  LabSFKMoney = add<Label>(this, "LabSFKMoney", u"核销金额"_s);
-  LabSFKMoney->setVisible(false);
-  CombHXType = addDropDown("CombHXType", {u"收款核销"_s, u"付款核销"_s});
-  CombHXState = addDropDown("CombHXState", {QString(), Unsettled, Settled});
-  buildConditions();
-  buildList();
-  Text2 = new CellEditor(this, *MSH);
-  m_editor = std::make_unique<AllocationEditor>(*MSH, *Text2, Amount, [this] { takeAmount(); });
+  LabSFKMoney.setCaption(u"核销金额"_s);
+  LabSFKMoney.setVisible(false);
   find("ToolSFKBill")->setVisible(isQuery());
   onTool("ToolInOutBill", [this] { ShowInOutBill(); });
   onTool("ToolSFKBill", [this] { ShowSFKBill(); });
@@ -68,13 +65,13 @@ frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode) : ListForm(
 
 void frmSFKHeXiao::Form_Load()
 {
-  CombHXState->setText(Unsettled);
-  CombHXType->setIndex(HXMode == QStringView(BillKinds::Payment.writeOff->mode) ? 1 : 0);
-  LabTabName->setCaption(HXMode);
+  writeOffs->CombHXState.setText(ConditionTexts::Unsettled.toString());
+  writeOffs->CombHXType.setIndex(HXMode == QStringView(BillKinds::Payment.writeOff->mode) ? 1 : 0);
+  LabTabName.setCaption(HXMode);
   const QDate day = session.params.OperateDate;
   const QDate first(day.year(), day.month(), 1);
-  TxtDateeFrom->setText(QString::number(day.year()) + u'-' + QString::number(day.month()) + u"-1"_s);
-  TxtDateeTo->setText(DateText::shortForm(first.addMonths(1)));
+  TxtDateeFrom.setText(QString::number(day.year()) + u'-' + QString::number(day.month()) + u"-1"_s);
+  TxtDateeTo.setText(DateText::shortForm(first.addMonths(1)));
   SetGridHead();
 }
 
@@ -85,12 +82,12 @@ std::span<const ListColumn> frmSFKHeXiao::columns() const
 
 QString frmSFKHeXiao::cell(int row, int col) const
 {
-  return Trim(MSH->text(row, col));
+  return Trim(MSH.text(row, col));
 }
 
 QString frmSFKHeXiao::goodsTable() const
 {
-  const bool isPayment = CombHXType->text() == QStringView(BillKinds::Payment.writeOff->mode);
+  const bool isPayment = writeOffs->CombHXType.text() == QStringView(BillKinds::Payment.writeOff->mode);
   return QString::fromLatin1((isPayment ? BillKinds::Payment : BillKinds::Receipt).writeOff->goodsTable);
 }
 
@@ -99,8 +96,8 @@ Statement frmSFKHeXiao::BuildQuerySql()
   if (!datesAreDates())
     return {};
   const QString table = goodsTable();
-  if (isQuery() && CombHXState->text() == Settled)
-    return BenchQuery::allLinks(table, conditions(), Trim(TxtBillCode->text()).isEmpty() ? nullptr : &SFKBillCode);
+  if (isQuery() && writeOffs->CombHXState.text() == ConditionTexts::Settled)
+    return BenchQuery::allLinks(table, conditions(), Trim(TxtBillCode.text()).isEmpty() ? nullptr : &SFKBillCode);
   if (!OpenRecordset(session, BenchQuery::linksOf(SFKBillCode)).eof())
     return BenchQuery::ownLinks(table, SFKBillCode);
   return BenchQuery::openBills(table, conditions());
@@ -115,13 +112,13 @@ QList<Statement> frmSFKHeXiao::conditions() const
     if (!Trim(text).isEmpty())
       pieces.append({u" ({}.{}='{}') ", table, SqlName(column), Trim(text)});
   };
-  add(TxtBillCode->text(), "Code");
-  add(TxtUnitCode->text(), "UnitCode");
-  add(TxtUnitName->text(), "UnitName");
-  if (!Trim(TxtDateeFrom->text()).isEmpty())
-    pieces.append({u" ({}.Datee>={}) ", table, dateOf(*TxtDateeFrom)});
-  if (!Trim(TxtDateeTo->text()).isEmpty())
-    pieces.append({u" ({}.Datee<={}) ", table, dateOf(*TxtDateeTo)});
+  add(TxtBillCode.text(), "Code");
+  add(TxtUnitCode.text(), "UnitCode");
+  add(TxtUnitName.text(), "UnitName");
+  if (!Trim(TxtDateeFrom.text()).isEmpty())
+    pieces.append({u" ({}.Datee>={}) ", table, dateOf(TxtDateeFrom)});
+  if (!Trim(TxtDateeTo.text()).isEmpty())
+    pieces.append({u" ({}.Datee<={}) ", table, dateOf(TxtDateeTo)});
   if (const Statement state = stateCondition(); !state.isEmpty())
     pieces.append(state);
   return pieces;
@@ -132,20 +129,20 @@ QList<Statement> frmSFKHeXiao::conditions() const
 Statement frmSFKHeXiao::stateCondition() const
 {
   const SqlName T(goodsTable());
-  const QString state = CombHXState->text();
+  const QString state = writeOffs->CombHXState.text();
   const Statement due(u"{}.SumMoney-{}.Cash-{}.Credit", T, T, T);
-  if (state == Unsettled && isQuery())
+  if (state == ConditionTexts::Unsettled && isQuery())
     return {u"  ({}<> {}.HXMoney   and {}>  0 ) ", due, T, due};
-  if (state == Unsettled)
+  if (state == ConditionTexts::Unsettled)
     return {u"  ({}> {}.HXMoney) ", due, T};
-  if (state == Settled && !isQuery())
+  if (state == ConditionTexts::Settled && !isQuery())
     return {u"  ({}= {}.HXMoney) ", due, T};
   return {};
 }
 
 void frmSFKHeXiao::FillMSH(const Statement& list)
 {
-  Text2->hide();
+  Text2.hide();
   desk().setBusy(true);
   const Recordset rs = OpenRecordset(session, list);
   if (rs.eof()) {
@@ -173,9 +170,9 @@ void frmSFKHeXiao::showRows(const Recordset& rs)
   }
   lines.append(QStringList());
   emptyGrid();
-  MSH->setBlock(1, std::move(lines));
-  MSH->setTotalsRow(true);
-  MSH->setColColor(Amount, Red);
+  MSH.setBlock(1, std::move(lines));
+  MSH.setTotalsRow(true);
+  MSH.setColColor(Amount, Red);
   RefreshTotals();
 }
 
@@ -192,27 +189,27 @@ QStringList frmSFKHeXiao::settledLine(QStringList line)
 
 void frmSFKHeXiao::RefreshTotals()
 {
-  const int totals = MSH->rows() - 1;
+  const int totals = MSH.rows() - 1;
   // A goods bill may be listed once for each of its links, and its own amounts would be added as often.
-  const bool listsLinks = isQuery() && CombHXState->text() == Settled;
+  const bool listsLinks = isQuery() && writeOffs->CombHXState.text() == ConditionTexts::Settled;
   for (int col = BillSumMoney; col <= Open; ++col) {
     QString text;
     if (!listsLinks || col == WrittenOff || col == Amount) {
       Currency sum;
       for (int row = 1; row <= lastDataRow(); ++row)
-        sum += Currency::ofText(MSH->text(row, col));
+        sum += Currency::ofText(MSH.text(row, col));
       text = sum.toText();
     }
-    MSH->setText(totals, col, text);
+    MSH.setText(totals, col, text);
   }
-  Text2->hide();
+  Text2.hide();
 }
 
 void frmSFKHeXiao::takeAmount()
 {
-  const int row = MSH->row();
+  const int row = MSH.row();
   const float amount = SingleMoney::of(cell(row, Amount));
-  MSH->setText(row, Open, SingleMoney::difference(SingleMoney::of(cell(row, Due)), {SingleMoney::of(cell(row, WrittenOff)), amount}));
+  MSH.setText(row, Open, SingleMoney::difference(SingleMoney::of(cell(row, Due)), {SingleMoney::of(cell(row, WrittenOff)), amount}));
   if (amount == 0)
     HXLinks::DeleteHXLink(session, cell(row, BillCode), cell(row, BillType), isQuery() ? cell(row, SFKCode) : SFKBillCode);
   RefreshTotals();
@@ -255,7 +252,7 @@ void frmSFKHeXiao::SaveHXRow(int row)
 
 void frmSFKHeXiao::ShowInOutBill()
 {
-  const QString billType = cell(MSH->row(), BillType);
+  const QString billType = cell(MSH.row(), BillType);
   if (!isOnRow() || !settlingKind(billType))
     return;
   Mod_ZORVEKMain::RunSiblingProgram(session, billType + u"原单查看"_s,
@@ -271,7 +268,7 @@ void frmSFKHeXiao::ShowSFKBill()
     desk().inform(u"不能确定收付款单号，请先点击选择需要显示的行！"_s);
     return;
   }
-  if (const BillKind* const kind = settlingKind(cell(MSH->row(), BillType)))
+  if (const BillKind* const kind = settlingKind(cell(MSH.row(), BillType)))
     Mod_ZORVEKMain::RunSiblingProgram(
         session, QString::fromUtf16(kind->name) + u"原单查看"_s,
         {u"收付款核销"_s, QString::fromUtf16(kind->writeOff->sourceOrder), QLatin1String(kind->headerTable), code});
@@ -281,6 +278,6 @@ void frmSFKHeXiao::goToFirstAmount()
 {
   if (lastDataRow() < 1)
     return;
-  MSH->setCurrent(1, Amount);
-  setFocus(*MSH);
+  MSH.setCurrent(1, Amount);
+  setFocus(MSH);
 }

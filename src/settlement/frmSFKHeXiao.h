@@ -21,8 +21,7 @@ public:
   float SFKMoney = 0;
   QDate SFKBillDatee;
 
-  ComboBox* CombHXType = nullptr;
-  Label* LabSFKMoney = nullptr;
+  Label LabSFKMoney;
 
   // Moves to the first amount, if anything is listed.
   void goToFirstAmount();
@@ -53,11 +52,10 @@ private:
   void ShowInOutBill();
   void ShowSFKBill();
 
-  int lastDataRow() const { return MSH->rows() - 2; }
+  int lastDataRow() const { return MSH.rows() - 2; }
   QString cell(int row, int col) const;
 
   const QString HXMode;
-  ComboBox* CombHXState = nullptr;
-  CellEditor* Text2 = nullptr;
-  std::unique_ptr<AllocationEditor> m_editor;
+  CellEditor Text2;
+  AllocationEditor m_editor;
 };
