@@ -28,7 +28,7 @@ QString millimetres(int twips)
 
 } // namespace
 
-frmOption_Bill::frmOption_Bill(Session& ofSession) : Form(ofSession.desk, "frmOption_Bill"), session(ofSession)
+frmOption_Bill::frmOption_Bill(Session& ofSession) : Form(ofSession.desk, "frmOption_Bill"), m_session(ofSession)
 {
   setCaption(u"界面显示格式设置"_s);
   LabHead.setCaption(u"表格列名"_s);
@@ -63,19 +63,19 @@ void frmOption_Bill::wire()
 
 void frmOption_Bill::LoadMSHHead(Grid& ofGrid, const QString& layoutName)
 {
-  grid = &ofGrid;
-  name = Trim(layoutName);
+  m_grid = &ofGrid;
+  m_name = Trim(layoutName);
   QStringList heads;
-  for (int col = 0; col < grid->cols(); ++col)
-    heads.append(grid->text(0, col));
+  for (int col = 0; col < m_grid->cols(); ++col)
+    heads.append(m_grid->text(0, col));
   ListMSHHead.setItems(heads);
 }
 
 QList<int> frmOption_Bill::chosenColumns() const
 {
   QList<int> columns;
-  for (int col = 0; ListMSHHead.index() >= 0 && col < grid->cols(); ++col)
-    if (Trim(grid->text(0, col)) == Trim(ListMSHHead.text()))
+  for (int col = 0; ListMSHHead.index() >= 0 && col < m_grid->cols(); ++col)
+    if (Trim(m_grid->text(0, col)) == Trim(ListMSHHead.text()))
       columns.append(col);
   return columns;
 }
@@ -88,9 +88,9 @@ void frmOption_Bill::ListMSHHead_Click()
 
 void frmOption_Bill::showColumn(int col)
 {
-  const QScopedValueRollback showing(isShowing, true);
-  const int width = grid->colWidth(col);
-  const int alignment = grid->colAlignment(col);
+  const QScopedValueRollback showing(m_isShowing, true);
+  const int width = m_grid->colWidth(col);
+  const int alignment = m_grid->colAlignment(col);
   ChShowCol.setChecked(width != 0);
   OptionMSHHeadLeft.setChecked(alignment >= 0 && alignment <= 2);
   OptionMSHHeadCenter.setChecked(alignment >= 3 && alignment <= 5);
@@ -104,40 +104,40 @@ void frmOption_Bill::ChShowCol_Click()
 {
   const int width = ChShowCol.isChecked() ? WidthOfShownColumn : 0;
   for (const int col : chosenColumns()) {
-    grid->setColWidth(col, width);
+    m_grid->setColWidth(col, width);
     TxtMSHColWidth.setText(millimetres(width));
   }
 }
 
 void frmOption_Bill::TxtMSHColWidth_Change()
 {
-  if (isShowing)
+  if (m_isShowing)
     return;
   const double width = NumberText::numericPrefix(TxtMSHColWidth.text()) * TwipsToSet;
   for (const int col : chosenColumns())
-    grid->setColWidth(col, int(std::nearbyint(qMin(width, 1e6))));
+    m_grid->setColWidth(col, int(std::nearbyint(qMin(width, 1e6))));
 }
 
 void frmOption_Bill::TxtMSHElseName_Change()
 {
-  if (isShowing || ListMSHHead.index() < 0)
+  if (m_isShowing || ListMSHHead.index() < 0)
     return;
-  grid->setText(0, ListMSHHead.index(), TxtMSHElseName.text());
+  m_grid->setText(0, ListMSHHead.index(), TxtMSHElseName.text());
   ListMSHHead.setItem(ListMSHHead.index(), TxtMSHElseName.text());
 }
 
 void frmOption_Bill::align(int alignment)
 {
   for (const int col : chosenColumns())
-    grid->setColAlignment(col, alignment);
+    m_grid->setColAlignment(col, alignment);
 }
 
 void frmOption_Bill::CmdOk_Click()
 {
-  if (name.isEmpty()) {
+  if (m_name.isEmpty()) {
     desk().inform(u"被设置的界面名称不能确定，保存失败！请退出后重新设置。"_s);
     return;
   }
-  GridLayout::SaveGridLayout(session, *grid, name);
+  GridLayout::SaveGridLayout(m_session, *m_grid, m_name);
   close();
 }

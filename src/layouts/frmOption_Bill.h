@@ -31,10 +31,10 @@ private:
   void align(int alignment);
   void CmdOk_Click();
 
-  Session& session;
-  Grid* grid = nullptr;
-  QString name;
-  bool isShowing = false;
+  Session& m_session;
+  Grid* m_grid = nullptr;
+  QString m_name;
+  bool m_isShowing = false;
 
   Label LabHead{this, "LabHead"};
   ListBox ListMSHHead{this, "ListMSHHead"};

@@ -52,7 +52,7 @@ constexpr Column Columns[] = {{u"序号", 500}, {u"编号", 1500}, {u"名称", 3
 } // namespace
 
 frmCode::frmCode(Session& ofSession, const CodePickerCall& call)
-    : Form(ofSession.desk, "frmCode"), session(ofSession), CodeTable(call.CodeTable)
+    : Form(ofSession.desk, "frmCode"), m_session(ofSession), CodeTable(call.CodeTable)
 {
   setCaption(call.title);
   LabName.setCaption(call.title);
@@ -123,7 +123,7 @@ void frmCode::FillMSH(const Statement& left, const Statement& right)
   MSH.setRows(2);
   MSH.clear();
   layOutGrid();
-  showRows(OpenRecordset(session, left + right));
+  showRows(OpenRecordset(m_session, left + right));
   loadTree();
   desk().setBusy(false);
 }
@@ -178,7 +178,7 @@ void frmCode::loadTree()
 
 void frmCode::loadCategories(const QString& table)
 {
-  for (Recordset rs = OpenRecordset(session, {u"select * from {} order by Code ", SqlName(table)}); !rs.eof(); rs.moveNext()) {
+  for (Recordset rs = OpenRecordset(m_session, {u"select * from {} order by Code ", SqlName(table)}); !rs.eof(); rs.moveNext()) {
     const QString key = Trim(rs.text("Code")) + u'_';
     const QString shown = Trim(rs.text("Code")) + u'{' + Trim(rs.text("Name")) + u'}';
     if (rs.text("ParentCode") == u"0")
@@ -240,6 +240,6 @@ void frmCode::CmdOK_Click()
 void frmCode::CmdAdd_Click()
 {
   const MasterTable* const table = masterTable(CodeTable);
-  if (table && CheckOperateRight(session, session.params.UserName, text(table->right), RightKind::Read))
-    Mod_ZORVEKMain::RunSiblingProgram(session, text(table->operation), {text(table->right), u"临时增加"_s});
+  if (table && CheckOperateRight(m_session, m_session.params.UserName, text(table->right), RightKind::Read))
+    Mod_ZORVEKMain::RunSiblingProgram(m_session, text(table->operation), {text(table->right), u"临时增加"_s});
 }

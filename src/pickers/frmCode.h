@@ -44,7 +44,7 @@ private:
   void CmdOK_Click();
   void CmdAdd_Click();
 
-  Session& session;
+  Session& m_session;
   const QString CodeTable;
   std::optional<PickedRecord> m_choice;
   Statement BaseSql; // what the last list was built from

@@ -14,7 +14,7 @@ constexpr char16_t ChartOfAccounts[] = u"TabAccountantType";
 } // namespace
 
 frmWarehouseSelect::frmWarehouseSelect(Session& ofSession, const TreePickerCall& call)
-    : Form(ofSession.desk, "frmWarehouseSelect"), session(ofSession), SelectedCode(ofSession.kept<LastPickedNode>().code),
+    : Form(ofSession.desk, "frmWarehouseSelect"), m_session(ofSession), SelectedCode(ofSession.kept<LastPickedNode>().code),
       TreeTable(call.TreeTable), TreeWhere(call.TreeWhere), TreeKind(call.TreeKind), TreeTarget(call.TreeTarget)
 {
   setCaption(u"选择会计科目"_s);
@@ -72,7 +72,7 @@ Statement frmWarehouseSelect::listStatement() const
 
 void frmWarehouseSelect::loadNodes()
 {
-  for (Recordset rs = OpenRecordset(session, listStatement()); !rs.eof(); rs.moveNext()) {
+  for (Recordset rs = OpenRecordset(m_session, listStatement()); !rs.eof(); rs.moveNext()) {
     const QString key = rs.text("Code") + u'_';
     const QString shown = rs.text("Code") + u'{' + rs.text("Name") + u'}';
     const QString parent = rs.text("ParentCode");
@@ -108,7 +108,7 @@ void frmWarehouseSelect::Select()
     desk().inform(u"不允许选择根目录！"_s);
     return;
   }
-  const Recordset rs = OpenRecordset(session, {u"select Name from {} where Code='{}'", SqlName(TreeTable), code});
+  const Recordset rs = OpenRecordset(m_session, {u"select Name from {} where Code='{}'", SqlName(TreeTable), code});
   m_choice = {code, rs.eof() ? QString() : rs.text("Name"), TreeTarget};
   close();
 }
@@ -116,7 +116,7 @@ void frmWarehouseSelect::Select()
 void frmWarehouseSelect::ToolAdd_Click()
 {
   if (TreeTable == ChartOfAccounts)
-    Mod_ZORVEKMain::RunSiblingProgram(session, u"现金银行资料"_s, {u"现金银行设置"_s});
+    Mod_ZORVEKMain::RunSiblingProgram(m_session, u"现金银行资料"_s, {u"现金银行设置"_s});
   else if (TreeTable == u"TabWarehouseType")
-    Mod_ZORVEKMain::RunSiblingProgram(session, u"仓库资料"_s, {u"仓库分类设置"_s});
+    Mod_ZORVEKMain::RunSiblingProgram(m_session, u"仓库资料"_s, {u"仓库分类设置"_s});
 }

@@ -32,7 +32,7 @@ private:
   void Select();
   void ToolAdd_Click();
 
-  Session& session;
+  Session& m_session;
   QString& SelectedCode; // of the node clicked last
   const QString TreeTable;
   const Statement TreeWhere;

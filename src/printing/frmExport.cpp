@@ -58,7 +58,7 @@ QList<int> widthsOf(const Grid& grid)
 
 } // namespace
 
-frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, "frmExport"), session(ofSession)
+frmExport::frmExport(Session& ofSession) : Form(ofSession.desk, "frmExport"), m_session(ofSession)
 {
   setCaption(u"数据导出"_s);
   cmdQuit.setCaption(u"退出(&Q)"_s);
@@ -75,7 +75,7 @@ void frmExport::Export2Excel(const Grid& grid)
 
 void frmExport::copy(const Grid& grid)
 {
-  const std::unique_ptr<Workbook> workbook = session.spreadsheet.create();
+  const std::unique_ptr<Workbook> workbook = m_session.spreadsheet.create();
   const QString sheet = workbook->sheetNames().first();
   workbook->setSizes(sheet, grid.rows(), Grid::RowHeight, widthsOf(grid));
   for (int row = 0; row < grid.rows(); row += RowsInBlock) {

@@ -24,7 +24,7 @@ protected:
 private:
   void copy(const Grid& grid);
 
-  Session& session;
+  Session& m_session;
   bool m_isCancelled = false;
 
   ProgressBar prg{this, "prg"};
