@@ -54,17 +54,15 @@ tl::expected<void, QString> supply(AccountSetLocation& location)
   if (!location.isServer())
     return {};
   if (!location.server.password.isEmpty())
-    return tl::unexpected(
-        QStringLiteral("a password in an argument can be read by everybody on the machine; write server://user@host:port/database and "
-                       "set %1, or wait to be asked")
-            .arg(QLatin1String(Variable)));
+    return tl::unexpected(QStringLiteral("参数中的密码本机的所有人都能看到；请写 server://用户@主机:端口/数据库，并设置 %1，或等待询问")
+                              .arg(QLatin1String(Variable)));
   if (qEnvironmentVariableIsSet(Variable)) {
     location.server.password = qEnvironmentVariable(Variable);
     return {};
   }
   const Terminal terminal;
-  if (!terminal.isQuiet() || !terminal.write(QStringLiteral("Password of %1 at %2: ").arg(location.server.user, location.text()).toUtf8()))
-    return tl::unexpected(QStringLiteral("there is no terminal on which to ask for the password; set %1").arg(QLatin1String(Variable)));
+  if (!terminal.isQuiet() || !terminal.write(QStringLiteral("%2 的用户 %1 的密码：").arg(location.server.user, location.text()).toUtf8()))
+    return tl::unexpected(QStringLiteral("没有可以询问密码的终端；请设置 %1").arg(QLatin1String(Variable)));
   location.server.password = QString::fromUtf8(terminal.line());
   terminal.write("\n");
   return {};

@@ -16,18 +16,26 @@
 
 namespace {
 
-constexpr char Description[] = "Makes, copies and checks account sets.\n\n"
-                               "  accountset create FILE [--demo]\n"
-                               "  accountset create --server SERVER --login NAME [--demo]\n"
-                               "  accountset copy FROM TO [--login NAME]\n"
-                               "  accountset check FILE-OR-SERVER\n\n"
-                               "SERVER is server://user@host:port/database; to create and copy, the user is an administrator of a\n"
-                               "PostgreSQL server. The password is read from ACCOUNTSET_PASSWORD, or asked for on the terminal.\n"
-                               "--login is who the program will be: he may select, insert, update and delete. His password is read from\n"
-                               "ACCOUNTSET_LOGIN_PASSWORD. A password in an argument is refused: everybody on the machine could read it.\n"
-                               "Nothing that exists is written over: what is created or copied to must not be there yet.\n"
-                               "Operators may work while an account set is copied: the copy is what it held at one moment.\n"
-                               "Exit status: 0 done, or all adds up; 1 not done, or not all adds up; 2 wrong use.";
+// It speaks the language of the rules that it reports, which people read who keep accounts.
+constexpr char Help[] = R"(建立、复制和检查账套。
+
+  accountset create 文件 [--demo]
+  accountset create --server 服务器 --login 用户 [--demo]
+  accountset copy 来源 目标 [--login 用户]
+  accountset check 文件或服务器
+
+  --demo     写入示例公司的数据；否则所有数据表为空
+  --server   在服务器上建立
+  --login    程序登录服务器的用户，只能查询、插入、更新和删除
+  --help     显示本说明
+  --version  显示版本
+
+服务器写作 server://用户@主机:端口/数据库；建立和复制时，该用户须是 PostgreSQL 服务器的管理员。
+其密码取自 ACCOUNTSET_PASSWORD，否则在终端上询问；--login 用户的密码取自 ACCOUNTSET_LOGIN_PASSWORD。
+参数中不接受密码：本机的所有人都能看到。
+已有的账套不会被覆盖：要建立的和复制的目标必须尚不存在。
+复制时可以继续操作账套：副本是某一时刻的内容。
+退出状态：0 完成，或全部相符；1 未完成，或有不符；2 用法不正确。)";
 
 struct Orders {
   QStringList words;
@@ -49,7 +57,7 @@ tl::expected<void, QString> create(const AccountSetLocation& location, const Ord
   if (!location.isServer())
     return AccountSet::create(location.file, orders.fill());
   if (orders.login.name.isEmpty())
-    return tl::unexpected(QStringLiteral("--login NAME is missing"));
+    return tl::unexpected(QStringLiteral("缺少 --login 用户"));
   return ServerAccountSet::create(location, orders.login, orders.fill());
 }
 
@@ -57,7 +65,7 @@ int create(const Orders& orders)
 {
   auto location = AccountSetLocation::read(orders.words.value(1));
   if (orders.words.size() != 2 || !location || location->isServer() != orders.server)
-    return complain(QStringLiteral("usage: accountset create FILE | --server SERVER --login NAME [--demo]"), WrongUse);
+    return complain(QStringLiteral("用法：accountset create 文件 | --server 服务器 --login 用户 [--demo]"), WrongUse);
   if (const auto done = Password::supply(*location); !done)
     return complain(done.error(), WrongUse);
   if (const auto done = create(*location, orders); !done)
@@ -79,9 +87,9 @@ bool print(const Copy::Proof& proof)
       text.chop(1);
     return (millionths.startsWith(u'-') ? QStringLiteral("-") : QString()) + (text.endsWith(u'.') ? text.chopped(1) : text);
   };
-  out() << (isSame ? "same   " : "DIFFERS") << ' ' << proof.table << ": rows " << proof.from.rows << " = " << proof.to.rows;
+  out() << (isSame ? "相同" : "不同") << ' ' << proof.table << "：行数 " << proof.from.rows << " = " << proof.to.rows;
   for (int i = 0; i < proof.columns.size(); ++i)
-    out() << ", " << proof.columns[i] << ' ' << decimal(proof.from.sums[i]) << " = " << decimal(proof.to.sums[i]);
+    out() << "，" << proof.columns[i] << ' ' << decimal(proof.from.sums[i]) << " = " << decimal(proof.to.sums[i]);
   out() << "\n";
   return isSame;
 }
@@ -94,7 +102,7 @@ int prove(Store& from, Store& to)
   qsizetype same = 0;
   for (const Copy::Proof& proof : *proofs)
     same += print(proof);
-  out() << same << " of " << proofs->size() << " tables the same\n";
+  out() << proofs->size() << " 个数据表中 " << same << " 个相同\n";
   return same == proofs->size() ? Done : Failed;
 }
 
@@ -103,7 +111,7 @@ int copy(const Orders& orders)
   auto source = AccountSetLocation::read(orders.words.value(1));
   auto target = AccountSetLocation::read(orders.words.value(2));
   if (orders.words.size() != 3 || !source || !target)
-    return complain(QStringLiteral("usage: accountset copy FROM TO [--login NAME]"), WrongUse);
+    return complain(QStringLiteral("用法：accountset copy 来源 目标 [--login 用户]"), WrongUse);
   for (AccountSetLocation* location : {&*source, &*target})
     if (const auto done = Password::supply(*location); !done)
       return complain(done.error(), WrongUse);
@@ -126,7 +134,7 @@ int check(const Orders& orders)
 {
   auto location = AccountSetLocation::read(orders.words.value(1));
   if (orders.words.size() != 2 || !location)
-    return complain(QStringLiteral("usage: accountset check FILE-OR-SERVER"), WrongUse);
+    return complain(QStringLiteral("用法：accountset check 文件或服务器"), WrongUse);
   if (const auto done = Password::supply(*location); !done)
     return complain(done.error(), WrongUse);
   int broken = 0;
@@ -138,7 +146,7 @@ int check(const Orders& orders)
   });
   if (!checked)
     return complain(checked.error(), Failed);
-  out() << (broken == 0 ? QStringLiteral("all adds up\n") : QStringLiteral("%1 rules do not hold\n").arg(broken));
+  out() << (broken == 0 ? QStringLiteral("全部相符\n") : QStringLiteral("%1 项不符\n").arg(broken));
   return broken == 0 ? Done : Failed;
 }
 
@@ -151,21 +159,14 @@ int main(int argc, char* argv[])
   QCoreApplication::setApplicationName(QStringLiteral("accountset"));
 
   QCommandLineParser parser;
-  parser.setApplicationDescription(QString::fromUtf8(Description));
-  const QCommandLineOption demo(QStringLiteral("demo"),
-                                QStringLiteral("Fill it with a small sample firm; otherwise all tables are empty."));
-  const QCommandLineOption server(QStringLiteral("server"), QStringLiteral("Make it on a server."));
-  const QCommandLineOption login(QStringLiteral("login"), QStringLiteral("Who the program will be on the server."), QStringLiteral("NAME"));
-  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this."));
-  const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Shows the version."));
-  parser.addOptions({demo, server, login, help, version});
-  parser.addPositionalArgument(QStringLiteral("create|copy|check"), QStringLiteral("The command."));
+  if (const auto answered = answerOf(QCoreApplication::arguments().mid(1), Help))
+    return *answered;
+  const QCommandLineOption demo(QStringLiteral("demo"));
+  const QCommandLineOption server(QStringLiteral("server"));
+  const QCommandLineOption login(QStringLiteral("login"), {}, QStringLiteral("NAME"));
+  parser.addOptions({demo, server, login});
   if (!parser.parse(QCoreApplication::arguments()))
-    return complain(parser.errorText(), WrongUse);
-  if (parser.isSet(version))
-    return *answerOf({QStringLiteral("--version")}, nullptr);
-  if (parser.isSet(help))
-    parser.showHelp(Done);
+    return complain(QStringLiteral("参数不正确；用法见 accountset --help"), WrongUse);
 
   const Orders orders{parser.positionalArguments(),
                       parser.isSet(demo),
@@ -178,5 +179,5 @@ int main(int argc, char* argv[])
     return copy(orders);
   if (command == QStringLiteral("check"))
     return check(orders);
-  return complain(QStringLiteral("no such command; see accountset --help"), WrongUse);
+  return complain(QStringLiteral("没有这个命令；用法见 accountset --help"), WrongUse);
 }

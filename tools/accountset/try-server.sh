@@ -1,6 +1,7 @@
 #!/bin/sh
 # Makes, copies and checks account sets on the server that tools/with-server has started. Called with the tool.
 set -eu
+# shellcheck source=tools/refuses.sh
 . "$(dirname "$0")/../refuses.sh"
 tool=$1
 user=${ZORVEK_SERVER%%:*}
@@ -17,16 +18,16 @@ export ACCOUNTSET_PASSWORD="$password" ACCOUNTSET_LOGIN_PASSWORD='till 7;'
 
 "$tool" create "$folder/firm.mdb" --demo
 "$tool" copy "$folder/firm.mdb" "$server/try_tool" --login till | tail -n 1
-"$tool" copy "$server/try_tool" "$folder/back.mdb" | grep -c '^same'
+"$tool" copy "$server/try_tool" "$folder/back.mdb" | grep -c '^相同'
 as_till "$tool" check "server://till@$address/try_tool"
-# A dump that was taken while it stood can be put back.
+# A dump of the database can be restored.
 PGPASSWORD=$password PGUSER=$user PGHOST=127.0.0.1 PGPORT=${ZORVEK_SERVER##*:}
 export PGPASSWORD PGUSER PGHOST PGPORT
 pg_dump -Fc -f "$folder/dump" try_tool
 dropdb try_tool
 pg_restore -C -d postgres "$folder/dump"
 as_till "$tool" check "server://till@$address/try_tool"
-# What stands is left as it is; who is not let in is told so; half an address is none.
+# What exists is left as it is; a failed login is reported; an incomplete address is refused.
 refuses "$tool" create --server "$server/try_tool" --login till
 refuses "$tool" copy "$folder/firm.mdb" "$server/try_tool" --login till
 refuses "$tool" check "server://till@$address/try_tool"
@@ -36,4 +37,4 @@ refuses "$tool" create --server "$server/try_other"
 refuses "$tool" check "server://till:till%207%3B@$address/try_tool"
 unset ACCOUNTSET_PASSWORD
 refuses setsid -w "$tool" check "server://till@$address/try_tool" </dev/null
-echo 'till 7;' | script -qec "'$tool' check 'server://till@$address/try_tool'" /dev/null | grep 'all adds up'
+echo 'till 7;' | script -qec "'$tool' check 'server://till@$address/try_tool'" /dev/null | grep '全部相符'
