@@ -65,6 +65,7 @@ const ProgramFolder& programFolder()
 void run(benchmark::State& state, std::vector<QByteArray> words)
 {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (QByteArray& word : words)
     arguments.push_back(word.data());
   arguments.push_back(nullptr);

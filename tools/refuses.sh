@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # For scripts that try a tool: ends the script if a command succeeds.
 refuses() {
   if "$@" 2>/dev/null; then

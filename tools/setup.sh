@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Shared by ./run, ./test and bench/run, which source it from the root of the tree: what is missing is
 # installed, and a preset is built.
 
@@ -15,17 +16,17 @@ as_root() {
   fi
 }
 
-# Installs those of the packages that are not there yet; asks nothing of a machine that has them all.
+# Installs what these lists of packages name and the machine lacks; needs no rights where nothing is missing.
 install_missing() {
   local package missing=()
-  for package in "$@"; do
+  while IFS= read -r package; do
     dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
-  done
+  done < <(grep -hv '^#' "$@")
   [ ${#missing[@]} = 0 ] && return
   echo "Installing ${missing[*]}"
-  local told
-  if ! told=$(as_root apt-get -q update 2>&1 && as_root apt-get -q -y --no-install-recommends install "${missing[@]}" 2>&1); then
-    echo "$told"
+  local output
+  if ! output=$(as_root apt-get -q update 2>&1 && as_root apt-get -q -y --no-install-recommends install "${missing[@]}" 2>&1); then
+    echo "$output"
     return 1
   fi
 }
@@ -34,7 +35,7 @@ install_missing() {
 build_preset() {
   local preset=$1
   shift
-  install_missing $(grep -v '^#' tools/packages) || return
+  install_missing tools/packages || return
   if [ ! -f "build/$preset/build.ninja" ]; then
     cmake --preset "$preset" >/dev/null || return
   fi

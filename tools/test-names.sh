@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # The tests by name, for ./test, which sources this from the root of the tree.
 
 # The unit tests of a module: "Suite.*" of every suite in its folder, joined for --gtest_filter.

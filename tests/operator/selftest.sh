@@ -8,16 +8,16 @@ passed=0
 failed=0
 while IFS= read -r line; do
   case $line in
-  "FAILED "*) path=${line#FAILED } told=${path#*:} path=${path%%:*} ;;
-  "ok "*) path=${line#ok } told=passed ;;
+  "FAILED "*) path=${line#FAILED } outcome=${path#*:} path=${path%%:*} ;;
+  "ok "*) path=${line#ok } outcome=passed ;;
   *) continue ;;
   esac
   expected=$(sed -n 's/\r$//; s/^\(\xef\xbb\xbf\)\?#! //p' "$path")
-  if [ "$told" = "$expected" ]; then
+  if [ "$outcome" = "$expected" ]; then
     passed=$((passed + 1))
   else
     failed=$((failed + 1))
-    printf 'FAILED %s: expected "%s", was "%s"\n' "$path" "$expected" "$told"
+    printf 'FAILED %s: expected "%s", was "%s"\n' "$path" "$expected" "$outcome"
   fi
 done < <("$@" "$folder")
 echo "$passed passed, $failed failed"

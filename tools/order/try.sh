@@ -1,6 +1,7 @@
 #!/bin/sh
 # Nobody else reads the parameter file, and no password is taken from an argument. Called with the tool.
 set -eu
+# shellcheck source=tools/refuses.sh
 . "$(dirname "$0")/../refuses.sh"
 order=$1
 folder=$(mktemp -d)
