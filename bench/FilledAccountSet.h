@@ -9,7 +9,7 @@
 struct sqlite3;
 
 // An empty account set to be filled with more rows than any firm has, the bare engine on it, and a
-// session over it. What goes wrong ends the run.
+// session over it. Any failure ends the run.
 class FilledAccountSet {
 protected:
   FilledAccountSet();
@@ -21,7 +21,7 @@ protected:
   // One row for each number i below `count`.
   void fill(int count, const QString& table, const QString& columns, const QString& values);
 
-  QTemporaryDir m_folder{"figures-XXXXXX"};
+  QTemporaryDir m_folder{"benchmarks-XXXXXX"};
   FakeDesk m_desk;
   FixedMachine m_machine{m_folder.path()};
   Session m_session{m_desk, m_machine};

@@ -15,7 +15,7 @@ namespace {
 // The sample firm is made once.
 const QString& sampleFirm()
 {
-  static const QTemporaryDir Folder{"figures-XXXXXX"};
+  static const QTemporaryDir Folder{"benchmarks-XXXXXX"};
   static const QString Path = [] {
     QString path = Folder.filePath(QStringLiteral("sample.mdb"));
     if (const auto made = AccountSet::create(path, SampleFirm::write); !made)

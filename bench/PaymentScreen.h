@@ -7,8 +7,8 @@
 
 #include <QTemporaryDir>
 
-// A payment screen without its window over a fresh copy of the sample firm, and an operator's hand.
-// The copies lie below the working folder, so that a sync costs what it costs on the disk.
+// A payment screen without its window over a fresh copy of the sample firm, and calls that act as its user.
+// The copies are below the working folder, so that a sync costs what it costs on the disk.
 class PaymentScreen {
 public:
   PaymentScreen();
@@ -29,7 +29,7 @@ public:
   template <typename Kind> Kind& control(const char* name) { return *m_screen->find<Kind>(QString::fromLatin1(name)); }
 
 private:
-  QTemporaryDir m_folder{"figures-XXXXXX"};
+  QTemporaryDir m_folder{"benchmarks-XXXXXX"};
   FakeDesk m_desk;
   FixedMachine m_machine{m_folder.path()};
   Session m_session{m_desk, m_machine};

@@ -13,7 +13,7 @@
 #include <cstdlib>
 
 // The program as it starts, up to the moment in which its screen is painted and ready; then it ends at
-// once. With any argument it first tells how many widgets the screen has.
+// once. With any argument it first prints how many widgets the screen has.
 
 namespace {
 

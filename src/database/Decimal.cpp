@@ -136,7 +136,7 @@ Decimal Decimal::operator+(const Decimal& other) const
     lower = lower.rounded(apart - shift);
   }
   Int128 sum = 0;
-  if (__builtin_add_overflow(Int128(upper.m_coefficient), Int128(lower.m_coefficient), &sum) || magnitude(sum) >= power(MostDigits)) {
+  if (__builtin_add_overflow(upper.m_coefficient, lower.m_coefficient, &sum) || magnitude(sum) >= power(MostDigits)) {
     upper = upper.rounded(1);
     sum = upper.m_coefficient + lower.rounded(1).m_coefficient;
   }

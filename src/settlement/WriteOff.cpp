@@ -19,18 +19,18 @@ bool isStored(Session& session, const BillKind& kind, const QString& code)
 }
 
 // The partner and the kind are the bill's; dates, state and the goods bill's code remain free.
-void handOver(frmSFKHeXiao& bench, const Bill& bill, float total)
+void handOver(frmSFKHeXiao& screen, const Bill& bill, float total)
 {
-  bench.TxtUnitCode.setText(bill.unitCode);
-  bench.TxtUnitName.setText(bill.unitName);
-  bench.SFKMoney = total;
-  bench.SFKBillCode = bill.code;
-  bench.SFKBillDatee = bill.datee;
-  for (Control* const control : std::initializer_list<Control*>{&bench.TxtUnitCode, &bench.TxtUnitName, &bench.ImgUnitCode,
-                                                                &bench.ImgUnitName, &bench.writeOffs->CombHXType})
+  screen.TxtUnitCode.setText(bill.unitCode);
+  screen.TxtUnitName.setText(bill.unitName);
+  screen.SFKMoney = total;
+  screen.SFKBillCode = bill.code;
+  screen.SFKBillDatee = bill.datee;
+  for (Control* const control : std::initializer_list<Control*>{&screen.TxtUnitCode, &screen.TxtUnitName, &screen.ImgUnitCode,
+                                                                &screen.ImgUnitName, &screen.writeOffs->CombHXType})
     control->setEnabled(false);
-  bench.LabSFKMoney.setCaption(u"核销金额："_s + NumberText::ofSingle(total));
-  bench.LabSFKMoney.setVisible(true);
+  screen.LabSFKMoney.setCaption(u"核销金额："_s + NumberText::ofSingle(total));
+  screen.LabSFKMoney.setVisible(true);
 }
 
 } // namespace
@@ -46,12 +46,12 @@ void open(Session& session, const BillKind& kind, const Bill& bill)
     session.desk.inform(QString::fromUtf16(kind.operation) + u"金额为0不能执行核销！"_s);
     return;
   }
-  frmSFKHeXiao bench(session, kind.writeOff->mode);
-  bench.Form_Load();
-  handOver(bench, bill, total);
-  bench.CmdQuery_Click();
-  bench.goToFirstAmount();
-  session.desk.showModal(bench);
+  frmSFKHeXiao screen(session, kind.writeOff->mode);
+  screen.Form_Load();
+  handOver(screen, bill, total);
+  screen.CmdQuery_Click();
+  screen.goToFirstAmount();
+  session.desk.showModal(screen);
 }
 
 } // namespace WriteOff

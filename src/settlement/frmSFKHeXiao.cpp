@@ -5,9 +5,9 @@
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
 #include "session/ModuleADO.h"
-#include "settlement/BenchQuery.h"
 #include "settlement/HXLinks.h"
 #include "settlement/SingleMoney.h"
+#include "settlement/WriteOffQuery.h"
 #include "startup/Launcher.h"
 
 using namespace Qt::StringLiterals;
@@ -97,10 +97,10 @@ Statement frmSFKHeXiao::BuildQuerySql()
     return {};
   const QString table = goodsTable();
   if (isQuery() && writeOffs->CombHXState.text() == ConditionTexts::Settled)
-    return BenchQuery::allLinks(table, conditions(), Trim(TxtBillCode.text()).isEmpty() ? nullptr : &SFKBillCode);
-  if (!OpenRecordset(session, BenchQuery::linksOf(SFKBillCode)).eof())
-    return BenchQuery::ownLinks(table, SFKBillCode);
-  return BenchQuery::openBills(table, conditions());
+    return WriteOffQuery::allLinks(table, conditions(), Trim(TxtBillCode.text()).isEmpty() ? nullptr : &SFKBillCode);
+  if (!OpenRecordset(session, WriteOffQuery::linksOf(SFKBillCode)).eof())
+    return WriteOffQuery::ownLinks(table, SFKBillCode);
+  return WriteOffQuery::openBills(table, conditions());
 }
 
 // The box labelled with the money bill's code searches for the goods bill's own, which users rely on.

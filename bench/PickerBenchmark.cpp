@@ -45,7 +45,7 @@ public:
     benchmark::DoNotOptimize(rows);
   }
 
-  // Opens the picker; `operate` then stands for the operator.
+  // Opens the picker; `operate` acts as its user.
   void pick(const std::function<void(Form&)>& operate)
   {
     m_desk.inDialog = operate;
@@ -73,7 +73,7 @@ ManyPartners& manyPartners()
   return Firm;
 }
 
-// The time from the caller's call until the dialog stands.
+// The time from the call until the dialog is shown.
 void open(benchmark::State& state)
 {
   for (auto iteration : state) {
@@ -126,5 +126,5 @@ void bareSearch(benchmark::State& state)
 BENCHMARK(open)->Name("PickerOpen/program")->UseManualTime()->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(refresh)->Name("PickerRefresh/program")->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(search)->Name("PickerSearch/program")->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(bareList)->Name("PickerList/floor")->Iterations(5)->Unit(benchmark::kMillisecond);
-BENCHMARK(bareSearch)->Name("PickerSearch/floor")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareList)->Name("PickerList/baseline")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareSearch)->Name("PickerSearch/baseline")->Iterations(5)->Unit(benchmark::kMillisecond);

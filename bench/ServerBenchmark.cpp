@@ -21,7 +21,7 @@ constexpr char Write[] = "update TabClient set Tel='1' where Code='G001'";
 // The sample firm with a long list of payments.
 const TestServer::Database& database()
 {
-  static const TestServer::Database Database(QStringLiteral("figures"), SampleFirm::write);
+  static const TestServer::Database Database(QStringLiteral("benchmarks"), SampleFirm::write);
   static const bool Filled = [] {
     const auto store = Store::open(Database.administrator);
     return store && (*store)
@@ -31,7 +31,7 @@ const TestServer::Database& database()
                         .has_value();
   }();
   if (!Filled)
-    qFatal("no database for the figures: %s", Database.made ? "" : qPrintable(Database.made.error()));
+    qFatal("no database for the benchmarks: %s", Database.made ? "" : qPrintable(Database.made.error()));
   return Database;
 }
 
@@ -96,7 +96,7 @@ void bare(benchmark::State& state, const char* sql)
     return false;
   for (const auto& [name, sql] : {std::pair("ServerLookUp", LookUp), std::pair("ServerList", List), std::pair("ServerWrite", Write)}) {
     benchmark::RegisterBenchmark((std::string(name) + "/program").c_str(), throughTheEngine, sql)->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark((std::string(name) + "/floor").c_str(), bare, sql)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark((std::string(name) + "/baseline").c_str(), bare, sql)->Unit(benchmark::kMillisecond);
   }
   return true;
 }();

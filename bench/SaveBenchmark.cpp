@@ -91,7 +91,7 @@ void saveBare(benchmark::State& state)
   const std::vector<std::string>& statements = statementsOfASave();
   for (auto iteration : state) {
     Q_UNUSED(iteration)
-    const QTemporaryDir folder{"figures-XXXXXX"};
+    const QTemporaryDir folder{"benchmarks-XXXXXX"};
     sqlite3* database = nullptr;
     require(sqlite3_open(PaymentScreen::freshAccountSet(folder).toUtf8().constData(), &database), database);
     require(SqliteCollations::registerAll(database), database);
@@ -107,7 +107,7 @@ void saveBare(benchmark::State& state)
   }
 }
 
-// Every value of the statements of a save, in its place again.
+// Every value of the statements of a save, put in its place again.
 std::vector<Statement> valuesOfASave()
 {
   std::vector<Statement> values;
@@ -137,4 +137,4 @@ void checkShapes(benchmark::State& state)
 
 BENCHMARK(checkShapes)->Name("SaveShape/program")->Unit(benchmark::kMillisecond);
 BENCHMARK(saveThroughTheScreen)->Name("Save/program")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(saveBare)->Name("Save/floor")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveBare)->Name("Save/baseline")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

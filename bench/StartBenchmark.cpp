@@ -36,7 +36,7 @@ public:
   QString accountSet() const { return m_accountSet; }
   QByteArray widgets() const { return m_widgets; }
 
-  // The order for the next start, a new payment.
+  // The parameter file of the next start, a new payment.
   void order() const
   {
     QFile file(m_folder.filePath(QString::fromLatin1(ModReadWriteParameters::FileName)));
@@ -50,7 +50,7 @@ public:
   }
 
 private:
-  QTemporaryDir m_folder{"figures-XXXXXX"};
+  QTemporaryDir m_folder{"benchmarks-XXXXXX"};
   QString m_accountSet;
   QByteArray m_widgets;
 };
@@ -61,7 +61,7 @@ const ProgramFolder& programFolder()
   return Folder;
 }
 
-// Runs a program to its end and books its time and its peak memory.
+// Runs a program to its end and records its time and its peak memory.
 void run(benchmark::State& state, std::vector<QByteArray> words)
 {
   std::vector<char*> arguments;
@@ -89,15 +89,15 @@ void startProgram(benchmark::State& state)
   }
 }
 
-void startFloor(benchmark::State& state)
+void startBaseline(benchmark::State& state)
 {
   for (auto iteration : state) {
     Q_UNUSED(iteration)
-    run(state, {PROGRAM_FOLDER "/start-floor", programFolder().widgets(), programFolder().accountSet().toUtf8()});
+    run(state, {PROGRAM_FOLDER "/start-baseline", programFolder().widgets(), programFolder().accountSet().toUtf8()});
   }
 }
 
 } // namespace
 
 BENCHMARK(startProgram)->Name("Start/program")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(startFloor)->Name("Start/floor")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(startBaseline)->Name("Start/baseline")->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);

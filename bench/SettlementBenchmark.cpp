@@ -15,7 +15,7 @@
 #include <sqlite3.h>
 #include <vector>
 
-// The lists of the settlement: the write-off bench over many sales with three links each, and the
+// The lists of the settlement: the write-off list over many sales with three links each, and the
 // longest list of invoice matching, beside the same statements read bare into typed memory.
 
 namespace {
@@ -88,11 +88,11 @@ public:
     fillBills(bills);
     m_session.params.OperateDate = QDate(2022, 6, 8);
     m_session.DotSet = {2, 2, 2};
-    m_bench.Form_Load();
-    m_desk.show(m_bench);
-    m_bench.TxtDateeFrom.setText({});
-    m_bench.TxtDateeTo.setText({});
-    m_bench.find<ComboBox>(QStringLiteral("CombHXState"))->setText({});
+    m_writeOff.Form_Load();
+    m_desk.show(m_writeOff);
+    m_writeOff.TxtDateeFrom.setText({});
+    m_writeOff.TxtDateeTo.setText({});
+    m_writeOff.find<ComboBox>(QStringLiteral("CombHXState"))->setText({});
     renewMatching();
   }
 
@@ -103,10 +103,10 @@ public:
     m_desk.show(*m_matching);
   }
 
-  void listBench() { list(m_bench); }
+  void listWriteOff() { list(m_writeOff); }
   void listMatching() { list(*m_matching); }
 
-  void listBenchBare()
+  void listWriteOffBare()
   {
     BareRows list;
     list.read(m_database, BenchList);
@@ -154,7 +154,7 @@ private:
       qFatal("%s", qPrintable(m_desk.takeTexts()));
   }
 
-  frmSFKHeXiao m_bench{m_session};
+  frmSFKHeXiao m_writeOff{m_session};
   std::unique_ptr<frmGouDui> m_matching;
 };
 
@@ -212,8 +212,11 @@ void measureLines(benchmark::State& state, void (ManyBills::*list)())
 
 } // namespace
 
-BENCHMARK_CAPTURE(measure, bench1k, 1000, &ManyBills::listBench)->Name("Bench1k/program")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(measure, bench10k, 10000, &ManyBills::listBench)->Name("Bench10k/program")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(measure, bare10k, 10000, &ManyBills::listBenchBare)->Name("Bench10k/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(measure, bench1k, 1000, &ManyBills::listWriteOff)->Name("WriteOff1k/program")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(measure, bench10k, 10000, &ManyBills::listWriteOff)->Name("WriteOff10k/program")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(measure, bare10k, 10000, &ManyBills::listWriteOffBare)->Name("WriteOff10k/baseline")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(measureLines, lines, &ManyBills::listMatching)->Name("Matching/program")->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(measureLines, bare, &ManyBills::listMatchingBare)->Name("Matching/floor")->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(measureLines, bare, &ManyBills::listMatchingBare)
+    ->Name("Matching/baseline")
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);

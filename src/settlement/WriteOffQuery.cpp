@@ -1,6 +1,6 @@
-#include "settlement/BenchQuery.h"
+#include "settlement/WriteOffQuery.h"
 
-namespace BenchQuery {
+namespace WriteOffQuery {
 namespace {
 
 Statement whereAll(const QList<Statement>& conditions)
@@ -52,4 +52,4 @@ Statement allLinks(const QString& table, const QList<Statement>& conditions, con
           Statement(LinkedColumns), goodsBills(table, conditions), onlyOf ? Statement(u"  where SFKBillCode='{}' ", *onlyOf) : Statement()};
 }
 
-} // namespace BenchQuery
+} // namespace WriteOffQuery

@@ -4,7 +4,7 @@
 
 // The queries by which the write-off screen lists goods bills. Each returns the columns of the list in their order,
 // from the bill's code on.
-namespace BenchQuery {
+namespace WriteOffQuery {
 
 // The goods bills of a table that meet all conditions; no amount is allocated yet.
 Statement openBills(const QString& table, const QList<Statement>& conditions);
@@ -19,4 +19,4 @@ Statement ownLinks(const QString& table, const QString& SFKBillCode);
 // even if the code is empty.
 Statement allLinks(const QString& table, const QList<Statement>& conditions, const QString* onlyOf);
 
-} // namespace BenchQuery
+} // namespace WriteOffQuery

@@ -27,7 +27,7 @@
 #include <com/sun/star/view/XPrintable.hpp>
 
 // The office: the longest grid exported into a live workbook, and a payment printed through its template,
-// beside the bare calls that the same takes. The office's profile is the figures' own, and has a printer
+// beside the bare calls that the same takes. The office's profile is the benchmarks' own, and has a printer
 // whose paper is a file.
 
 namespace {
@@ -89,7 +89,7 @@ public:
   }
 };
 
-// The office that the program under measure has started, without the program.
+// The office that the measured program has started, used without the program.
 class BareOffice {
 public:
   using Document = Reference<star::sheet::XSpreadsheetDocument>;
@@ -263,10 +263,10 @@ void convertFirst(benchmark::State& state)
 }
 
 BENCHMARK(exportGrid)->Name("Export/program")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(exportBare)->Name("Export/floor")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(exportBare)->Name("Export/baseline")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(printTemplate)->Name("Template/program")->Iterations(5)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(printBare)->Name("Template/floor")->Iterations(5)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(printBare)->Name("Template/baseline")->Iterations(5)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(printFirstTemplate)->Name("FirstTemplate/program")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(convertFirst)->Name("FirstTemplate/floor")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(convertFirst)->Name("FirstTemplate/baseline")->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace

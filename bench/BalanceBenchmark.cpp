@@ -11,9 +11,9 @@
 #include <sqlite3.h>
 #include <vector>
 
-// The balance of one partner among 20,000, beside the same statements on the bare engine. He has the
-// same 56 movements since the last closing however many rows the tables hold, so that the figure shows
-// whether its cost follows him or the tables.
+// The balance of one partner among 20,000, beside the same statements on the bare engine. The partner has
+// the same 56 movements since the last closing however many rows the tables hold, so that the time shows
+// whether its cost depends on them or on the size of the tables.
 
 namespace {
 
@@ -32,7 +32,7 @@ public:
     fillMasters();
     fillMovements(rows / TablesOfMovements);
     run("commit");
-    prepareFloor();
+    prepareBaseline();
   }
 
   void askProgram()
@@ -66,7 +66,7 @@ private:
     fill(Partners, "TabClientTurn", "Code,Datee,Num,SumMoney,MoneyRate,MoneyName", "printf('K%05d',i),'2022-03-31',2,100,1,'人民币'");
   }
 
-  // The rows of the one partner lie evenly among the others', which bear the days of half a year.
+  // The rows of the one partner are spread evenly among the others', dated over half a year.
   void fillMovements(int count)
   {
     const QString isOwn = QStringLiteral("i%%1=%2").arg(count / OwnRowsPerTable).arg(count / OwnRowsPerTable / 2);
@@ -91,7 +91,7 @@ private:
   }
 
   // What the program asks, in its order, as the engine takes it.
-  void prepareFloor()
+  void prepareBaseline()
   {
     QStringList statements = {
         "select * from TabAccountantNameSet  where Main=1 ", "select max(Datee) as Dateee from TabTurn  where Datee<='2022-06-08'",
@@ -132,7 +132,7 @@ void program(benchmark::State& state, int rows)
   }
 }
 
-void floorOf(benchmark::State& state, int rows)
+void baselineOf(benchmark::State& state, int rows)
 {
   ManyMovements& set = movements(rows);
   for (auto iteration : state) {
@@ -144,8 +144,8 @@ void floorOf(benchmark::State& state, int rows)
 } // namespace
 
 BENCHMARK_CAPTURE(program, 10k, 10000)->Name("Balance10k/program")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(floorOf, 10k, 10000)->Name("Balance10k/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(baselineOf, 10k, 10000)->Name("Balance10k/baseline")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(program, 100k, 100000)->Name("Balance100k/program")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(floorOf, 100k, 100000)->Name("Balance100k/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(baselineOf, 100k, 100000)->Name("Balance100k/baseline")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(program, 1M, 1000000)->Name("Balance1M/program")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(floorOf, 1M, 1000000)->Name("Balance1M/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(baselineOf, 1M, 1000000)->Name("Balance1M/baseline")->Unit(benchmark::kMillisecond);

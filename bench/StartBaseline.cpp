@@ -7,8 +7,8 @@
 #include <cstdlib>
 #include <sqlite3.h>
 
-// A bare window with as many widgets as are asked for and five small queries: what a screen's start is
-// compared with. start-floor WIDGETS DATABASE; ends as soon as the window is painted.
+// A bare window with the given number of widgets and five small queries: what a screen's start is
+// compared with. start-baseline WIDGETS DATABASE; ends as soon as the window is painted.
 
 namespace {
 
