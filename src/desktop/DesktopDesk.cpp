@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
@@ -82,9 +83,9 @@ DesktopDesk::~DesktopDesk() = default;
 
 QWidget* DesktopDesk::topWindow() const
 {
-  for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window)
-    if (!(*window)->isClosed())
-      return &(*window)->window();
+  for (const auto& window : m_windows | std::views::reverse)
+    if (!window->isClosed())
+      return &window->window();
   return nullptr;
 }
 
