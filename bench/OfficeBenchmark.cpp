@@ -77,8 +77,8 @@ public:
   void print()
   {
     control<MenuItemArray>("MPDirect_Excel_D_Inf").clickItem(0);
-    if (const QString told = desk().takeTexts(); !told.isEmpty())
-      qFatal("the payment was not printed: %s", qPrintable(told));
+    if (const QString texts = desk().takeTexts(); !texts.isEmpty())
+      qFatal("the payment was not printed: %s", qPrintable(texts));
   }
 
   QString templateFile()

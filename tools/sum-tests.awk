@@ -2,7 +2,7 @@
 # with "N passed, N failed" over all groups. A group ends with such a line of its own; one that dies before
 # it counts as a failure, and one that has none as a single test. Exit status 0 only if nothing failed.
 
-# What a group prints comes behind its number: "2: FAILED tests/scripts/...".
+# What a group prints follows its number: "2: FAILED tests/scripts/...".
 /^[0-9]+: / {
   group = $1 + 0
   line = $0
@@ -11,7 +11,7 @@
     split(line, counts, " ")
     passed[group] = counts[1]
     failed[group] = counts[3]
-    told[group] = 1
+    counted[group] = 1
   } else if (line !~ /^(Test command: |Working Directory: |Environment variables: ?$| [A-Z_]+=|Test timeout computed|(ok|skipped) |\[=====|\[  PASSED  \]|$)/) {
     lines[group] = lines[group] line "\n"
   }
@@ -28,11 +28,11 @@
   sub(/ .*$/, "", name)
   group += 0
   if ($0 ~ /   Passed  /) {
-    if (!told[group])
+    if (!counted[group])
       passed[group] = 1
   } else {
     printf "%s", lines[group]
-    if (!told[group])
+    if (!counted[group])
       print name " ended without its result:" substr($0, index($0, "***") + 3)
     if (failed[group] == 0)
       failed[group] = 1

@@ -182,13 +182,13 @@ private:
   }
 
   // cint(x) becomes cast(x as integer); isnull(x) becomes ((x) is null).
-  void rewriteOneArgument(std::size_t name, std::size_t open, const QString& before, const QString& behind)
+  void rewriteOneArgument(std::size_t name, std::size_t open, const QString& before, const QString& after)
   {
     const auto close = closingBracket(m_tokens, open);
     if (!close)
       return;
     replace(name, before);
-    replace(*close, behind);
+    replace(*close, after);
   }
 
   // convert(int,x) becomes cast(x as integer).

@@ -328,10 +328,10 @@ Odbc::Kind Odbc::Handles::askKind() const
   SQLCHAR name[128] = {};
   SQLSMALLINT size = 0;
   SQLGetInfo(connection->get(), SQL_DBMS_NAME, name, sizeof name, &size);
-  const QByteArray told(reinterpret_cast<const char*>(name));
-  if (told.contains("PostgreSQL"))
+  const QByteArray text(reinterpret_cast<const char*>(name));
+  if (text.contains("PostgreSQL"))
     return Kind::PostgreSql;
-  return told.contains("SQL Server") ? Kind::SqlServer : Kind::Unknown;
+  return text.contains("SQL Server") ? Kind::SqlServer : Kind::Unknown;
 }
 
 Odbc::Kind Odbc::kind() const

@@ -53,8 +53,8 @@ std::optional<QDate> parse(QStringView text)
   if (month < 0 || at >= trimmed.size() || trimmed[at++] != separator)
     return std::nullopt;
   const int day = readNumber(trimmed, at, 2);
-  const QStringView behind = trimmed.mid(at);
-  if (!behind.isEmpty() && ((behind[0] != u' ' && behind[0] != u'T') || !isTime(behind.mid(1).trimmed())))
+  const QStringView rest = trimmed.mid(at);
+  if (!rest.isEmpty() && ((rest[0] != u' ' && rest[0] != u'T') || !isTime(rest.mid(1).trimmed())))
     return std::nullopt;
   const QDate date(year, month, day);
   return date.isValid() ? std::optional(date) : std::nullopt;

@@ -9,7 +9,7 @@ namespace SampleFirm {
 QDate firstDay();
 QDate lastDay();
 
-// Whoever checks documents has done all months before the last.
+// All months before the last have been audited.
 bool isAudited(const QDate& day);
 // The accounting has posted and closed the first month.
 bool isPosted(const QDate& day);

@@ -77,7 +77,7 @@ struct CashBill {
   QStringView remark;
   bool isVoided = false;
   std::vector<AccountAmount> lines;
-  // What stands against the lines: the partner's account, the account the money comes from, or the cash
+  // The counterpart of the lines: the partner's account, the account the money comes from, or the cash
   // and the bank part.
   std::vector<AccountAmount> counter;
   std::vector<SettlementLink> links;

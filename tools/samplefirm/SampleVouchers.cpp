@@ -44,7 +44,7 @@ void writeHeader(RowWriter& rows, const Voucher& v)
                              u"0"});
 }
 
-// One line; names are those of the account unless it stands for the partner.
+// One line; a name is that of the account, or of the partner whose account it is.
 struct Line {
   const AccountAmount& part;
   bool isDebit;
@@ -52,7 +52,7 @@ struct Line {
   int number;
 };
 
-// An account read from the head of a bill is told with its code in front, one of a line as it is stored.
+// An account from the head of a bill is named with its code in front, one of a line as it is stored.
 QString allNameOf(const Voucher& v, const Line& line)
 {
   const QString stored = fullName(line.part.account);
