@@ -1,7 +1,7 @@
 #include "BoxAnswer.h"
 
+#include "Failure.h"
 #include "PlaceText.h"
-#include "Unmet.h"
 
 namespace BoxAnswer {
 namespace {
@@ -10,12 +10,6 @@ using Answer = Desk::Answer;
 using Buttons = Desk::Buttons;
 
 constexpr int Patience = 100;
-
-QString iconName(Desk::Icon icon)
-{
-  static const QStringList names = {"none", "information", "question", "warning", "stop"};
-  return names.value(int(icon));
-}
 
 Answer answerOf(const QString& word)
 {
@@ -50,14 +44,14 @@ bool hasText(const Desk::Box& box, const QString& expected)
 Answer of(const Directive& directive, const Desk::Box& box)
 {
   if (directive.verb != Verb::Message && directive.verb != Verb::Ask)
-    throw Unmet(QStringLiteral("expected no box, was %1").arg(describe(box)));
+    throw Failure(QStringLiteral("expected no box, was %1").arg(describe(box)));
   if (!hasText(box, directive.text))
-    throw Unmet(QStringLiteral("expected the box \"%1\", was %2").arg(directive.text, describe(box)));
+    throw Failure(QStringLiteral("expected the box \"%1\", was %2").arg(directive.text, describe(box)));
   if (directive.icon && *directive.icon != box.icon)
-    throw Unmet(QStringLiteral("expected the icon %1, was %2").arg(iconName(*directive.icon), describe(box)));
+    throw Failure(QStringLiteral("expected the icon %1, was %2").arg(iconNames().at(int(*directive.icon)), describe(box)));
   const Answer answer = answerOf(directive.verb == Verb::Ask ? directive.word : QString());
   if (!hasButton(box, answer))
-    throw Unmet(QStringLiteral("the box has no button \"%1\": %2").arg(directive.word.isEmpty() ? "ok" : directive.word, describe(box)));
+    throw Failure(QStringLiteral("the box has no button \"%1\": %2").arg(directive.word.isEmpty() ? "ok" : directive.word, describe(box)));
   return answer;
 }
 
@@ -74,7 +68,7 @@ Answer declining(const Desk::Box& box, int declinedSoFar)
 
 QString describe(const Desk::Box& box)
 {
-  return QStringLiteral("\"%1\" [%2]").arg(PlaceText::onOneLine(box.text), iconName(box.icon));
+  return QStringLiteral("\"%1\" [%2]").arg(PlaceText::onOneLine(box.text), iconNames().at(int(box.icon)));
 }
 
 } // namespace BoxAnswer

@@ -1,7 +1,7 @@
 #include "Checks.h"
 
+#include "Failure.h"
 #include "PlaceText.h"
-#include "Unmet.h"
 #include "platform/AnsiText.h"
 
 #include <QFile>
@@ -18,16 +18,16 @@ QString shown(const QString& text)
 void requireEqual(const QString& what, const QString& expected, const QString& found)
 {
   if (PlaceText::onOneLine(expected) != PlaceText::onOneLine(found))
-    throw Unmet(QStringLiteral("%1: expected %2, was %3").arg(what, shown(expected), shown(found)));
+    throw Failure(QStringLiteral("%1: expected %2, was %3").arg(what, shown(expected), shown(found)));
 }
 
 void requireEqual(const QString& what, int expected, int found)
 {
   if (expected != found)
-    throw Unmet(QStringLiteral("%1: expected %2, was %3").arg(what).arg(expected).arg(found));
+    throw Failure(QStringLiteral("%1: expected %2, was %3").arg(what).arg(expected).arg(found));
 }
 
-// Tells the first line that differs, so that a long list stays readable.
+// Reports the first line that differs, so that the reason of a long list is readable.
 void requireEqualLines(const QString& what, const QStringList& expected, const QStringList& found)
 {
   const auto lineOf = [](const QStringList& lines, qsizetype at) {
@@ -35,10 +35,10 @@ void requireEqualLines(const QString& what, const QStringList& expected, const Q
   };
   for (qsizetype i = 0; i < qMax(expected.size(), found.size()); ++i)
     if (lineOf(expected, i) != lineOf(found, i))
-      throw Unmet(QStringLiteral("%1, line %2: expected %3, was %4").arg(what).arg(i + 1).arg(lineOf(expected, i), lineOf(found, i)));
+      throw Failure(QStringLiteral("%1, line %2: expected %3, was %4").arg(what).arg(i + 1).arg(lineOf(expected, i), lineOf(found, i)));
 }
 
-// As a script writes them, so that a "|" inside a place is told from one between two.
+// As a script writes them: a text that contains a "|" is quoted.
 QString joined(const QStringList& places)
 {
   QString line;
@@ -61,19 +61,19 @@ void Checks::perform(const Directive& directive)
 {
   const QString what = directive.control.text();
   switch (directive.verb) {
-  case Verb::Form: return requireEqual(QStringLiteral("the topmost form"), directive.name, m_stage.topForm());
-  case Verb::CheckText: return requireEqual(what, directive.text, m_stage.text(directive.control));
+  case Verb::Form: return requireEqual(QStringLiteral("the topmost form"), directive.name, m_driver.topForm());
+  case Verb::CheckText: return requireEqual(what, directive.text, m_driver.text(directive.control));
   case Verb::CheckState: return checkState(directive);
-  case Verb::Items: return requireEqual(what, joined(directive.places), joined(m_stage.items(directive.control)));
+  case Verb::Items: return requireEqual(what, joined(directive.places), joined(m_driver.items(directive.control)));
   case Verb::GridCell:
     return requireEqual(QStringLiteral("%1 %2 %3").arg(what).arg(directive.row).arg(directive.column), directive.text,
-                        m_stage.cell(directive.control, directive.row, directive.column));
+                        m_driver.cell(directive.control, directive.row, directive.column));
   case Verb::GridMeasure:
-    return requireEqual(what + u' ' + directive.word, directive.number, m_stage.measure(directive.control, directive.word));
+    return requireEqual(what + u' ' + directive.word, directive.number, m_driver.measure(directive.control, directive.word));
   case Verb::GridWidth:
     return requireEqual(QStringLiteral("%1 width %2").arg(what).arg(directive.column), directive.number,
-                        m_stage.columnWidth(directive.control, directive.column));
-  case Verb::Tree: return requireEqualLines(what, directive.lines, m_stage.tree(directive.control));
+                        m_driver.columnWidth(directive.control, directive.column));
+  case Verb::Tree: return requireEqualLines(what, directive.lines, m_driver.tree(directive.control));
   case Verb::Expect: return checkRows(directive);
   case Verb::Started: return checkStarted(directive);
   case Verb::NotStarted: return checkNotStarted();
@@ -81,8 +81,8 @@ void Checks::perform(const Directive& directive)
   case Verb::FileHas: return checkFileLine(directive, true);
   case Verb::FileLacks: return checkFileLine(directive, false);
   case Verb::FileAbsent:
-    if (QFile::exists(m_scene.file(directive.name)))
-      throw Unmet(QStringLiteral("%1: expected to be absent, was there").arg(directive.name));
+    if (QFile::exists(m_environment.file(directive.name)))
+      throw Failure(QStringLiteral("%1: expected to be absent, was there").arg(directive.name));
     return;
   default: return;
   }
@@ -92,25 +92,25 @@ void Checks::checkState(const Directive& directive)
 {
   static const QHash<QString, QString> opposites = {{"disabled", "enabled"}, {"hidden", "visible"}, {"unchecked", "checked"}};
   const QString state = opposites.value(directive.word, directive.word);
-  if (m_stage.is(directive.control, state) != (state == directive.word))
-    throw Unmet(QStringLiteral("%1: expected to be %2, was not").arg(directive.control.text(), directive.word));
+  if (m_driver.is(directive.control, state) != (state == directive.word))
+    throw Failure(QStringLiteral("%1: expected to be %2, was not").arg(directive.control.text(), directive.word));
 }
 
 void Checks::checkRows(const Directive& directive)
 {
-  const QStringList found = joinedRows(m_scene.runSql(directive.text));
+  const QStringList found = joinedRows(m_environment.runSql(directive.text));
   const QStringList told = joinedRows(directive.rows);
   const QStringList nothing = {QStringLiteral("| nothing |")};
   requireEqualLines(QStringLiteral("the rows"), told == nothing && found != nothing ? QStringList() : told, found);
 }
 
-// Starts are asked for in their order: each check takes those up to the one that it means, so that two
-// programs that were started one behind the other can both be asked for.
+// Starts are checked in their order: each check removes those up to its own, so that two programs that were started in succession
+// can both be checked.
 void Checks::checkStarted(const Directive& directive)
 {
   const QStringList& orders = directive.places;
-  QList<Scene::StartedProgram>& started = m_scene.started();
-  const auto fits = [&](const Scene::StartedProgram& program) {
+  QList<Environment::StartedProgram>& started = m_environment.started();
+  const auto fits = [&](const Environment::StartedProgram& program) {
     return program.name == directive.name && program.directives.mid(0, orders.size()) == orders;
   };
   const auto found = std::find_if(started.begin(), started.end(), fits);
@@ -119,27 +119,27 @@ void Checks::checkStarted(const Directive& directive)
     return;
   }
   QStringList were;
-  for (const Scene::StartedProgram& program : started)
+  for (const Environment::StartedProgram& program : started)
     were.append(program.name + QStringLiteral(" | ") + program.directives.join(QStringLiteral(" | ")));
-  throw Unmet(QStringLiteral("expected %1 to be started, was: %2")
-                  .arg((QStringList(directive.name) + orders).join(QStringLiteral(" | ")),
-                       were.isEmpty() ? QStringLiteral("not started") : were.join(QStringLiteral("; "))));
+  throw Failure(QStringLiteral("expected %1 to be started, was: %2")
+                    .arg((QStringList(directive.name) + orders).join(QStringLiteral(" | ")),
+                         were.isEmpty() ? QStringLiteral("not started") : were.join(QStringLiteral("; "))));
 }
 
 void Checks::checkNotStarted()
 {
-  const QList<Scene::StartedProgram> started = std::exchange(m_scene.started(), {});
+  const QList<Environment::StartedProgram> started = std::exchange(m_environment.started(), {});
   if (!started.isEmpty())
-    throw Unmet(QStringLiteral("expected no program to be started, was: %1").arg(started.first().name));
+    throw Failure(QStringLiteral("expected no program to be started, was: %1").arg(started.first().name));
 }
 
 QStringList Checks::linesOf(const QString& name) const
 {
-  QFile file(m_scene.file(name));
+  QFile file(m_environment.file(name));
   if (!file.open(QIODevice::ReadOnly))
-    throw Unmet(QStringLiteral("%1: expected a file, was absent").arg(name));
+    throw Failure(QStringLiteral("%1: expected a file, was absent").arg(name));
   QStringList lines = AnsiText::decode(file.readAll()).split(u'\n');
-  // What stands behind the last line break is no line.
+  // Text after the last line break is a line, but not an empty one.
   if (lines.last().isEmpty())
     lines.removeLast();
   for (QString& line : lines)
@@ -148,7 +148,7 @@ QStringList Checks::linesOf(const QString& name) const
   return lines;
 }
 
-// Blanks at the end of a line need not be told, because editors cut them off scripts.
+// Spaces at the end of a line may be left out, because editors remove them.
 void Checks::checkFileContent(const Directive& directive)
 {
   QStringList found = linesOf(directive.name);
@@ -162,5 +162,5 @@ void Checks::checkFileLine(const Directive& directive, bool has)
 {
   const bool found = linesOf(directive.name).contains(directive.text);
   if (found != has)
-    throw Unmet(QStringLiteral("%1: expected %2 the line %3").arg(directive.name, has ? "to have" : "to lack", shown(directive.text)));
+    throw Failure(QStringLiteral("%1: expected %2 the line %3").arg(directive.name, has ? "to have" : "to lack", shown(directive.text)));
 }

@@ -1,18 +1,17 @@
 #pragma once
 
-#include "Scene.h"
+#include "Driver.h"
+#include "Environment.h"
 #include "Script.h"
-#include "Stage.h"
 
-// The directives that state what must stand on the screen, in the account set and in the program folder.
+// The directives that check the screen, the account set and the program folder.
 class Checks {
 public:
-  Checks(Scene& scene, Stage& stage) : m_scene(scene), m_stage(stage) {}
+  Checks(Environment& environment, Driver& driver) : m_environment(environment), m_driver(driver) {}
 
-  // True if the verb is one of a check.
   static bool isCheck(Verb verb) { return verb >= Verb::Form && verb <= Verb::FileAbsent; }
 
-  // Unmet with what was expected and what was there.
+  // A Failure with what was expected and what was there.
   void perform(const Directive& directive);
 
 private:
@@ -24,6 +23,6 @@ private:
   void checkFileLine(const Directive& directive, bool has);
   QStringList linesOf(const QString& name) const;
 
-  Scene& m_scene;
-  Stage& m_stage;
+  Environment& m_environment;
+  Driver& m_driver;
 };

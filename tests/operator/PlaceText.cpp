@@ -15,7 +15,7 @@ qsizetype skipBlanks(QStringView line, qsizetype at)
   return at;
 }
 
-// Where the place that begins at `from` ends: at a "|" or at the end of the line.
+// Where the text that begins at `from` ends: at a "|" or at the end of the line.
 qsizetype placeEnd(QStringView line, qsizetype from)
 {
   const qsizetype start = skipBlanks(line, from);

@@ -3,19 +3,19 @@
 #include <QString>
 #include <QStringList>
 
-// How an operator script writes texts, and several of them on one line.
+// How an operator script writes texts, and several of them in one line.
 namespace PlaceText {
 
-// Blanks and tabs cut off both ends. A full-width blank is a character like any other.
+// Without the spaces and tabs at both ends. A full-width space is a character like any other.
 QString cut(QStringView text);
 
-// The text that a script means: cut, and without the double quotes that keep its blanks.
+// Cut, and without the double quotes that protect its spaces.
 QString unquoted(QStringView text);
 
-// The places of a line between its "|", each cut and unquoted. A "|" inside quotes parts nothing.
+// The texts of a line between its "|", each cut and unquoted. A "|" inside quotes is part of its text.
 QStringList split(QStringView line);
 
-// A text as a script writes it: every line break is "\n".
+// Every line break as "\n".
 QString onOneLine(QString text);
 
 } // namespace PlaceText

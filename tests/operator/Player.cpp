@@ -1,15 +1,16 @@
 #include "Player.h"
 
 #include "BoxAnswer.h"
+#include "Failure.h"
 #include "PlaceText.h"
-#include "Unmet.h"
 #include "program/ProgramScreens.h"
 #include "startup/Entry.h"
 
 #include <QDir>
 
-Player::Player(const Script& script, Scene& scene, const Options& options)
-    : m_script(script), m_scene(scene), m_options(options), m_stage(options.makeStage(*this)), m_checks(scene, *m_stage)
+Player::Player(const Script& script, Environment& environment, const Options& options)
+    : m_script(script), m_environment(environment), m_options(options), m_driver(options.makeDriver(*this)),
+      m_checks(environment, *m_driver)
 {
 }
 
@@ -18,7 +19,7 @@ Player::~Player() = default;
 Player::Verdict Player::play()
 {
   playWhile([] { return true; });
-  m_stage->clear();
+  m_driver->clear();
   if (m_verdict.failedLine == 0 && m_checked == 0)
     fail(m_script.directives.isEmpty() ? 1 : m_script.directives.last().line, QStringLiteral("the script checks nothing"));
   return m_verdict;
@@ -42,8 +43,8 @@ void Player::takeNext(const std::function<void(const Directive&)>& play)
   m_options.onLine(directive.line);
   try {
     play(directive);
-  } catch (const Unmet& unmet) {
-    fail(directive.line, unmet.why());
+  } catch (const Failure& failure) {
+    fail(directive.line, failure.reason());
   } catch (const std::exception& error) {
     fail(directive.line, QStringLiteral("an error left the program untrapped: %1").arg(QString::fromUtf8(error.what())));
   }
@@ -56,7 +57,7 @@ void Player::fail(int line, const QString& reason)
     m_verdict = {line, reason};
 }
 
-Desk::Answer Player::boxStands(const Desk::Box& box)
+Desk::Answer Player::boxOpened(const Desk::Box& box)
 {
   Desk::Answer answer = BoxAnswer::declining(box, m_declined);
   if (m_over) {
@@ -79,19 +80,19 @@ void Player::perform(const Directive& directive)
     checkEnded();
   else if (Checks::isCheck(directive.verb))
     m_checks.perform(directive);
-  else if (!setScene(directive) && !act(directive))
-    throw Unmet(QStringLiteral("no box is there"));
+  else if (!setUp(directive) && !act(directive))
+    throw Failure(QStringLiteral("no box is there"));
   m_checked += Checks::isCheck(directive.verb);
 }
 
-bool Player::setScene(const Directive& directive)
+bool Player::setUp(const Directive& directive)
 {
   switch (directive.verb) {
   case Verb::AccountSet: return makeAccountSet(directive), true;
-  case Verb::Clock: return m_scene.setClock(directive.when), true;
-  case Verb::Session: return m_scene.setSession(directive.name, directive.text), true;
-  case Verb::Siblings: return m_scene.placeSiblings(directive.places), true;
-  case Verb::Sql: return m_scene.runSql(directive.text), true;
+  case Verb::Clock: return m_environment.setClock(directive.when), true;
+  case Verb::Session: return m_environment.setSession(directive.name, directive.text), true;
+  case Verb::Siblings: return m_environment.placeSiblings(directive.places), true;
+  case Verb::Sql: return m_environment.runSql(directive.text), true;
   case Verb::Start:
   case Verb::StartWithoutParameters: return start(directive), true;
   default: return false;
@@ -103,21 +104,21 @@ bool Player::act(const Directive& directive)
   const ControlName& control = directive.control;
   switch (directive.verb) {
   case Verb::Type: return type(control, directive.text), true;
-  case Verb::Key: return m_stage->press(directive.key), true;
-  case Verb::Focus: return m_stage->focus(control), true;
-  case Verb::Click: return directive.row < 0 ? m_stage->click(control) : m_stage->clickItem(control, directive.row), true;
-  case Verb::DoubleClick: return m_stage->doubleClick(control), true;
+  case Verb::Key: return m_driver->press(directive.key), true;
+  case Verb::Focus: return m_driver->focus(control), true;
+  case Verb::Click: return directive.row < 0 ? m_driver->click(control) : m_driver->clickItem(control, directive.row), true;
+  case Verb::DoubleClick: return m_driver->doubleClick(control), true;
   case Verb::Choose: return choose(control, directive.text), true;
-  case Verb::SetDate: return m_stage->setDate(control, directive.when.date()), true;
+  case Verb::SetDate: return m_driver->setDate(control, directive.when.date()), true;
   case Verb::Cell:
-  case Verb::DoubleCell: return m_stage->clickCell(control, directive.row, directive.column, directive.verb == Verb::DoubleCell), true;
+  case Verb::DoubleCell: return m_driver->clickCell(control, directive.row, directive.column, directive.verb == Verb::DoubleCell), true;
   case Verb::Node:
-  case Verb::DoubleNode: return m_stage->clickNode(control, directive.text, directive.verb == Verb::DoubleNode), true;
-  case Verb::Wheel: return m_stage->wheel(control, directive.number), true;
-  case Verb::Close: return m_stage->close(), true;
+  case Verb::DoubleNode: return m_driver->clickNode(control, directive.text, directive.verb == Verb::DoubleNode), true;
+  case Verb::Wheel: return m_driver->wheel(control, directive.number), true;
+  case Verb::Close: return m_driver->close(), true;
   case Verb::Screenshot:
     if (!m_options.pictureFolder.isEmpty())
-      m_stage->screenshot(QDir(m_options.pictureFolder).filePath(directive.name));
+      m_driver->screenshot(QDir(m_options.pictureFolder).filePath(directive.name));
     return true;
   default: return false;
   }
@@ -125,49 +126,49 @@ bool Player::act(const Directive& directive)
 
 void Player::type(const ControlName& name, const QString& text)
 {
-  const bool holdsText = m_stage->markText(name);
-  if (text.isEmpty() && holdsText)
-    m_stage->press({Key::Delete, {}, false});
+  const bool hasText = m_driver->selectText(name);
+  if (text.isEmpty() && hasText)
+    m_driver->press({Key::Delete, {}, false});
   for (const char32_t character : text.toUcs4()) {
-    // What a letter has set off may have ended the script.
+    // A character may open a box that ends the script.
     if (m_over)
       return;
-    m_stage->press(Key::character(QString::fromUcs4(&character, 1)));
+    m_driver->press(Key::character(QString::fromUcs4(&character, 1)));
   }
 }
 
 void Player::choose(const ControlName& name, const QString& item)
 {
-  const QStringList items = m_stage->items(name);
+  const QStringList items = m_driver->items(name);
   if (!items.contains(item))
-    throw Unmet(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), items.join(QStringLiteral(" | "))));
-  m_stage->choose(name, int(items.indexOf(item)));
+    throw Failure(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), items.join(QStringLiteral(" | "))));
+  m_driver->choose(name, int(items.indexOf(item)));
 }
 
 void Player::makeAccountSet(const Directive& directive)
 {
-  if (!m_stage->topForm().isEmpty())
-    throw Unmet(QStringLiteral("the program still runs on the account set"));
-  m_scene.makeAccountSet(directive.word == u"demo" ? AccountSetGround::Content::Demo : AccountSetGround::Content::Empty);
+  if (!m_driver->topForm().isEmpty())
+    throw Failure(QStringLiteral("the program still runs on the account set"));
+  m_environment.makeAccountSet(directive.word == u"demo" ? ScriptAccountSet::Content::Demo : ScriptAccountSet::Content::Empty);
 }
 
 void Player::start(const Directive& directive)
 {
-  if (const QString form = m_stage->topForm(); !form.isEmpty())
-    throw Unmet(QStringLiteral("the program still runs: %1 is open").arg(form));
+  if (const QString form = m_driver->topForm(); !form.isEmpty())
+    throw Failure(QStringLiteral("the program still runs: %1 is open").arg(form));
   if (directive.verb == Verb::Start)
-    m_scene.writeParameters(directive.places);
+    m_environment.writeParameters(directive.places);
   else
-    m_scene.removeParameters();
-  m_stage->clear();
-  m_run = std::make_unique<Run>(m_stage->desk(), m_scene.machine());
+    m_environment.removeParameters();
+  m_driver->clear();
+  m_run = std::make_unique<Run>(m_driver->desk(), m_environment.machine());
   m_run->screen = Mod_ZORVEKMain::Main(m_run->session, makeProgramScreen).screen;
 }
 
 void Player::checkEnded() const
 {
   if (!m_run)
-    throw Unmet(QStringLiteral("expected the program to have ended, was not started"));
-  if (const QString form = m_stage->topForm(); !form.isEmpty())
-    throw Unmet(QStringLiteral("expected the program to have ended, was still showing %1").arg(form));
+    throw Failure(QStringLiteral("expected the program to have ended, was not started"));
+  if (const QString form = m_driver->topForm(); !form.isEmpty())
+    throw Failure(QStringLiteral("expected the program to have ended, was still showing %1").arg(form));
 }

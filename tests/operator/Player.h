@@ -1,35 +1,34 @@
 #pragma once
 
 #include "Checks.h"
-#include "Scene.h"
+#include "Driver.h"
+#include "Environment.h"
 #include "Script.h"
-#include "Stage.h"
 #include "session/Session.h"
 #include "startup/Screen.h"
 
 #include <functional>
 #include <memory>
 
-// Plays one script on one stage, directive by directive. A directive may let the program wait for the
-// operator in its midst: the directives that follow are then played from inside that wait.
+// Plays one script with one driver, directive by directive. In the middle of a directive the program may wait for the user: the
+// following directives are then played from inside that wait.
 //
-// Always holds: the first thing that went wrong decides. From then on, and once the last directive has
-// been played, no directive is played any more; boxes are declined and forms closed until every wait
-// has come back.
-class Player : private Encounters {
+// Always holds: the first failure counts. After it, and after the last directive, no more directives are played: boxes are declined
+// and forms closed until every wait has returned.
+class Player : private DriverEvents {
 public:
   struct Options {
-    std::function<std::unique_ptr<Stage>(Encounters&)> makeStage;
-    QString pictureFolder;                // where screenshots go; empty for nowhere
-    std::function<void(int line)> onLine; // told of each directive as it begins
-    std::function<void()> atRest = {};    // called when the program waits for the operator and no box is open
+    std::function<std::unique_ptr<Driver>(DriverEvents&)> makeDriver;
+    QString pictureFolder;                // where screenshots go; empty for none
+    std::function<void(int line)> onLine; // called at the start of each directive
+    std::function<void()> atRest = {};    // called when the program waits for the user and no box is open
   };
   struct Verdict {
     int failedLine = 0; // 0 if the script passed
     QString reason;
   };
 
-  Player(const Script& script, Scene& scene, const Options& options);
+  Player(const Script& script, Environment& environment, const Options& options);
   ~Player() override;
 
   Verdict play();
@@ -42,18 +41,18 @@ private:
     std::unique_ptr<Screen> screen = {};
   };
 
-  // Encounters
-  Desk::Answer boxStands(const Desk::Box& box) override;
-  void modalStands(const std::function<bool()>& stands) override { playWhile(stands); }
+  // DriverEvents
+  Desk::Answer boxOpened(const Desk::Box& box) override;
+  void modalOpened(const std::function<bool()>& isOpen) override { playWhile(isOpen); }
 
   void playWhile(const std::function<bool()>& goesOn);
-  // Plays the next directive by `play`, and notes the failure if it throws.
+  // Calls `play` with the next directive, and records its failure.
   void takeNext(const std::function<void(const Directive&)>& play);
   void fail(int line, const QString& reason);
 
   void perform(const Directive& directive);
-  // False if the verb is not of that group.
-  bool setScene(const Directive& directive);
+  // False if the verb is not in that group.
+  bool setUp(const Directive& directive);
   bool act(const Directive& directive);
   void type(const ControlName& name, const QString& text);
   void choose(const ControlName& name, const QString& item);
@@ -62,9 +61,9 @@ private:
   void checkEnded() const;
 
   Script m_script;
-  Scene& m_scene;
+  Environment& m_environment;
   Options m_options;
-  std::unique_ptr<Stage> m_stage;
+  std::unique_ptr<Driver> m_driver;
   Checks m_checks;
   std::unique_ptr<Run> m_run;
   Verdict m_verdict;

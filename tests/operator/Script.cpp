@@ -12,9 +12,8 @@ struct Usage {
   const char* text;
 };
 
-// How each directive is written; of those with one first word the first that fits is taken. Words in
-// capitals are arguments, "[…]" may be left out, "(a|b)" is a choice. This is also what a script that
-// is written wrongly is told.
+// The syntax of each directive; of several with the same first word the first match counts. Words in capitals are arguments, "[…]"
+// is optional, "(a|b)" is a choice. An invalid directive is reported with it.
 constexpr Usage Usages[] = {
     {Verb::AccountSet, "account-set (empty|demo)"},
     {Verb::Clock, "clock DATE [TIME]"},
@@ -57,14 +56,14 @@ constexpr Usage Usages[] = {
     {Verb::Screenshot, "screenshot NAME"},
 };
 
-// What the arguments of the usages look like. A text gives way to what may stand behind it.
+// The arguments as regular expressions. A text is as short as what follows it permits.
 const QHash<QString, QString> Arguments = {
     {"CONTROL", "(?<control>[^\\s=]+)"},
     {"NAME", "(?<name>\"[^\"]+\"|[^\\s|]+)"},
     {"KEYNAME", "(?<name>.+)"},
     {"KEY", "(?<name>[^\\s=]+)"},
     {"WORDS", "(?<words>.+)"},
-    {"SQL", "(?<raw>.+)"},
+    {"SQL", "(?<sql>.+)"},
     {"TEXT", "(?<text>.+?)"},
     {"PLACES", "(?<places>.*)"},
     {"INDEX", "(?<row>\\d{1,6})"},
@@ -85,7 +84,7 @@ QString firstWord(const QString& line)
   return line.left(line.indexOf(blank));
 }
 
-// The usage as an expression over a whole line.
+// The usage as an expression for a whole line.
 QRegularExpression expressionOf(const char* usage)
 {
   QString pattern;
@@ -96,41 +95,29 @@ QRegularExpression expressionOf(const char* usage)
     QString piece = Arguments.value(part, part);
     if (part.startsWith(u'('))
       piece.insert(1, QStringLiteral("?<word>"));
-    // A sign brings the blanks around it.
-    const bool parted = !pattern.isEmpty() && !pattern.endsWith(u'*') && !piece.startsWith(u"[ \\t]*");
-    pattern += (opens ? QStringLiteral("(?:") : QString()) + (parted ? QStringLiteral("[ \\t]+") : QString()) + piece +
+    // "=", "->" and "|" include the spaces around them.
+    const bool separated = !pattern.isEmpty() && !pattern.endsWith(u'*') && !piece.startsWith(u"[ \\t]*");
+    pattern += (opens ? QStringLiteral("(?:") : QString()) + (separated ? QStringLiteral("[ \\t]+") : QString()) + piece +
                (closes ? QStringLiteral(")?") : QString());
   }
   return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
 }
 
-const QHash<QString, ::Key::Code>& keyNames()
+::Key keyOf(const QString& name, int line)
 {
-  static const QHash<QString, ::Key::Code> names = {
+  static const QHash<QString, ::Key::Code> named = {
       {"Enter", ::Key::Enter},         {"Tab", ::Key::Tab},       {"Shift+Tab", ::Key::Tab},
       {"Esc", ::Key::Escape},          {"Up", ::Key::Up},         {"Down", ::Key::Down},
       {"Left", ::Key::Left},           {"Right", ::Key::Right},   {"PageUp", ::Key::PageUp},
       {"PageDown", ::Key::PageDown},   {"Home", ::Key::Home},     {"End", ::Key::End},
       {"Backspace", ::Key::Backspace}, {"Delete", ::Key::Delete},
   };
-  return names;
-}
-
-::Key keyOf(const QString& name, int line)
-{
-  const auto named = keyNames().constFind(name);
-  if (named != keyNames().constEnd())
-    return {*named, {}, name.startsWith(u"Shift+")};
+  if (const auto found = named.constFind(name); found != named.constEnd())
+    return {*found, {}, name.startsWith(u"Shift+")};
   const QString character = PlaceText::unquoted(name);
   if (character.toUcs4().size() != 1)
     throw ScriptError(line, QStringLiteral("there is no key \"%1\"").arg(name));
   return ::Key::character(character);
-}
-
-Desk::Icon iconOf(const QString& name)
-{
-  static const QStringList names = {"none", "information", "question", "warning", "stop"};
-  return Desk::Icon(names.indexOf(name));
 }
 
 ControlName controlOf(const QString& name)
@@ -148,45 +135,30 @@ QDateTime whenOf(const QString& date, const QString& time, int line)
   return {day, hour};
 }
 
-// What stands in a named group; empty if the group took no part.
-class Captures {
-public:
-  Captures(const QRegularExpression& expression, const QRegularExpressionMatch& match)
-  {
-    const QStringList names = expression.namedCaptureGroups();
-    for (int group = 1; group < names.size(); ++group)
-      m_texts.insert(names[group], match.captured(group));
-  }
-
-  QString operator[](const char* name) const { return m_texts.value(QString::fromLatin1(name)); }
-  bool has(const char* name) const { return !operator[](name).isEmpty(); }
-
-private:
-  QHash<QString, QString> m_texts;
-};
-
-Directive directiveOf(Verb verb, const Captures& captures, int line)
+Directive directiveOf(Verb verb, const QRegularExpressionMatch& match, int line)
 {
+  const auto captured = [&](const char* name) { return match.captured(QString::fromLatin1(name)); };
+  const auto index = [&](const char* name) { return match.hasCaptured(QString::fromLatin1(name)) ? captured(name).toInt() : -1; };
   Directive made;
   made.line = line;
   made.verb = verb;
-  made.control = controlOf(captures["control"]);
-  made.name = PlaceText::unquoted(captures["name"]);
-  made.word = captures["word"];
-  made.text = captures.has("raw") ? captures["raw"] : PlaceText::unquoted(captures["text"]);
-  if (captures.has("words"))
-    made.places = captures["words"].split(QRegularExpression(QStringLiteral("[ \\t]+")));
-  if (captures.has("places"))
-    made.places = PlaceText::split(captures["places"]);
-  made.row = captures.has("row") ? captures["row"].toInt() : -1;
-  made.column = captures.has("column") ? captures["column"].toInt() : -1;
-  made.number = captures["number"].toInt();
-  if (captures.has("date"))
-    made.when = whenOf(captures["date"], captures["time"], line);
+  made.control = controlOf(captured("control"));
+  made.name = PlaceText::unquoted(captured("name"));
+  made.word = captured("word");
+  made.text = verb == Verb::Sql || verb == Verb::Expect ? captured("sql") : PlaceText::unquoted(captured("text"));
+  if (verb == Verb::Siblings)
+    made.places = captured("words").split(QRegularExpression(QStringLiteral("[ \\t]+")));
+  else if (const QString places = captured("places"); !places.isEmpty())
+    made.places = PlaceText::split(places);
+  made.row = index("row");
+  made.column = index("column");
+  made.number = captured("number").toInt();
+  if (const QString date = captured("date"); !date.isEmpty())
+    made.when = whenOf(date, captured("time"), line);
   if (verb == Verb::Key)
-    made.key = keyOf(captures["name"], line);
-  if (captures.has("icon"))
-    made.icon = iconOf(captures["icon"]);
+    made.key = keyOf(captured("name"), line);
+  if (const QString icon = captured("icon"); !icon.isEmpty())
+    made.icon = Desk::Icon(iconNames().indexOf(icon));
   if (verb == Verb::Start && made.places.size() > 5)
     throw ScriptError(line, QStringLiteral("there are five directives at most"));
   return made;
@@ -205,15 +177,15 @@ Directive readDirective(const QString& text, int line)
       expression = expressions.insert(&usage, expressionOf(usage.text));
     const QRegularExpressionMatch match = expression->match(text);
     if (match.hasMatch())
-      return directiveOf(usage.verb, Captures(*expression, match), line);
+      return directiveOf(usage.verb, match, line);
     usages.append(QString::fromLatin1(usage.text));
   }
   throw ScriptError(line, usages.isEmpty() ? QStringLiteral("there is no directive \"%1\"").arg(word)
                                            : QStringLiteral("expected \"%1\"").arg(usages.join(QStringLiteral("\" or \""))));
 }
 
-// A line behind a directive: "> text", in which every further blank counts, or "| value | value |".
-void readLineBehind(const QString& text, int line, QList<Directive>& directives)
+// A line that belongs to the directive before it: "> text", in which every further space counts, or "| value | value |".
+void readFurtherLine(const QString& text, int line, QList<Directive>& directives)
 {
   const bool isRow = text.startsWith(u'|');
   const Verb verb = directives.isEmpty() ? Verb::Close : directives.last().verb;
@@ -253,6 +225,12 @@ Script::For playedForOf(const QString& firstLine)
 
 } // namespace
 
+const QStringList& iconNames()
+{
+  static const QStringList names = {"none", "information", "question", "warning", "stop"};
+  return names;
+}
+
 Script Script::read(const QByteArray& utf8)
 {
   const QStringList lines = linesOf(utf8);
@@ -263,9 +241,9 @@ Script Script::read(const QByteArray& utf8)
     if (text.isEmpty() || text.startsWith(u'#'))
       continue;
     if (text.startsWith(u'>'))
-      readLineBehind(lines[i].mid(lines[i].indexOf(u'>')), i + 1, script.directives);
+      readFurtherLine(lines[i].mid(lines[i].indexOf(u'>')), i + 1, script.directives);
     else if (text.startsWith(u'|'))
-      readLineBehind(text, i + 1, script.directives);
+      readFurtherLine(text, i + 1, script.directives);
     else
       script.directives.append(readDirective(text, i + 1));
   }

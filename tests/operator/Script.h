@@ -9,7 +9,7 @@
 #include <optional>
 #include <stdexcept>
 
-// A control as a script names it: on the topmost form, or on the form that stands ahead of a point.
+// A control as a script names it: on the topmost form, or FORM.CONTROL.
 struct ControlName {
   QString form; // empty for the topmost one
   QString control;
@@ -17,8 +17,11 @@ struct ControlName {
   QString text() const { return form.isEmpty() ? control : form + u'.' + control; }
 };
 
+// How a script names the icons, in the order of Desk::Icon.
+const QStringList& iconNames();
+
 enum class Verb {
-  // The scene
+  // Setting up
   AccountSet,
   Clock,
   Session,
@@ -62,40 +65,39 @@ enum class Verb {
   Screenshot
 };
 
-// One directive with its arguments read. Which of them are set goes by the verb; its usage line in
-// Script.cpp tells.
+// One directive with its arguments. Which of them are set depends on the verb: see its usage line in Script.cpp.
 struct Directive {
   int line = 0;
   Verb verb = Verb::Close;
   ControlName control; // NAME of a control, grid, tree or form
   QString name;        // NAME of anything else
-  QString word;        // one of the words that the usage offers
+  QString word;        // one of the words in the usage
   QString text;        // TEXT, unquoted; for boxes with line breaks as "\n"
-  QStringList places;  // between "|"; of siblings, between blanks
+  QStringList places;  // separated by "|"; of siblings, by spaces
   int row = -1;        // also the index of an item
   int column = -1;
   int number = 0;
   QDateTime when;
   ::Key key;
   std::optional<Desk::Icon> icon;
-  QStringList lines;       // behind "> "
-  QList<QStringList> rows; // between "|" of the lines behind
+  QStringList lines;       // the following lines that start with ">"
+  QList<QStringList> rows; // the following lines that start with "|"
 };
 
-// Why a script cannot be read.
+// Why a script cannot be parsed.
 struct ScriptError : std::runtime_error {
   ScriptError(int atLine, const QString& why) : std::runtime_error(why.toStdString()), line(atLine) {}
   int line;
 };
 
-// A script that has been read: what is to be done, line by line. Reading plays nothing.
+// A parsed script.
 struct Script {
   enum class For { Everywhere, ViewModelOnly, DesktopOnly, FileOnly };
 
   For playedFor = For::Everywhere;
   QList<Directive> directives;
 
-  // Reads UTF-8 text, with or without a mark at its start, lines ended by LF or CR LF. ScriptError
-  // at the first line that is no directive or has an argument that is none.
+  // Reads UTF-8 text, with or without a byte order mark, with LF or CR LF. A ScriptError at the first line that is no directive or
+  // has an invalid argument.
   static Script read(const QByteArray& utf8);
 };

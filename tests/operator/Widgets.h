@@ -5,11 +5,11 @@
 #include <QAction>
 #include <QWidget>
 
-// The windows of the program as an operator sees them: found by the names of forms and controls, and
-// read widget by widget. Knows no view model. Every function throws Unmet if there is no such thing.
+// The program's windows as a user sees them, found by the names of forms and controls. Knows no view model. Every function
+// throws a Failure if there is no such form or control.
 namespace Widgets {
 
-// A control's face: a widget, or the action of a toolbar button or menu item.
+// What shows a control: a widget, or the action of a toolbar button or menu item.
 struct Face {
   QWidget* widget = nullptr; // null for an action
   QAction* action = nullptr;
@@ -22,7 +22,7 @@ QWidget* topWindow();
 QList<QWidget*> windows();
 
 Face find(const ControlName& name);
-// The same for acting on it: seen, enabled, and in the topmost window.
+// For acting: visible, enabled, and in the topmost window.
 Face reach(const ControlName& name);
 
 // The actions of an item array, by their index.

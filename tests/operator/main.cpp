@@ -1,7 +1,7 @@
-#include "AccountSetGround.h"
-#include "ModelStage.h"
 #include "ScriptProcess.h"
+#include "accountset/AccountSetLocation.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -14,9 +14,11 @@
 
 namespace {
 
+using ScriptProcess::Outcome;
+
 constexpr char UsageText[] = "Usage: operator [--desktop] [--server] [--keep DIR] SCRIPT-OR-FOLDER...\n";
 
-// Where the server is; tools/with-server sets it.
+// user:password@host:port of the server's administrator; tools/with-server sets it.
 constexpr char ServerVariable[] = "ZORVEK_SERVER";
 
 struct Arguments {
@@ -24,31 +26,25 @@ struct Arguments {
   std::optional<ServerAddress> server;
   QString keep;
   QStringList paths;
-  bool valid = true;
 };
 
-Arguments readArguments(int count, char** texts)
+std::optional<Arguments> readArguments(const QStringList& texts)
 {
-  Arguments arguments;
-  for (int i = 1; i < count; ++i) {
-    const QString text = QString::fromLocal8Bit(texts[i]);
-    if (text == u"--desktop")
-      arguments.desktop = true;
-    else if (text == u"--server") {
-      arguments.server = AccountSetGround::readServer(qEnvironmentVariable(ServerVariable));
-      arguments.valid = arguments.valid && arguments.server;
-    } else if (text == u"--keep" && i + 1 < count)
-      arguments.keep = QString::fromLocal8Bit(texts[++i]);
-    else if (text.startsWith(u"--"))
-      arguments.valid = false;
-    else
-      arguments.paths.append(text);
+  QCommandLineParser parser;
+  parser.addOptions({QCommandLineOption("desktop"), QCommandLineOption("server"), QCommandLineOption("keep", {}, "DIR")});
+  if (!parser.parse(texts) || parser.positionalArguments().isEmpty())
+    return {};
+  Arguments arguments{parser.isSet("desktop"), {}, parser.value("keep"), parser.positionalArguments()};
+  if (parser.isSet("server")) {
+    const auto location = AccountSetLocation::read(QStringLiteral("server://%1/postgres").arg(qEnvironmentVariable(ServerVariable)));
+    if (!location)
+      return {};
+    arguments.server = location->server;
   }
-  arguments.valid = arguments.valid && !arguments.paths.isEmpty();
   return arguments;
 }
 
-// The scripts of a folder and its folders in order of name; a script, or what is not there, is itself.
+// The scripts of a folder and its subfolders in order of name. A script is itself, and so is a path that does not exist.
 QStringList scriptsAt(const QString& path)
 {
   if (!QFileInfo(path).isDir())
@@ -61,23 +57,14 @@ QStringList scriptsAt(const QString& path)
   return found;
 }
 
-// Names the program folders: by the script's path below the folder that was asked for, and with a
-// number behind if that name is taken.
-class FolderNames {
-public:
-  QString nameOf(const QString& script, const QString& askedFor)
-  {
-    const QFileInfo asked(askedFor);
-    const QString below =
-        asked.isDir() ? QDir(asked.absoluteFilePath()).relativeFilePath(QFileInfo(script).absoluteFilePath()) : asked.fileName();
-    const QString name = below.size() > 3 && below.endsWith(u".op") ? below.chopped(3) : below;
-    const int times = ++m_times[name];
-    return times == 1 ? name : name + u'-' + QString::number(times);
-  }
-
-private:
-  QHash<QString, int> m_times;
-};
+// The name of a script's program folder: its path below the folder that was given.
+QString folderName(const QString& script, const QString& given)
+{
+  const QFileInfo info(given);
+  const QString below =
+      info.isDir() ? QDir(info.absoluteFilePath()).relativeFilePath(QFileInfo(script).absoluteFilePath()) : info.fileName();
+  return below.size() > 3 && below.endsWith(u".op") ? below.chopped(3) : below;
+}
 
 void print(const QString& line)
 {
@@ -85,52 +72,44 @@ void print(const QString& line)
   std::fflush(stdout);
 }
 
-class Tally {
-public:
-  void add(const QString& script, const ScriptProcess::Result& result)
-  {
-    switch (result.outcome) {
-    case ScriptProcess::Outcome::Passed: ++m_passed; return print(QStringLiteral("ok ") + script);
-    case ScriptProcess::Outcome::Skipped: ++m_skipped; return print(QStringLiteral("skipped ") + script);
-    case ScriptProcess::Outcome::Failed:
-      ++m_failed;
-      return print(QStringLiteral("FAILED ") + script + u':' + QString::number(result.line) + QStringLiteral(": ") + result.reason);
-    }
-  }
-
-  int close() const
-  {
-    print(QStringLiteral("%1 passed, %2 failed").arg(m_passed).arg(m_failed));
-    return m_failed == 0 && m_passed + m_skipped > 0 ? 0 : 1;
-  }
-
-private:
-  int m_passed = 0;
-  int m_failed = 0;
-  int m_skipped = 0;
-};
+void print(const QString& script, const ScriptProcess::Result& result)
+{
+  if (result.outcome == Outcome::Failed)
+    print(QStringLiteral("FAILED %1:%2: ").arg(script).arg(result.line) + result.reason);
+  else
+    print((result.outcome == Outcome::Passed ? QStringLiteral("ok ") : QStringLiteral("skipped ")) + script);
+}
 
 } // namespace
 
 int main(int count, char** texts)
 {
-  const Arguments arguments = readArguments(count, texts);
-  if (!arguments.valid) {
+  QStringList all;
+  for (int i = 0; i < count; ++i)
+    all.append(QString::fromLocal8Bit(texts[i]));
+  const auto arguments = readArguments(all);
+  if (!arguments) {
     std::fputs(UsageText, stderr);
     return 2;
   }
   const QTemporaryDir temporary;
-  const QString base = arguments.keep.isEmpty() ? temporary.filePath(QStringLiteral("programs")) : QDir(arguments.keep).absolutePath();
-  Tally tally;
-  FolderNames names;
-  for (const QString& path : arguments.paths)
+  const bool keeps = !arguments->keep.isEmpty();
+  const QString base = keeps ? QDir(arguments->keep).absolutePath() : temporary.filePath(QStringLiteral("programs"));
+  QHash<Outcome, int> tally;
+  QHash<QString, int> names;
+  for (const QString& path : arguments->paths)
     for (const QString& script : scriptsAt(path)) {
-      const QString folder = QDir(base).filePath(names.nameOf(script, path));
-      QDir(folder).removeRecursively();
-      tally.add(script, ScriptProcess::play({script, folder, temporary.path(), arguments.keep.isEmpty() ? QString() : base,
-                                             arguments.desktop, arguments.server}));
-      if (arguments.keep.isEmpty())
-        QDir(folder).removeRecursively();
+      const QString name = folderName(script, path);
+      const int times = ++names[name];
+      QDir folder(QDir(base).filePath(times == 1 ? name : name + u'-' + QString::number(times)));
+      folder.removeRecursively();
+      const auto result =
+          ScriptProcess::play({script, folder.path(), temporary.path(), keeps ? base : QString(), arguments->desktop, arguments->server});
+      print(script, result);
+      ++tally[result.outcome];
+      if (!keeps)
+        folder.removeRecursively();
     }
-  return tally.close();
+  print(QStringLiteral("%1 passed, %2 failed").arg(tally[Outcome::Passed]).arg(tally[Outcome::Failed]));
+  return tally[Outcome::Failed] == 0 && !tally.isEmpty() ? 0 : 1;
 }

@@ -6,45 +6,45 @@
 #include <QDate>
 #include <QStringList>
 #include <functional>
+#include <memory>
 
-// What a stage calls while an event of the operator is under way and the program waits for him.
-class Encounters {
+// Called by a driver while the program waits for the user in the middle of an action.
+class DriverEvents {
 public:
-  virtual ~Encounters() = default;
+  virtual ~DriverEvents() = default;
 
-  // A box stands there. Gives the answer to it.
-  virtual Desk::Answer boxStands(const Desk::Box& box) = 0;
-  // A form stands over all others and the program waits for its end. Returns when `stands` is false,
-  // or when nothing more is to be played; the stage then closes the form itself.
-  virtual void modalStands(const std::function<bool()>& stands) = 0;
+  // A box is open. Returns the answer to it.
+  virtual Desk::Answer boxOpened(const Desk::Box& box) = 0;
+  // A modal form is open. Returns when `isOpen` is false, or when no more directives are played; then the driver closes the form.
+  virtual void modalOpened(const std::function<bool()>& isOpen) = 0;
 };
 
-// Where a script is played: on the view models, or on the real windows. It plays the operator's hand
-// and eye. Every function throws Unmet, with the reason, if the control is not there; those that act
-// also if the operator could not do it because the control is hidden, disabled, or on a form that is
-// not the topmost one.
-class Stage {
+// Acts and looks in the user's place, on the view models or in the real windows. Every function throws a Failure if the control
+// does not exist; those that act also if the user could not: the control is hidden, disabled, or not on the topmost form.
+class Driver {
 public:
-  virtual ~Stage() = default;
+  static std::unique_ptr<Driver> ofModels(DriverEvents& events);
+  static std::unique_ptr<Driver> ofWindows(DriverEvents& events);
 
-  // The operator whom the program meets.
+  virtual ~Driver() = default;
+
+  // The program's user interface.
   virtual Desk& desk() = 0;
   // Name of the topmost form; empty if none is open.
   virtual QString topForm() = 0;
-  // Closes whatever form is still open. Behind it no window knows a form any more.
+  // Closes all open forms. Afterwards no window refers to a form.
   virtual void clear() = 0;
 
   // Acting
-  // Gives a text box the focus and marks what it holds; true if it holds something. A grid takes the
-  // focus alone, and what is typed is its own affair.
-  virtual bool markText(const ControlName& name) = 0;
-  // To the control in focus.
+  // Focuses a text box and selects its text; true if it has text. A grid is only focused and decides itself what typing does.
+  virtual bool selectText(const ControlName& name) = 0;
+  // To the focused control.
   virtual void press(const Key& key) = 0;
   virtual void focus(const ControlName& name) = 0;
   virtual void click(const ControlName& name) = 0;
   virtual void clickItem(const ControlName& name, int index) = 0;
   virtual void doubleClick(const ControlName& name) = 0;
-  // By its place among items().
+  // By its index in items().
   virtual void choose(const ControlName& name, int item) = 0;
   virtual void setDate(const ControlName& name, const QDate& date) = 0;
   virtual void clickCell(const ControlName& grid, int row, int column, bool twice) = 0;
@@ -62,8 +62,8 @@ public:
   virtual int measure(const ControlName& grid, const QString& what) = 0;
   // In twips.
   virtual int columnWidth(const ControlName& grid, int column) = 0;
-  // The texts of all nodes from top to bottom, two blanks ahead for each level.
+  // The texts of all nodes from top to bottom, indented by two spaces for each level.
   virtual QStringList tree(const ControlName& name) = 0;
-  // Saves the picture of the topmost window, if there are windows.
+  // Saves a picture of the topmost window, if there are windows.
   virtual void screenshot(const QString& path) = 0;
 };
