@@ -1,7 +1,9 @@
 #include "BoxAnswer.h"
 
 #include "Failure.h"
+
 #include "PlaceText.h"
+#include <QHash>
 
 namespace BoxAnswer {
 namespace {
@@ -11,24 +13,15 @@ using Buttons = Desk::Buttons;
 
 constexpr int Patience = 100;
 
-Answer answerOf(const QString& word)
+// What a box may be answered, declining first.
+QList<Answer> answersTo(const Desk::Box& box)
 {
-  if (word == u"yes")
-    return Answer::Yes;
-  if (word == u"no")
-    return Answer::No;
-  return word == u"cancel" ? Answer::Cancel : Answer::Ok;
-}
-
-bool hasButton(const Desk::Box& box, Answer answer)
-{
-  switch (answer) {
-  case Answer::Ok: return box.buttons != Buttons::YesNo;
-  case Answer::Cancel: return box.buttons == Buttons::OkCancel;
-  case Answer::Yes:
-  case Answer::No: return box.buttons == Buttons::YesNo;
+  switch (box.buttons) {
+  case Buttons::Ok: return {Answer::Ok};
+  case Buttons::OkCancel: return {Answer::Cancel, Answer::Ok};
+  case Buttons::YesNo: return {Answer::No, Answer::Yes};
   }
-  return false;
+  return {};
 }
 
 bool hasText(const Desk::Box& box, const QString& expected)
@@ -49,21 +42,17 @@ Answer of(const Directive& directive, const Desk::Box& box)
     throw Failure(QStringLiteral("expected the box \"%1\", was %2").arg(directive.text, describe(box)));
   if (directive.icon && *directive.icon != box.icon)
     throw Failure(QStringLiteral("expected the icon %1, was %2").arg(iconNames().at(int(*directive.icon)), describe(box)));
-  const Answer answer = answerOf(directive.verb == Verb::Ask ? directive.word : QString());
-  if (!hasButton(box, answer))
+  static const QHash<QString, Answer> answers = {{"yes", Answer::Yes}, {"no", Answer::No}, {"cancel", Answer::Cancel}};
+  const Answer answer = answers.value(directive.word, Answer::Ok);
+  if (!answersTo(box).contains(answer))
     throw Failure(QStringLiteral("the box has no button \"%1\": %2").arg(directive.word.isEmpty() ? "ok" : directive.word, describe(box)));
   return answer;
 }
 
 Answer declining(const Desk::Box& box, int declinedSoFar)
 {
-  const bool other = declinedSoFar > Patience && declinedSoFar % 2;
-  switch (box.buttons) {
-  case Buttons::Ok: return Answer::Ok;
-  case Buttons::OkCancel: return other ? Answer::Ok : Answer::Cancel;
-  case Buttons::YesNo: return other ? Answer::Yes : Answer::No;
-  }
-  return Answer::Ok;
+  const QList<Answer> answers = answersTo(box);
+  return declinedSoFar > Patience && declinedSoFar % 2 ? answers.last() : answers.first();
 }
 
 QString describe(const Desk::Box& box)

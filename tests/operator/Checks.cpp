@@ -66,13 +66,8 @@ void Checks::perform(const Directive& directive)
   case Verb::CheckState: return checkState(directive);
   case Verb::Items: return requireEqual(what, joined(directive.places), joined(m_driver.items(directive.control)));
   case Verb::GridCell:
-    return requireEqual(QStringLiteral("%1 %2 %3").arg(what).arg(directive.row).arg(directive.column), directive.text,
-                        m_driver.cell(directive.control, directive.row, directive.column));
   case Verb::GridMeasure:
-    return requireEqual(what + u' ' + directive.word, directive.number, m_driver.measure(directive.control, directive.word));
-  case Verb::GridWidth:
-    return requireEqual(QStringLiteral("%1 width %2").arg(what).arg(directive.column), directive.number,
-                        m_driver.columnWidth(directive.control, directive.column));
+  case Verb::GridWidth: return checkGrid(directive);
   case Verb::Tree: return requireEqualLines(what, directive.lines, m_driver.tree(directive.control));
   case Verb::Expect: return checkRows(directive);
   case Verb::Started: return checkStarted(directive);
@@ -86,6 +81,27 @@ void Checks::perform(const Directive& directive)
     return;
   default: return;
   }
+}
+
+void Checks::requireCell(const GridFace& grid, const Directive& directive)
+{
+  if (directive.row >= grid.rows || directive.column >= grid.cols)
+    throw Failure(QStringLiteral("%1 has %2 rows and %3 columns").arg(directive.control.control).arg(grid.rows).arg(grid.cols));
+}
+
+void Checks::checkGrid(const Directive& directive)
+{
+  const GridFace grid = m_driver.grid(directive.control);
+  const QString what = directive.control.text();
+  const int column = directive.column;
+  requireCell(grid, directive);
+  if (directive.verb == Verb::GridCell)
+    return requireEqual(QStringLiteral("%1 %2 %3").arg(what).arg(directive.row).arg(column), directive.text,
+                        grid.text(directive.row, column));
+  if (directive.verb == Verb::GridWidth)
+    return requireEqual(QStringLiteral("%1 width %2").arg(what).arg(column), directive.number, grid.width(column));
+  const QHash<QString, int> measures = {{"rows", grid.rows}, {"cols", grid.cols}, {"row", grid.row}, {"col", grid.col}};
+  requireEqual(what + u' ' + directive.word, directive.number, measures.value(directive.word));
 }
 
 void Checks::checkState(const Directive& directive)

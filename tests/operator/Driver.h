@@ -19,6 +19,16 @@ public:
   virtual void modalOpened(const std::function<bool()>& isOpen) = 0;
 };
 
+// What a grid shows, the header row and the header column counted.
+struct GridFace {
+  int rows;
+  int cols;
+  int row; // the current cell
+  int col;
+  std::function<QString(int row, int column)> text;
+  std::function<int(int column)> width; // in twips
+};
+
 // Acts and looks in the user's place, on the view models or in the real windows. Every function throws a Failure if the control
 // does not exist; those that act also if the user could not: the control is hidden, disabled, or not on the topmost form.
 class Driver {
@@ -57,11 +67,7 @@ public:
   // By the words of "check NAME is …": enabled, visible, checked, focused.
   virtual bool is(const ControlName& name, const QString& state) = 0;
   virtual QStringList items(const ControlName& name) = 0;
-  virtual QString cell(const ControlName& grid, int row, int column) = 0;
-  // By the words of "grid NAME …": rows, cols, row, col.
-  virtual int measure(const ControlName& grid, const QString& what) = 0;
-  // In twips.
-  virtual int columnWidth(const ControlName& grid, int column) = 0;
+  virtual GridFace grid(const ControlName& name) = 0;
   // The texts of all nodes from top to bottom, indented by two spaces for each level.
   virtual QStringList tree(const ControlName& name) = 0;
   // Saves a picture of the topmost window, if there are windows.

@@ -119,7 +119,6 @@ public:
   void clickCell(const ControlName& name, int row, int column, bool twice) override
   {
     auto& grid = reach<Grid>(name, "grid");
-    gridWith(name, row, column);
     if (grid.colWidth(column) == 0)
       throw Failure(QStringLiteral("the cell %1 %2 of %3 is hidden").arg(row).arg(column).arg(name.text()));
     twice ? grid.doubleClickCell(row, column) : grid.clickCell(row, column);
@@ -165,19 +164,17 @@ public:
     return find<MenuItemArray>(name, "drop-down, list or item array").captions();
   }
 
-  QString cell(const ControlName& name, int row, int column) override { return gridWith(name, row, column).text(row, column); }
-
-  int measure(const ControlName& name, const QString& what) override
+  GridFace grid(const ControlName& name) override
   {
-    auto& grid = find<Grid>(name, "grid");
-    if (what == u"rows")
-      return grid.rows();
-    if (what == u"cols")
-      return grid.cols();
-    return what == u"row" ? grid.row() : grid.col();
+    Grid& grid = find<Grid>(name, "grid");
+    return {grid.rows(),
+            grid.cols(),
+            grid.row(),
+            grid.col(),
+            [&](int row, int column) { return grid.text(row, column); },
+            [&](int column) { return grid.colWidth(column); }};
   }
 
-  int columnWidth(const ControlName& name, int column) override { return gridWith(name, 0, column).colWidth(column); }
   QStringList tree(const ControlName& name) override { return nodeTexts(find<Tree>(name, "tree").model(), QStringLiteral("  ")); }
   void screenshot(const QString&) override {}
 
@@ -267,14 +264,6 @@ private:
   {
     reach(name);
     return find<Kind>(name, kind);
-  }
-
-  Grid& gridWith(const ControlName& name, int row, int column)
-  {
-    auto& grid = find<Grid>(name, "grid");
-    if (row >= grid.rows() || column >= grid.cols())
-      throw Failure(QStringLiteral("%1 has %2 rows and %3 columns").arg(grid.name()).arg(grid.rows()).arg(grid.cols()));
-    return grid;
   }
 
   DriverEvents& m_events;

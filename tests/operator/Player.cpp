@@ -111,7 +111,7 @@ bool Player::act(const Directive& directive)
   case Verb::Choose: return choose(control, directive.text), true;
   case Verb::SetDate: return m_driver->setDate(control, directive.when.date()), true;
   case Verb::Cell:
-  case Verb::DoubleCell: return m_driver->clickCell(control, directive.row, directive.column, directive.verb == Verb::DoubleCell), true;
+  case Verb::DoubleCell: return clickCell(directive), true;
   case Verb::Node:
   case Verb::DoubleNode: return m_driver->clickNode(control, directive.text, directive.verb == Verb::DoubleNode), true;
   case Verb::Wheel: return m_driver->wheel(control, directive.number), true;
@@ -143,6 +143,12 @@ void Player::choose(const ControlName& name, const QString& item)
   if (!items.contains(item))
     throw Failure(QStringLiteral("%1 has no such item, but: %2").arg(name.text(), items.join(QStringLiteral(" | "))));
   m_driver->choose(name, int(items.indexOf(item)));
+}
+
+void Player::clickCell(const Directive& directive)
+{
+  Checks::requireCell(m_driver->grid(directive.control), directive);
+  m_driver->clickCell(directive.control, directive.row, directive.column, directive.verb == Verb::DoubleCell);
 }
 
 void Player::makeAccountSet(const Directive& directive)

@@ -56,6 +56,7 @@ private:
   bool act(const Directive& directive);
   void type(const ControlName& name, const QString& text);
   void choose(const ControlName& name, const QString& item);
+  void clickCell(const Directive& directive);
   void start(const Directive& directive);
   void makeAccountSet(const Directive& directive);
   void checkEnded() const;

@@ -156,12 +156,6 @@ public:
   int rows() const { return m_model.rowCount() + 1; }
   int cols() const { return m_model.columnCount() + 1; }
 
-  void require(int row, int col) const
-  {
-    if (row >= rows() || col >= cols())
-      throw Failure(QStringLiteral("%1 has %2 rows and %3 columns").arg(m_view.objectName()).arg(rows()).arg(cols()));
-  }
-
   bool isHidden(int col) const { return col == 0 ? m_view.verticalHeader()->isHidden() : m_view.isColumnHidden(col - 1); }
 
   QString text(int row, int col) const
@@ -318,7 +312,6 @@ public:
   void clickCell(const ControlName& name, int row, int column, bool twice) override
   {
     const Table table(reach(name), name);
-    table.require(row, column);
     if (table.isHidden(column))
       throw Failure(QStringLiteral("the cell %1 %2 of %3 is hidden").arg(row).arg(column).arg(name.text()));
     table.click(row, column, twice);
@@ -370,28 +363,15 @@ public:
 
   QStringList items(const ControlName& name) override { return Widgets::items(Widgets::find(name), name); }
 
-  QString cell(const ControlName& name, int row, int column) override
+  GridFace grid(const ControlName& name) override
   {
     const Table table(Widgets::find(name), name);
-    table.require(row, column);
-    return table.text(row, column);
-  }
-
-  int measure(const ControlName& name, const QString& what) override
-  {
-    const Table table(Widgets::find(name), name);
-    if (what == u"rows")
-      return table.rows();
-    if (what == u"cols")
-      return table.cols();
-    return what == u"row" ? table.currentRow() : table.currentCol();
-  }
-
-  int columnWidth(const ControlName& name, int column) override
-  {
-    const Table table(Widgets::find(name), name);
-    table.require(0, column);
-    return table.width(column);
+    return {table.rows(),
+            table.cols(),
+            table.currentRow(),
+            table.currentCol(),
+            [=](int row, int column) { return table.text(row, column); },
+            [=](int column) { return table.width(column); }};
   }
 
   QStringList tree(const ControlName& name) override
