@@ -1,7 +1,6 @@
 #!/bin/bash
-# Plays the scripts of selftest/, each of which must fail, and compares where and why with what the
-# script says of itself in its line "#! LINE: REASON". Called with the player and its options; ends
-# with "N passed, N failed".
+# Plays the scripts of selftest/, most of which must fail, and compares each result with the script's line "#! LINE: REASON" or
+# "#! passed". Called with the player and its options; ends with "N passed, N failed".
 set -u -o pipefail
 folder=$(dirname "$0")/selftest
 passed=0
