@@ -41,7 +41,7 @@ Answer of(const Directive& directive, const Desk::Box& box)
   if (!hasText(box, directive.text))
     throw Failure(QStringLiteral("expected the box \"%1\", was %2").arg(directive.text, describe(box)));
   if (directive.icon && *directive.icon != box.icon)
-    throw Failure(QStringLiteral("expected the icon %1, was %2").arg(iconNames().at(int(*directive.icon)), describe(box)));
+    throw Failure(QStringLiteral("expected the icon %1, was %2").arg(iconName(*directive.icon), describe(box)));
   static const QHash<QString, Answer> answers = {{"yes", Answer::Yes}, {"no", Answer::No}, {"cancel", Answer::Cancel}};
   const Answer answer = answers.value(directive.word, Answer::Ok);
   if (!answersTo(box).contains(answer))
@@ -57,7 +57,7 @@ Answer declining(const Desk::Box& box, int declinedSoFar)
 
 QString describe(const Desk::Box& box)
 {
-  return QStringLiteral("\"%1\" [%2]").arg(PlaceText::onOneLine(box.text), iconNames().at(int(box.icon)));
+  return QStringLiteral("\"%1\" [%2]").arg(PlaceText::onOneLine(box.text), iconName(box.icon));
 }
 
 } // namespace BoxAnswer

@@ -185,8 +185,7 @@ private:
   void show(Form& form) override
   {
     if (!m_forms.contains(&form))
-      QObject::connect(
-          &form, &Form::closed, &form, [this, &form] { m_forms.removeAll(&form); }, Qt::SingleShotConnection);
+      QObject::connect(&form, &Form::closed, &form, [this, &form] { m_forms.removeAll(&form); }, Qt::SingleShotConnection);
     m_forms.removeAll(&form);
     m_forms.append(&form);
     form.opened();

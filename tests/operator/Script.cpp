@@ -157,8 +157,9 @@ Directive directiveOf(Verb verb, const QRegularExpressionMatch& match, int line)
     made.when = whenOf(date, captured("time"), line);
   if (verb == Verb::Key)
     made.key = keyOf(captured("name"), line);
-  if (const QString icon = captured("icon"); !icon.isEmpty())
-    made.icon = Desk::Icon(iconNames().indexOf(icon));
+  for (const auto icon : {Desk::Icon::None, Desk::Icon::Information, Desk::Icon::Question, Desk::Icon::Warning, Desk::Icon::Stop})
+    if (captured("icon") == iconName(icon))
+      made.icon = icon;
   if (verb == Verb::Start && made.places.size() > 5)
     throw ScriptError(line, QStringLiteral("there are five directives at most"));
   return made;
@@ -225,10 +226,16 @@ Script::For playedForOf(const QString& firstLine)
 
 } // namespace
 
-const QStringList& iconNames()
+QString iconName(Desk::Icon icon)
 {
-  static const QStringList names = {"none", "information", "question", "warning", "stop"};
-  return names;
+  switch (icon) {
+  case Desk::Icon::None: return QStringLiteral("none");
+  case Desk::Icon::Information: return QStringLiteral("information");
+  case Desk::Icon::Question: return QStringLiteral("question");
+  case Desk::Icon::Warning: return QStringLiteral("warning");
+  case Desk::Icon::Stop: return QStringLiteral("stop");
+  }
+  return {};
 }
 
 Script Script::read(const QByteArray& utf8)

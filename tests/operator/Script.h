@@ -17,8 +17,8 @@ struct ControlName {
   QString text() const { return form.isEmpty() ? control : form + u'.' + control; }
 };
 
-// How a script names the icons, in the order of Desk::Icon.
-const QStringList& iconNames();
+// The word of a script for an icon.
+QString iconName(Desk::Icon icon);
 
 enum class Verb {
   // Setting up

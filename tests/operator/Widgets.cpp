@@ -86,7 +86,7 @@ bool isShown(const Face& face)
 {
   if (face.action)
     return face.action->isVisible();
-  return face.widget == face.window ? face.window->isVisible() : face.widget->isVisibleTo(face.window);
+  return face.widget->isWindow() ? face.widget->isVisible() : face.widget->isVisibleTo(face.window);
 }
 
 bool isUsable(const Face& face)
