@@ -5,34 +5,27 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 using ModChangeStr::ChangeStrDecode;
 using ModChangeStr::ChangeStrEncode;
 
 TEST(ModChangeStr, ReversesTheLineAndLowersEachCharacterByFive)
 {
-  EXPECT_EQ(ChangeStrEncode(u"IsJXC=1"_s), "\x2C\x38\x3E\x53\x45\x6E\x44");
-  EXPECT_EQ(ChangeStrEncode(u"  ab  "_s), "]\\");
-  EXPECT_EQ(ChangeStrEncode({}), QByteArray());
+  EXPECT_EQ(ChangeStrEncode("IsJXC=1"), "\x2C\x38\x3E\x53\x45\x6E\x44");
+  EXPECT_EQ(ChangeStrEncode("  ab  "), "]\\");
   // 付 is B8B6 and 款 is BFEE: each is one number.
-  EXPECT_EQ(ChangeStrEncode(u"a付款"_s), "\xBF\xE9\xB8\xB1\x5C");
+  EXPECT_EQ(ChangeStrEncode("a付款"), "\xBF\xE9\xB8\xB1\x5C");
 }
 
-TEST(ModChangeStr, EveryCharacterSurvivesTheTrip)
+TEST(ModChangeStr, EveryCharacterSurvivesTheRoundTrip)
 {
-  const auto survives = [](const QString& character) {
-    const QString line = u"UserName=甲"_s + character + u"乙"_s;
-    return ChangeStrDecode(ChangeStrEncode(line)) == line;
-  };
-  for (int lead = 0x81; lead <= 0xFE; ++lead)
-    for (int trail = 0x40; trail <= 0xFE; ++trail) {
-      const QString character = AnsiText::decode(QByteArray(1, char(lead)) + char(trail));
-      if (character.size() != 1 || character.contains(QChar::ReplacementCharacter))
-        continue;
-      EXPECT_TRUE(survives(character)) << std::hex << lead << trail;
-    }
+  QStringList characters{"€"};
   for (char16_t c = 0x05; c < 0x7F; ++c)
-    EXPECT_TRUE(survives(QString(QChar(c)))) << int(c);
-  EXPECT_TRUE(survives(u"€"_s));
+    characters.append(QChar(c));
+  for (int lead = 0x81; lead <= 0xFE; ++lead)
+    for (int trail = 0x40; trail <= 0xFE; ++trail)
+      characters.append(AnsiText::decode(QByteArray(1, char(lead)) + char(trail)));
+  for (const QString& character : characters)
+    if (const QString line = "UserName=甲" + character + "乙"; character.size() == 1 && !character.contains(QChar::ReplacementCharacter)) {
+      EXPECT_EQ(ChangeStrDecode(ChangeStrEncode(line)), line);
+    }
 }
