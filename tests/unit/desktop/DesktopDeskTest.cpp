@@ -11,8 +11,6 @@
 #include <QTest>
 #include <functional>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct DesktopDeskTest : testing::Test, DeskObserver {
@@ -28,43 +26,40 @@ struct DesktopDeskTest : testing::Test, DeskObserver {
 
 TEST_F(DesktopDeskTest, ABoxAnswersByButtonAndByKey)
 {
-  using Buttons = Desk::Buttons;
+  using enum Desk::Buttons;
   using Answer = Desk::Answer;
-  struct Row {
-    Buttons buttons;
+  const struct {
+    Desk::Buttons buttons;
     Qt::Key key;
     Answer expected;
+  } rows[] = {
+      {Ok, Qt::Key_Return, Answer::Ok},       {Ok, Qt::Key_Escape, Answer::Ok},
+      {OkCancel, Qt::Key_Return, Answer::Ok}, {OkCancel, Qt::Key_Escape, Answer::Cancel},
+      {YesNo, Qt::Key_Return, Answer::Yes},   {YesNo, Qt::Key_Escape, Answer::No},
+      {YesNo, Qt::Key_N, Answer::No},
   };
-  for (const auto& [buttons, key, expected] : {
-           Row{Buttons::Ok, Qt::Key_Return, Answer::Ok},
-           Row{Buttons::Ok, Qt::Key_Escape, Answer::Ok},
-           Row{Buttons::OkCancel, Qt::Key_Return, Answer::Ok},
-           Row{Buttons::OkCancel, Qt::Key_Escape, Answer::Cancel},
-           Row{Buttons::YesNo, Qt::Key_Return, Answer::Yes},
-           Row{Buttons::YesNo, Qt::Key_Escape, Answer::No},
-           Row{Buttons::YesNo, Qt::Key_N, Answer::No},
-       }) {
+  for (const auto& [buttons, key, expected] : rows) {
     atBox = [pressed = key](QMessageBox& box) { QTest::keyClick(box.focusWidget(), pressed); };
-    EXPECT_EQ(desk.ask({u"保存？"_s, Desk::Icon::Question, buttons}), expected);
+    EXPECT_EQ(desk.ask({"保存？", Desk::Icon::Question, buttons}), expected);
   }
 }
 
-TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItStands)
+TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItIs)
 {
   atBox = [](QMessageBox& box) {
-    EXPECT_EQ(box.text(), u"<b>1&2</b>"_s);
+    EXPECT_EQ(box.text(), "<b>1&2</b>");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
-    EXPECT_EQ(box.windowTitle(), u"系统提示"_s);
+    EXPECT_EQ(box.windowTitle(), "系统提示");
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
     box.accept();
   };
-  desk.stop(u"<b>1&2</b>"_s);
+  desk.stop("<b>1&2</b>");
 }
 
 TEST_F(DesktopDeskTest, AFormThatIsOpenComesToTheFrontInsteadOfASecondWindow)
 {
-  Form picker(desk, u"frmCode"_s);
-  Form bench(desk, u"frmSFKHeXiao"_s);
+  Form picker(desk, "frmCode");
+  Form query(desk, "frmSFKHeXiao");
   const auto windows = [] {
     QStringList names;
     for (const QWidget* window : QApplication::topLevelWidgets())
@@ -78,10 +73,10 @@ TEST_F(DesktopDeskTest, AFormThatIsOpenComesToTheFrontInsteadOfASecondWindow)
     return QTest::qWaitFor([&] { return QApplication::activeWindow() && QApplication::activeWindow()->objectName() == form.name(); });
   };
   EXPECT_TRUE(comesToTheFront(picker));
-  EXPECT_TRUE(comesToTheFront(bench));
+  EXPECT_TRUE(comesToTheFront(query));
   EXPECT_TRUE(comesToTheFront(picker));
-  EXPECT_EQ(windows(), (QStringList{u"frmCode"_s, u"frmSFKHeXiao"_s}));
+  EXPECT_EQ(windows(), (QStringList{"frmCode", "frmSFKHeXiao"}));
   picker.close();
-  EXPECT_EQ(windows(), QStringList{u"frmSFKHeXiao"_s});
-  bench.close();
+  EXPECT_EQ(windows(), QStringList{"frmSFKHeXiao"});
+  query.close();
 }

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
+#include <QDateEdit>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,44 +17,43 @@
 #include <QTest>
 #include <QToolBar>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
+#include <QWheelEvent>
 
 namespace {
 
 // A little of what a bill has.
 struct frmSample : Form {
-  explicit frmSample(Desk& desk) : Form(desk, u"frmSample"_s) { Kinds.setItem(0, u"暂无"_s); }
+  explicit frmSample(Desk& desk) : Form(desk, "frmSample") { Kinds.setItem(0, "暂无"); }
 
-  Container Toolbar1{this, u"Toolbar1"_s};
-  ToolButton ToolSave{&Toolbar1, u"ToolSave"_s};
-  Menu File{this, u"File"_s};
-  MenuItem FSave{&File, u"FSave"_s};
-  MenuItemArray Kinds{&File, u"Kinds_Inf"_s};
-  MenuItem FExit{&File, u"FExit"_s};
-  TextBox TxtName{this, u"TxtName"_s};
-  TextBox TxtMemo{this, u"TxtMemo"_s};
-  Grid MSH{this, u"MSH"_s};
+  Container Toolbar1{this, "Toolbar1"};
+  ToolButton ToolSave{&Toolbar1, "ToolSave"};
+  Menu File{this, "File"};
+  MenuItem FSave{&File, "FSave"};
+  MenuItemArray Kinds{&File, "Kinds_Inf"};
+  MenuItem FExit{&File, "FExit"};
+  TextBox TxtName{this, "TxtName"};
+  TextBox TxtMemo{this, "TxtMemo"};
+  DatePicker DTPDate{this, "DTPDate"};
+  Grid MSH{this, "MSH"};
 };
 
-template <typename Kind> Kind* put(QWidget* parent, const char* name)
+template <typename Kind> void put(QWidget& window, const char* name)
 {
-  Kind* const widget = new Kind(parent);
-  widget->setObjectName(QString::fromLatin1(name));
-  if (parent->layout())
-    parent->layout()->addWidget(widget);
-  return widget;
+  Kind* const widget = new Kind(&window);
+  widget->setObjectName(name);
+  window.layout()->addWidget(widget);
 }
 
 std::unique_ptr<QWidget> sampleWindow(const QString&, QWidget*)
 {
   auto window = std::make_unique<QWidget>();
   new QVBoxLayout(window.get());
-  put<QMenuBar>(window.get(), "menuBar");
-  put<QToolBar>(window.get(), "Toolbar1");
-  put<QLineEdit>(window.get(), "TxtName");
-  put<QLineEdit>(window.get(), "TxtMemo");
-  put<QTableView>(window.get(), "MSH");
+  put<QMenuBar>(*window, "menuBar");
+  put<QToolBar>(*window, "Toolbar1");
+  put<QLineEdit>(*window, "TxtName");
+  put<QLineEdit>(*window, "TxtMemo");
+  put<QDateEdit>(*window, "DTPDate");
+  put<QTableView>(*window, "MSH");
   return window;
 }
 
@@ -66,15 +67,14 @@ protected:
     form.setFocus(form.TxtName);
   }
 
-  template <typename Kind> Kind& face(const char* name) const { return *bound.window().findChild<Kind*>(QString::fromLatin1(name)); }
-  QLineEdit& edit(const char* name) const { return face<QLineEdit>(name); }
+  template <typename Kind> Kind& widget(const char* name) const { return *bound.window().findChild<Kind*>(name); }
+  QLineEdit& edit(const char* name) const { return widget<QLineEdit>(name); }
 
   FakeDesk desk;
   frmSample form{desk};
   FormWindow bound{
       form,
-      {sampleWindow,
-       [](const QString& name) { return ActionDesign{.shortcut = name.endsWith(u"Save"_s) ? QStringView(u"Ctrl+S") : QStringView()}; }},
+      {sampleWindow, [](const QString& name) { return ActionDesign{.shortcut = name.endsWith("Save") ? u"Ctrl+S" : QStringView()}; }},
       nullptr};
 };
 
@@ -82,17 +82,17 @@ protected:
 
 TEST_F(FormWindowTest, AnEqualTextLeavesTheCaretWhereItIs)
 {
-  form.TxtName.setText(u"华联"_s);
+  form.TxtName.setText("华联");
   edit("TxtName").setCursorPosition(1);
   form.TxtName.onChange = [this] { form.TxtName.setText(form.TxtName.text()); };
-  QTest::keyClicks(&edit("TxtName"), u"AB"_s);
-  EXPECT_EQ(form.TxtName.text(), u"华AB联"_s);
+  QTest::keyClicks(&edit("TxtName"), "AB");
+  EXPECT_EQ(form.TxtName.text(), "华AB联");
 }
 
 TEST_F(FormWindowTest, KeepsTheFocusThatTheFormHasWhenAWidgetHides)
 {
   QStringList left;
-  form.TxtMemo.onFocusIn = [&] { left.append(u"TxtMemo"_s); };
+  form.TxtMemo.onFocusIn = [&] { left.append("TxtMemo"); };
   form.TxtName.onKey = [this](const Key&) {
     form.TxtName.setVisible(false);
     form.setFocus(form.MSH);
@@ -100,16 +100,16 @@ TEST_F(FormWindowTest, KeepsTheFocusThatTheFormHasWhenAWidgetHides)
   };
   QTest::keyClick(&edit("TxtName"), Qt::Key_Return);
   EXPECT_EQ(form.focused(), &form.MSH);
-  EXPECT_TRUE(face<QTableView>("MSH").hasFocus());
-  EXPECT_EQ(left.join(u' '), u""_s) << "the widget that Qt passed the focus to on the way";
+  EXPECT_TRUE(widget<QTableView>("MSH").hasFocus());
+  EXPECT_EQ(left.join(u' '), "") << "the widget to which Qt moved the focus meanwhile";
 }
 
 TEST_F(FormWindowTest, PressesToolButtonsWithoutTakingTheFocus)
 {
   int saves = 0;
   form.ToolSave.onClick = form.FSave.onClick = [&] { ++saves; };
-  auto& bar = face<QToolBar>("Toolbar1");
-  QTest::mouseClick(bar.widgetForAction(&face<QAction>("ToolSave")), Qt::LeftButton);
+  auto& bar = widget<QToolBar>("Toolbar1");
+  QTest::mouseClick(bar.widgetForAction(&widget<QAction>("ToolSave")), Qt::LeftButton);
   QTest::keyClick(bound.window().focusWidget(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(saves, 2);
   EXPECT_TRUE(edit("TxtName").hasFocus());
@@ -121,14 +121,36 @@ TEST_F(FormWindowTest, PressesToolButtonsWithoutTakingTheFocus)
 
 TEST_F(FormWindowTest, KeepsTheItemsOfAnArrayTogether)
 {
-  form.Kinds.setItem(1, u"付款单A"_s);
+  form.Kinds.setItem(1, "付款单A");
   QStringList texts;
-  for (const QAction* action : face<QMenu>("File").actions())
+  for (const QAction* action : widget<QMenu>("File").actions())
     if (!action->isSeparator())
       texts.append(action->objectName() + action->text());
-  EXPECT_EQ(texts.join(u' '), u"FSave Kinds_Inf暂无 Kinds_Inf付款单A FExit"_s);
+  EXPECT_EQ(texts.join(u' '), "FSave Kinds_Inf暂无 Kinds_Inf付款单A FExit");
   int clicked = -1;
   form.Kinds.onItemClick = [&](int index) { clicked = index; };
-  face<QMenu>("File").findChildren<QAction*>(u"Kinds_Inf"_s)[1]->trigger();
+  widget<QMenu>("File").findChildren<QAction*>("Kinds_Inf")[1]->trigger();
   EXPECT_EQ(clicked, 1);
+}
+
+TEST_F(FormWindowTest, ADateChangesByTheWheelOnlyWithTheFocusAndByItsCalendar)
+{
+  const QDate day(2022, 6, 8);
+  form.DTPDate.setDate(day);
+  auto& date = widget<QDateEdit>("DTPDate");
+  const auto turnWheel = [&date] {
+    const QPointF at = date.rect().center();
+    QWheelEvent turn(at, date.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&date, &turn);
+  };
+  turnWheel();
+  EXPECT_EQ(form.DTPDate.date(), day);
+  form.setFocus(form.DTPDate);
+  turnWheel();
+  EXPECT_NE(form.DTPDate.date(), day);
+  for (const auto& [key, held] : {std::pair{Qt::Key_F4, Qt::NoModifier}, {Qt::Key_Down, Qt::AltModifier}}) {
+    QTest::keyClick(&date, key, held);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QApplication::activePopupWidget()->close();
+  }
 }

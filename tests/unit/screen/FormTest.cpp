@@ -7,25 +7,23 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-// Two text boxes in a frame, a button behind it, and tool buttons that never hold the focus.
+// Two text boxes in a frame, a button after it, and tool buttons that never hold the focus.
 struct TestForm : Form {
-  explicit TestForm(Desk& ofDesk) : Form(ofDesk, u"frmTest"_s) {}
+  explicit TestForm(Desk& ofDesk) : Form(ofDesk, "frmTest") {}
 
-  ToolButton tool{this, u"ToolSave"_s};
-  Container frame{this, u"FrameProvide"_s};
-  TextBox first{&frame, u"TxtName"_s};
-  Label label{&frame, u"LabName"_s};
-  TextBox second{&frame, u"TxtCode"_s};
-  Button button{this, u"ComOk"_s};
+  ToolButton tool{this, "ToolSave"};
+  Container frame{this, "FrameProvide"};
+  TextBox first{&frame, "TxtName"};
+  Label label{&frame, "LabName"};
+  TextBox second{&frame, "TxtCode"};
+  Button button{this, "ComOk"};
 
-  bool panelStands = false;
+  bool showsPanel = false;
 
 protected:
-  void settleAfterRunTimeError() override { panelStands = false; }
+  void settleAfterRunTimeError() override { showsPanel = false; }
 };
 
 struct FormTest : testing::Test {
@@ -34,38 +32,40 @@ struct FormTest : testing::Test {
 
   FormTest() { desk.show(form); }
 
-  QString focusName() const { return form.focused() ? form.focused()->name() : u"nothing"_s; }
-  [[noreturn]] static void fail() { throw RunTimeError(RunTimeError::Closed, u"对象关闭时，不允许操作"_s); }
+  // The names of the controls to which so many Tabs move the focus.
+  QString tabbed(int times, bool isBack = false)
+  {
+    QStringList names;
+    for (; times > 0; --times) {
+      form.focused() ? form.focused()->press({Key::Tab, {}, isBack}) : form.focusNext();
+      names.append(form.focused()->name());
+    }
+    return names.join(u' ');
+  }
+  // Presses keys by name; a word of one letter is that character.
+  static void press(Control& control, const QString& keys)
+  {
+    static const QHash<QString, Key::Code> Codes{{"Left", Key::Left}, {"Right", Key::Right},    {"Home", Key::Home},
+                                                 {"End", Key::End},   {"Back", Key::Backspace}, {"Del", Key::Delete}};
+    for (const QString& name : keys.split(u' '))
+      control.press(Codes.contains(name) ? Key{Codes[name], {}} : Key::character(name));
+  }
+  [[noreturn]] static void fail() { throw RunTimeError(RunTimeError::Closed, "对象关闭时，不允许操作"); }
 };
 
 } // namespace
 
-TEST_F(FormTest, TabGoesRoundTheControlsInTheirOrder)
+TEST_F(FormTest, TabGoesRoundTheControlsThatCanBeReached)
 {
-  QStringList visited;
-  for (int i = 0; i < 4; ++i) {
-    form.focusNext();
-    visited.append(focusName());
-  }
-  EXPECT_EQ(visited.join(u' '), u"TxtName TxtCode ComOk TxtName"_s);
-  form.first.press({Key::Tab, {}, true});
-  EXPECT_EQ(focusName(), u"ComOk"_s);
-  form.button.press({Key::Tab, {}, false});
-  EXPECT_EQ(focusName(), u"TxtName"_s);
-}
-
-TEST_F(FormTest, TabPassesOverWhatCannotBeReached)
-{
-  form.setFocus(form.first);
+  EXPECT_EQ(tabbed(4), "TxtName TxtCode ComOk TxtName");
+  EXPECT_EQ(tabbed(1, true), "ComOk");
   form.second.setTabStop(false);
-  form.focusNext();
-  EXPECT_EQ(focusName(), u"ComOk"_s);
+  EXPECT_EQ(tabbed(2), "TxtName ComOk");
   form.frame.setEnabled(false);
-  form.focusNext();
-  EXPECT_EQ(focusName(), u"ComOk"_s) << "nothing else is left";
+  EXPECT_EQ(tabbed(1), "ComOk") << "nothing else is left";
   form.setFocus(form.first);
   form.setFocus(form.tool);
-  EXPECT_EQ(focusName(), u"ComOk"_s);
+  EXPECT_EQ(form.focused(), &form.button);
 }
 
 TEST_F(FormTest, WhatIsDisabledOrHiddenCannotBePressed)
@@ -82,50 +82,93 @@ TEST_F(FormTest, WhatIsDisabledOrHiddenCannotBePressed)
   form.setFocus(form.first);
   form.tool.click();
   EXPECT_EQ(clicks, 1);
-  EXPECT_EQ(focusName(), u"TxtName"_s) << "a toolbar leaves the focus where it is";
-  form.button.click();
-  EXPECT_EQ(focusName(), u"ComOk"_s);
+  EXPECT_EQ(form.focused(), &form.first) << "a toolbar leaves the focus where it is";
 }
 
 TEST_F(FormTest, ARunTimeErrorEndsTheHandlerAndNothingElse)
 {
-  form.first.onKey = [&](const Key& key) {
-    if (key.code != Key::Enter)
-      return false;
+  form.second.onChange = [this] {
     desk.setBusy(true);
-    form.panelStands = true;
+    form.showsPanel = true;
     fail();
   };
-  form.setFocus(form.first);
-  for (const QString& character : {u"O"_s, u"'"_s})
-    form.first.press(Key::character(character));
-  form.first.press({Key::Enter, {}, false});
-  ASSERT_EQ(desk.boxes.size(), 1);
-  EXPECT_EQ(desk.boxes[0].text, u"运行时错误 3704：\r\n对象关闭时，不允许操作"_s);
-  EXPECT_EQ(desk.boxes[0].icon, Desk::Icon::Stop);
-  EXPECT_FALSE(desk.busy);
-  EXPECT_FALSE(form.panelStands);
-  form.first.press(Key::character(u"x"_s));
-  EXPECT_EQ(form.first.text(), u"O'x"_s) << "the screen lives on";
-}
-
-TEST_F(FormTest, AnEventInsideAnotherEndsBothAndShowsOneBox)
-{
   bool reached = false;
-  form.second.onChange = [] { fail(); };
   form.tool.onClick = [&] {
-    form.second.setText(u"changed"_s);
+    form.second.setText("changed");
     reached = true;
   };
+  form.setFocus(form.first);
+  press(form.first, "O '");
   form.tool.click();
-  EXPECT_FALSE(reached);
-  EXPECT_EQ(desk.boxes.size(), 1);
+  EXPECT_EQ(desk.takeTexts(), "运行时错误 3704：\r\n对象关闭时，不允许操作");
+  EXPECT_FALSE(reached || desk.busy || form.showsPanel);
+  press(form.first, "x");
+  EXPECT_EQ(form.first.text(), "O'x") << "the screen lives on";
 }
 
-TEST_F(FormTest, BeforeItIsShownAnErrorBelongsToWhoeverStartsIt)
+TEST_F(FormTest, BeforeItIsShownAnErrorIsTheCallers)
 {
   TestForm hidden(desk);
   hidden.tool.onClick = [] { fail(); };
   EXPECT_THROW(hidden.tool.click(), RunTimeError);
   EXPECT_TRUE(desk.boxes.isEmpty());
+}
+
+TEST_F(FormTest, ATextBoxIsEditedAtItsCaret)
+{
+  const struct {
+    const char* start;
+    const char* keys;
+    const char* expected;
+  } rows[] = {
+      {"12", "Left 3", "132"},
+      {"12", "Home 3 4", "3412"},
+      {"12", "Home Del", "2"},
+      {"12", "Back Back Back", ""},
+      {"12", "Home Left Right Right Right 3", "123"},
+      {"1😀", "Back", "1"},
+      {"1😀2", "Home Right Del", "12"},
+      {"1😀2", "Left Left 3", "13😀2"},
+  };
+  for (const auto& [start, keys, expected] : rows) {
+    form.first.setText(start);
+    form.first.moveCaretToEnd();
+    press(form.first, keys);
+    EXPECT_EQ(form.first.text(), expected) << start << ": " << keys;
+  }
+}
+
+TEST_F(FormTest, ATextReportsItsChangeOnlyIfItDiffers)
+{
+  int changes = 0;
+  form.first.onChange = [&] { ++changes; };
+  form.first.setText("a");
+  form.first.setText("a");
+  press(form.first, "Left Right Home End b");
+  form.first.typed("ab");
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(FormTest, ListsAreChosenFromByItemAndKey)
+{
+  ComboBox combo(&form, "TxtMoneyName");
+  combo.setItems({"人民币", "美元"});
+  EXPECT_TRUE(combo.choose("美元"));
+  press(combo, "x");
+  EXPECT_EQ(combo.text(), "美元") << "not editable";
+  combo.setEditable(true);
+  press(combo, "x");
+  EXPECT_EQ(combo.text(), "美元x");
+  EXPECT_EQ(combo.index(), -1);
+
+  ListBox list(&form, "ListMSHHead");
+  list.setItems({"a", "b", "c"});
+  press(list, "End");
+  EXPECT_EQ(list.index(), 2);
+  list.press({Key::Down, {}});
+  list.select(3);
+  list.select(-1);
+  EXPECT_EQ(list.index(), 2);
+  press(list, "Home");
+  EXPECT_EQ(list.index(), 0);
 }

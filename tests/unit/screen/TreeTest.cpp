@@ -42,10 +42,10 @@ struct TreeTest : testing::Test {
 TEST_F(TreeTest, ArrowsWalkOverWhatIsOpenAndClickWhatTheyReach)
 {
   using enum Key::Code;
-  EXPECT_EQ(press({Enter, Down, Down}), "1 2") << "the first key takes hold, a closed branch is passed over";
+  EXPECT_EQ(press({Enter, Down, Down}), "1 2") << "the first key selects, a closed branch is skipped";
   EXPECT_EQ(press({Down, Up, Right, Right, Right, Down, End, Home}), "1 51 512 2 1");
   EXPECT_EQ(press({Left, Right, Down, Enter}), "51 51 51!") << "left and right close and open, Enter takes what is marked";
-  EXPECT_EQ(press({Down, Left, Left}), "512 51") << "left in a leaf leads to its parent, and there closes";
+  EXPECT_EQ(press({Down, Left, Left}), "512 51") << "left in a leaf goes to its parent, and there closes";
   EXPECT_FALSE(tree.isExpanded("51"));
 }
 
