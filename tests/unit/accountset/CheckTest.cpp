@@ -12,17 +12,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-// Every way in which the sample firm can be brought out of order, with a word of what is then said.
-struct Disorder {
-  const char* sql;
-  const char* said;
-};
-
-constexpr Disorder Disorders[] = {
+// Every way in which the sample firm can be brought out of order, and words of what is then reported.
+constexpr std::pair<const char*, const char*> Disorders[] = {
     {"update TabPayfundBill set SumMoney=SumMoney+0.01 where Code=(select max(Code) from TabPayfundBill)",
      "TabPayfundBill: 单据金额与明细合计不符"},
     {"update TabFeeInf set State='作废' where Code=(select min(Code) from TabFeeInf)", "TabFee: 单据状态与明细状态不符"},
@@ -80,21 +73,21 @@ constexpr const char* Sound[] = {
     "insert into TabSFKHeXiao(InOutBillCode,SFKBillCode,HXMoney) values('XSD9',(select min(Code) from TabSustain),1234567.89)",
 };
 
-QString said(const AccountSetLocation& location)
+QString findings(const AccountSetLocation& location)
 {
   QStringList all;
   const auto checked =
-      Check::run(location, [&all](const Check::Finding& finding) { all.append(finding.what + u": "_s + finding.rows.join(u", "_s)); });
+      Check::run(location, [&all](const Check::Finding& finding) { all.append(finding.what + ": " + finding.rows.join(", ")); });
   return checked ? all.join(u'\n') : checked.error();
 }
 
 // The sample firm once more, with these statements run on it.
 AccountSetLocation sampleAfter(const QTemporaryDir& folder, const char* statements)
 {
-  const AccountSetLocation file{folder.filePath(u"after.mdb"_s), {}};
+  const AccountSetLocation file{folder.filePath("after.mdb"), {}};
   QFile::remove(file.file);
-  EXPECT_TRUE(QFile::copy(folder.filePath(u"set.mdb"_s), file.file));
-  RawDatabase(file.file).run(QString::fromUtf8(statements));
+  EXPECT_TRUE(QFile::copy(folder.filePath("set.mdb"), file.file));
+  RawDatabase(file.file).run(statements);
   return file;
 }
 
@@ -103,24 +96,24 @@ AccountSetLocation sampleAfter(const QTemporaryDir& folder, const char* statemen
 TEST(Check, ASoundAccountSetAddsUpAndEveryDisorderIsNamedOnBothEngines)
 {
   const QTemporaryDir folder;
-  const AccountSetLocation file{folder.filePath(u"set.mdb"_s), {}};
+  const AccountSetLocation file{folder.filePath("set.mdb"), {}};
   ASSERT_TRUE(AccountSet::create(file.file, SampleFirm::write));
-  EXPECT_EQ(said(file), u""_s);
+  EXPECT_EQ(findings(file), "");
   for (const char* statements : Sound)
-    EXPECT_EQ(said(sampleAfter(folder, statements)), u""_s) << statements;
+    EXPECT_EQ(findings(sampleAfter(folder, statements)), "") << statements;
   for (const auto& [sql, expected] : Disorders)
-    EXPECT_TRUE(said(sampleAfter(folder, sql)).contains(QString::fromUtf8(expected))) << expected;
+    EXPECT_TRUE(findings(sampleAfter(folder, sql)).contains(expected)) << expected;
   if (!TestServer::administrator())
     return;
   const auto store = *Store::open(file);
-  for (const Disorder& disorder : Disorders)
-    ASSERT_TRUE(store->run(QString::fromUtf8(disorder.sql))) << disorder.sql;
-  const TestServer::Database server(u"check_test"_s);
+  for (const auto& [sql, expected] : Disorders)
+    ASSERT_TRUE(store->run(sql)) << sql;
+  const TestServer::Database server("check_test");
   ASSERT_TRUE(Copy::rows(*store, **Store::open(server.administrator)));
-  EXPECT_EQ(said(server.clerk), said(file));
+  EXPECT_EQ(findings(server.clerk), findings(file));
 }
 
-TEST(Check, WhatIsNoAccountSetIsSaidSo)
+TEST(Check, AFileThatIsNotAnAccountSetIsReported)
 {
-  EXPECT_NE(said({u"/dev/null"_s, {}}), u""_s);
+  EXPECT_NE(findings({"/dev/null", {}}), "");
 }

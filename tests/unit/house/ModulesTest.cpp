@@ -1,83 +1,86 @@
-#include "house/SourceTree.h"
-
 #include "support/Printing.h"
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QDirIterator>
 #include <QMap>
 #include <QRegularExpression>
-#include <QSet>
 
-using namespace Qt::StringLiterals;
+// The rules of the sources that no compiler checks.
 
 namespace {
 
-// Modules in their order, and what each includes, sorted.
-using Modules = QList<std::pair<QString, QString>>;
+using Names = QMap<QString, QStringList>; // by module, each list sorted
 
-// From the lines "module(name USES a b LIBRARIES x)".
-Modules declaredIn(const QString& cmake)
+QString contentOf(const QString& path)
 {
-  static const QRegularExpression Line(u"^module\\((\\w+)(?: USES ([\\w ]+?))?(?: LIBRARIES.*)?\\)$"_s,
-                                       QRegularExpression::MultilineOption);
-  Modules modules;
-  for (auto match = Line.globalMatch(cmake); match.hasNext();) {
-    const QRegularExpressionMatch found = match.next();
-    QStringList used = found.captured(2).split(u' ', Qt::SkipEmptyParts);
-    used.sort();
-    modules.append({found.captured(1), used.join(u' ')});
-  }
-  return modules;
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  return QString::fromUtf8(file.readAll());
 }
 
-QMap<QString, QString> includedBy(const QList<SourceTree::File>& files)
+QStringList filesIn(const QString& folder, const QStringList& patterns)
 {
-  QMap<QString, QSet<QString>> sets;
-  for (const SourceTree::File& file : files) {
-    // The main program ties all modules together.
-    if (!file.isUnder(u"src"_s) || file.isUnder(u"src/program"_s) || !(file.isHeader() || file.isSource()))
-      continue;
-    const QString module = file.path.section(u'/', 1, 1);
-    sets[module];
-    for (const QString& include : SourceTree::includes(file))
-      if (include.contains(u'/') && include.section(u'/', 0, 0) != module)
-        sets[module].insert(include.section(u'/', 0, 0));
-  }
-  QMap<QString, QString> included;
-  for (auto set = sets.cbegin(); set != sets.cend(); ++set) {
-    QStringList names = set.value().values();
-    names.sort();
-    included[set.key()] = names.join(u' ');
-  }
-  return included;
+  QStringList paths;
+  for (QDirIterator files(PROJECT_FOLDER + folder, patterns, QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
+    paths.append(files.next());
+  return paths;
+}
+
+// The other modules whose headers a module includes.
+QStringList includedBy(const QString& module)
+{
+  static const QRegularExpression Include("^#include \"(\\w+)/", QRegularExpression::MultilineOption);
+  QStringList modules;
+  for (const QString& path : filesIn("/src/" + module, {"*.h", "*.cpp"}))
+    for (const auto& match : Include.globalMatch(contentOf(path)))
+      modules.append(match.captured(1));
+  modules.removeAll(module);
+  modules.removeDuplicates();
+  modules.sort();
+  return modules;
 }
 
 } // namespace
 
 TEST(Modules, IncludeWhatTheyDeclareAndNothingAboveThem)
 {
-  const QList<SourceTree::File> files = SourceTree::files();
-  Modules declared;
-  for (const SourceTree::File& file : files)
-    if (file.path == u"src/CMakeLists.txt")
-      declared = declaredIn(file.text);
-  QMap<QString, QString> included = includedBy(files);
-  QStringList below;
-  for (const auto& [module, used] : declared) {
-    EXPECT_EQ(included.take(module), used) << shown(module);
-    for (const QString& other : used.split(u' ', Qt::SkipEmptyParts))
-      EXPECT_TRUE(below.contains(other)) << shown(module + u" uses "_s + other);
-    below.append(module);
+  static const QRegularExpression Declaration("^module\\((\\w+)(?: USES ([\\w ]+?))?(?: LIBRARIES.*)?\\)$",
+                                              QRegularExpression::MultilineOption);
+  QStringList declared;
+  for (const auto& match : Declaration.globalMatch(contentOf(PROJECT_FOLDER "/src/CMakeLists.txt"))) {
+    QStringList used = match.captured(2).split(u' ', Qt::SkipEmptyParts);
+    for (const QString& other : used)
+      EXPECT_TRUE(declared.contains(other)) << shown(match.captured(1)) << " uses " << shown(other);
+    used.sort();
+    declared.append(match.captured(1));
+    EXPECT_EQ(includedBy(declared.last()).join(u' '), used.join(u' ')) << shown(declared.last());
   }
-  EXPECT_EQ(QStringList(included.keys()).join(u' '), u""_s) << "not declared";
+  QStringList folders = QDir(PROJECT_FOLDER "/src").entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  folders.removeOne("program"); // wires all of them together
+  declared.sort();
+  EXPECT_EQ(folders.join(u' '), declared.join(u' '));
 }
 
-TEST(Modules, AreReadFromTheirDeclarationsAndIncludes)
+TEST(Sources, HoldNothingThatBelongsElsewhere)
 {
-  EXPECT_EQ(declaredIn(u"module(a)\nmodule(b USES c a)\n# module(x)\nmodule(d USES a LIBRARIES Qt::X)\n"_s),
-            (Modules{{u"a"_s, u""_s}, {u"b"_s, u"a c"_s}, {u"d"_s, u"a"_s}}));
-  const QList<SourceTree::File> files{{u"src/a/A.h"_s, u"#include \"a/B.h\"\n#include <QString>\n"_s},
-                                      {u"src/a/A.cpp"_s, u"#include \"a/A.h\"\n#include \"b/B.h\"\n// #include \"c/C.h\"\n"_s},
-                                      {u"tests/x/X.cpp"_s, u"#include \"d/D.h\"\n"_s}};
-  EXPECT_EQ(includedBy(files), (QMap<QString, QString>{{u"a"_s, u"b"_s}}));
+  const struct {
+    const char* folder;
+    const char* pattern;
+    const char* exceptIn;
+    const char* instead;
+  } bans[] = {
+      {"/src", "QDate::current|Time::current|system_clock::now|\\btime\\((NULL|nullptr|0)\\)", "platform/Machine.cpp",
+       "Machine::now(), which a test can stop"},
+      {"/src", "\\b(cint\\(|convert\\(int|isnull\\()", "session/ModuleADO|/database/", "SqlDialect"},
+      {"/src", "\\bdouble\\b", "^(?!.*/(ledger|vouchers|bills|settlement)/.*[.]h$)", "Currency"},
+      {"/", "(^|[^a-z.])/wo[r]k/|\\bPart [1-9]\\.[0-9]", "/(build|\\.git)/", "a path inside the tree, or the reason itself"},
+  };
+  for (const auto& ban : bans)
+    for (const QString& path : filesIn(ban.folder, {"*.h", "*.cpp", "*.txt", "*.md", "*.op", "*.sh"}))
+      if (!path.contains(QRegularExpression(ban.exceptIn))) {
+        EXPECT_FALSE(contentOf(path).contains(QRegularExpression(ban.pattern, QRegularExpression::MultilineOption)))
+            << shown(path) << ": " << ban.instead;
+      }
 }
