@@ -7,94 +7,87 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
 namespace {
 
 struct MoneyTest : testing::Test, AccountSetFixture {
   // The capitals; `amount` becomes the plain text.
-  QString capital(QString& amount, const QString& kind = u"货币型"_s) { return ModDaXie::CapitalAmountText(desk, amount, kind); }
-  QString capitalOf(QString amount, const QString& kind = u"货币型"_s) { return capital(amount, kind); }
+  QString capital(QString& amount, const QString& kind = "货币型") { return ModDaXie::CapitalAmountText(desk, amount, kind); }
+  QString capitalOf(QString amount, const QString& kind = "货币型") { return capital(amount, kind); }
 };
 
 } // namespace
 
 TEST_F(MoneyTest, ANumberIsShownByItsSetting)
 {
-  struct Row {
-    QString text;
+  const struct {
+    const char* text;
     int decimals;
-    QString shownText;
+    const char* formatted;
+  } rows[] = {
+      {"1234.5", 0, "1,235"},
+      {"-1234.5", 2, "-1,234.50"},
+      {"1234567.891", -1, "1,234,567.89"},
+      {"1234.5", -2, " 1234.5"},
+      {".5", -2, " .5"},
+      {"1234.5", -3, "1234.50"},
+      {".5", 2, "0.50"},
+      {"1.005", 2, "1.01"},
+      {"-0.001", 2, "0.00"},
+      {"12。5", 2, "12.50"},
+      {"￥1,234.5", 2, "1,234.50"},
+      {"", 2, ""},
   };
-  for (const auto& [text, decimals, shownText] : {
-           Row{u"1234.5"_s, 0, u"1,235"_s},
-           Row{u"-1234.5"_s, 2, u"-1,234.50"_s},
-           Row{u"1234567.891"_s, -1, u"1,234,567.89"_s},
-           Row{u"1234.5"_s, -2, u" 1234.5"_s},
-           Row{u".5"_s, -2, u" .5"_s},
-           Row{u"1234.5"_s, -3, u"1234.50"_s},
-           Row{u".5"_s, 2, u"0.50"_s},
-           Row{u"1.005"_s, 2, u"1.01"_s},
-           Row{u"-0.001"_s, 2, u"0.00"_s},
-           Row{u"12。5"_s, 2, u"12.50"_s},
-           Row{u"￥1,234.5"_s, 2, u"1,234.50"_s},
-           Row{u""_s, 2, u""_s},
-       })
-    EXPECT_EQ(FormatDotText(text, decimals), shownText) << shown(text) << ' ' << decimals;
-  EXPECT_EQ(FormatDotText(Value(), 2), u""_s);
-  EXPECT_EQ(FormatDotText(Value(std::int64_t(1234)), 2), u"1,234.00"_s);
-  EXPECT_EQ(FormatDotText(Currency::ofTenThousandths(9223372036854775807), 4), u"922,337,203,685,477.5807"_s) << "no digit is lost";
+  for (const auto& [text, decimals, formatted] : rows)
+    EXPECT_EQ(FormatDotText(QString(text), decimals), formatted) << text << ' ' << decimals;
+  EXPECT_EQ(FormatDotText(Value(), 2), "");
+  EXPECT_EQ(FormatDotText(Value(std::int64_t(1234)), 2), "1,234.00");
+  EXPECT_EQ(FormatDotText(Currency::ofTenThousandths(9223372036854775807), 4), "922,337,203,685,477.5807") << "no digit is lost";
 }
 
 TEST_F(MoneyTest, AShownNumberIsReadBack)
 {
-  EXPECT_EQ(StripMoneyText(u"￥1,234,567.80"_s), u"1234567.80"_s);
-  EXPECT_EQ(StripMoneyText(u"12。5"_s), u"125"_s) << "here it is no point";
-  EXPECT_EQ(MoneyOf(u"￥1,234.5"_s).toText(), u"1234.5"_s);
-  EXPECT_EQ(MoneyOf(u" 7x"_s).toText(), u"7"_s);
+  EXPECT_EQ(StripMoneyText("￥1,234,567.80"), "1234567.80");
+  EXPECT_EQ(StripMoneyText("12。5"), "125") << "not a point here";
+  EXPECT_EQ(MoneyOf("￥1,234.5").toText(), "1234.5");
+  EXPECT_EQ(MoneyOf(" 7x").toText(), "7");
 }
 
 TEST_F(MoneyTest, AnAmountIsSpelledInCapitals)
 {
-  struct Row {
-    QString amount, capital;
+  const std::pair<const char*, const char*> rows[] = {
+      {"0", "零元整"},
+      {"10", "壹拾元整"},
+      {"10000", "壹万元整"},
+      {"1001", "壹仟零壹元整"},
+      {"10010", "壹万零壹拾元整"},
+      {"100001", "壹拾万零壹元整"},
+      {"2003004", "贰佰万叁仟零肆元整"},
+      {"120340056", "壹亿贰仟零叁拾肆万零伍拾陆元整"},
+      {"0.5", "元伍角整"},
+      {"0.05", "元零伍分"},
+      {"12.34", "壹拾贰元叁角肆分"},
+      {"12.345", "壹拾贰元叁角肆分"},
+      {"-5", "负伍元整"},
+      {"999999999999.99", "玖仟玖佰玖拾玖亿玖仟玖佰玖拾玖万玖仟玖佰玖拾玖元玖角玖分"},
+      {"-1000000000000", "负元整"},
+      {"abc", " "},
+      {"", " "},
   };
-  for (const auto& [amount, spelled] : {
-           Row{u"0"_s, u"零元整"_s},
-           Row{u"10"_s, u"壹拾元整"_s},
-           Row{u"10000"_s, u"壹万元整"_s},
-           Row{u"1001"_s, u"壹仟零壹元整"_s},
-           Row{u"10010"_s, u"壹万零壹拾元整"_s},
-           Row{u"100001"_s, u"壹拾万零壹元整"_s},
-           Row{u"2003004"_s, u"贰佰万叁仟零肆元整"_s},
-           Row{u"120340056"_s, u"壹亿贰仟零叁拾肆万零伍拾陆元整"_s},
-           Row{u"0.5"_s, u"元伍角整"_s},
-           Row{u"0.05"_s, u"元零伍分"_s},
-           Row{u"12.34"_s, u"壹拾贰元叁角肆分"_s},
-           Row{u"12.345"_s, u"壹拾贰元叁角肆分"_s},
-           Row{u"-5"_s, u"负伍元整"_s},
-           Row{u"999999999999.99"_s, u"玖仟玖佰玖拾玖亿玖仟玖佰玖拾玖万玖仟玖佰玖拾玖元玖角玖分"_s},
-           Row{u"-1000000000000"_s, u"负元整"_s},
-           Row{u"abc"_s, u" "_s},
-           Row{u""_s, u" "_s},
-       })
-    EXPECT_EQ(capitalOf(amount), spelled) << shown(amount);
-  EXPECT_EQ(desk.takeTexts(), u""_s);
-  EXPECT_EQ(capitalOf(u"1000000000000"_s), u""_s);
-  EXPECT_EQ(desk.takeTexts(), u"数字太大，无法换算，请输入一万亿元以下的金额！"_s);
+  for (const auto& [amount, spelled] : rows)
+    EXPECT_EQ(capitalOf(amount), spelled) << amount;
+  EXPECT_EQ(desk.takeTexts(), "");
+  EXPECT_EQ(capitalOf("1000000000000"), "");
+  EXPECT_EQ(desk.takeTexts(), "数字太大，无法换算，请输入一万亿元以下的金额！");
 }
 
-TEST_F(MoneyTest, OtherKindsSpellTheWholePart)
+TEST_F(MoneyTest, OtherKindsSpellTheWholePartAndTheAmountBecomesItsPlainText)
 {
-  EXPECT_EQ(capitalOf(u"1001"_s, u"数字型"_s), u"壹仟零壹"_s);
-  EXPECT_EQ(capitalOf(u"12.5"_s, u"数字型"_s), u"壹拾贰元伍"_s);
-  EXPECT_EQ(capitalOf(u"12.34"_s, u"数字型"_s), u"壹拾贰元"_s);
-}
-
-TEST_F(MoneyTest, TheAmountBecomesItsPlainText)
-{
-  for (const auto& [given, left] : {std::pair{u"-12.50"_s, u"12.5"_s}, {u" 0.5 "_s, u".5"_s}, {u"abc"_s, u"abc"_s}}) {
+  EXPECT_EQ(capitalOf("1001", "数字型"), "壹仟零壹");
+  EXPECT_EQ(capitalOf("12.5", "数字型"), "壹拾贰元伍");
+  EXPECT_EQ(capitalOf("12.34", "数字型"), "壹拾贰元");
+  for (const auto& [given, left] : {std::pair{"-12.50", "12.5"}, {" 0.5 ", ".5"}, {"abc", "abc"}}) {
     QString amount = given;
     capital(amount);
     EXPECT_EQ(amount, left);

@@ -6,8 +6,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct MachineTest : testing::Test {
@@ -16,7 +14,7 @@ struct MachineTest : testing::Test {
 
   QString program(const QByteArray& content, QFile::Permissions permissions)
   {
-    const QString path = folder.filePath(u"程序 1.exe"_s);
+    const QString path = folder.filePath("程序 1.exe");
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.setPermissions(permissions));
     return path;
@@ -29,14 +27,14 @@ constexpr QFile::Permissions Runnable = QFile::ReadOwner | QFile::WriteOwner | Q
 
 TEST_F(MachineTest, AStartedProgramIsNotWaitedFor)
 {
-  const QString running = folder.filePath(u"running"_s);
+  const QString running = folder.filePath("running");
   EXPECT_TRUE(machine.startProgram(program("#!/bin/sh\n: >\"${0%/*}/running\"; sleep 1; rm -f \"${0%/*}/running\"\n", Runnable)));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(running); })) << "neither started nor still at work";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(running); })) << "not started, or waited for";
 }
 
 TEST_F(MachineTest, WhatCannotRunIsNotStarted)
 {
-  EXPECT_FALSE(machine.startProgram(folder.filePath(u"没有.exe"_s)));
+  EXPECT_FALSE(machine.startProgram(folder.filePath("没有.exe")));
   EXPECT_FALSE(machine.startProgram(folder.path()));
   EXPECT_FALSE(machine.startProgram(program("#!/bin/sh\n", QFile::ReadOwner | QFile::WriteOwner)));
   EXPECT_FALSE(machine.startProgram(program("#!/no/such/shell\n", Runnable)));

@@ -24,7 +24,7 @@ struct MatchingTest : testing::Test, AccountSetFixture {
   }
 };
 
-// Lines are counted in sixteen bits: the next one ends the fill where it is, and the operator is told.
+// Lines are counted in sixteen bits: the next one ends the filling where it is, with an error box.
 TEST_F(MatchingTest, AListThatIsTooLongStopsWithAnOverflow)
 {
   listLines(32767);

@@ -23,7 +23,7 @@ struct WriteOffTest : testing::Test, AccountSetFixture {
                  .arg(sum));
   }
 
-  // Opens the bench on a receipt over this total; `operate` then stands for the operator.
+  // Opens the write-off of a receipt with this total; `operate` acts as the user.
   void open(const QString& total, const std::function<void(frmSFKHeXiao&)>& operate)
   {
     bool ran = false;
@@ -37,10 +37,10 @@ struct WriteOffTest : testing::Test, AccountSetFixture {
     EXPECT_TRUE(ran);
   }
 
-  static void allocate(Form& bench, int row, const QString& amount)
+  static void allocate(Form& screen, int row, const QString& amount)
   {
-    bench.find<Grid>("MSH")->clickCell(row, 10);
-    auto* const editor = bench.find<CellEditor>("Text2");
+    screen.find<Grid>("MSH")->clickCell(row, 10);
+    auto* const editor = screen.find<CellEditor>("Text2");
     editor->typed(amount);
     editor->press(Key{Key::Enter, {}});
   }
@@ -51,12 +51,11 @@ struct WriteOffTest : testing::Test, AccountSetFixture {
 // The money bill must be used up to the last digit, and the digits are those of single precision, row by row.
 TEST_F(WriteOffTest, TheCommitComparesInSinglePrecision)
 {
-  struct Row {
+  const struct {
     const char* total;
     QStringList amounts;
     bool isEqual;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"100.00", {"33.3", "33.3", "33.4"}, true},    {"8,600.30", {"1200.1", "7400.2"}, true},
       {"100.00", {"33.3", "33.3", "33.39"}, false},  {"1,234,567.89", {"1234567.9"}, true}, // the same seven digits and a bit
       {"16,777,218", {"16777216", "1", "1"}, false},                                        // one by one, the last two are lost
@@ -64,32 +63,32 @@ TEST_F(WriteOffTest, TheCommitComparesInSinglePrecision)
   };
   for (int number = 1; number <= 3; ++number)
     addGoodsBill(number, "20000000");
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     file.run("delete from TabSFKHeXiao; update TabOutBill set HXMoney=0");
-    open(row.total, [&](frmSFKHeXiao& bench) {
+    open(row.total, [&](frmSFKHeXiao& screen) {
       for (int at = 0; at < row.amounts.size(); ++at)
-        allocate(bench, at + 1, row.amounts[at]);
-      bench.find<ToolButton>("ToolHX")->click();
+        allocate(screen, at + 1, row.amounts[at]);
+      screen.find<ToolButton>("ToolHX")->click();
     });
     EXPECT_EQ(desk.takeTexts(), row.isEqual ? "核销成功！" : "设置的核销金额与收付款单金额不相等，请检查！") << row.total;
     EXPECT_EQ(links().isEmpty(), !row.isEqual) << row.total;
   }
 }
 
-// A commit that breaks half-way leaves what it had written, and the next one mends it.
+// A commit that fails half-way leaves what it had written, and the next one completes it.
 TEST_F(WriteOffTest, ACommitIsRepeatedWithoutDoublingItsLinks)
 {
   addGoodsBill(1, "100");
   addGoodsBill(2, "50");
   file.run("create unique index broken on TabSFKHeXiao(HXDatee)");
-  open("150.00", [this](frmSFKHeXiao& bench) {
-    allocate(bench, 1, "100");
-    allocate(bench, 2, "50");
-    bench.find<ToolButton>("ToolHX")->click();
+  open("150.00", [this](frmSFKHeXiao& screen) {
+    allocate(screen, 1, "100");
+    allocate(screen, 2, "50");
+    screen.find<ToolButton>("ToolHX")->click();
     EXPECT_TRUE(desk.takeTexts().startsWith("Error:"));
     EXPECT_EQ(links(), "XSD1|100");
     file.run("drop index broken");
-    bench.find<ToolButton>("ToolHX")->click();
+    screen.find<ToolButton>("ToolHX")->click();
     EXPECT_EQ(desk.takeTexts(), "核销成功！");
   });
   EXPECT_EQ(links(), "XSD1|100\nXSD2|50");

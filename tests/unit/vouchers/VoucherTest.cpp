@@ -6,69 +6,59 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace Vouchers;
 
 namespace {
 
 struct VoucherTest : testing::Test, VoucherFixture {
-  QString header(const QString& columns) { return file.rows(u"select %1 from TabWarrant order by rowid"_s.arg(columns)); }
+  QString header(const QString& columns) { return file.rows(QString("select %1 from TabWarrant order by rowid").arg(columns)); }
   // Number, membership and affix of each book; then the type and its word.
   QString books()
   {
-    return header(u"WarrantNum1||AccountBook1||AffixNum1||' '||WarrantNum2||AccountBook2||AffixNum2||' '||"
-                  "WarrantNum3||AccountBook3||AffixNum3||' '||Type||' '||ZD"_s);
+    return header("WarrantNum1||AccountBook1||AffixNum1||' '||WarrantNum2||AccountBook2||AffixNum2||' '||"
+                  "WarrantNum3||AccountBook3||AffixNum3||' '||Type||' '||ZD");
   }
-  QString report() { return file.rows(u"select Report from TabPayfundBill"_s); }
-  void settle(const QString& values) { file.run(u"insert or replace into TabJXCAccount values('付款单',%1)"_s.arg(values)); }
+  QString report() { return file.rows("select Report from TabPayfundBill"); }
+  void settle(const QString& values) { file.run(QString("insert or replace into TabJXCAccount values('付款单',%1)").arg(values)); }
   void generate(VoucherBill& bill) { GenerateVoucher(session, bill); }
 };
 
 } // namespace
 
-TEST_F(VoucherTest, TheBooksOfAKindWithoutSettingsAreTheMainOne)
+TEST_F(VoucherTest, TheBooksAndTheTypeFollowTheSettingsOrTheMainBook)
 {
-  for (const auto& [mainBooks, expected] : {
-           std::pair{u""_s, u"111 000 000 记账凭证 记"_s},
-           {u"(1,0),(2,1)"_s, u"001 110 000 记账凭证 记"_s}, // the affix is that of the first book all the same
-           {u"(3,1)"_s, u"001 000 110 记账凭证 记"_s},
-           {u"(4,1)"_s, u"111 000 000 记账凭证 记"_s},
-       }) {
-    file.run(u"delete from TabWarrant; delete from TabWarrantInf; delete from TabAccountantNameSet"_s);
-    if (!mainBooks.isEmpty())
-      file.run(u"insert into TabAccountantNameSet values"_s + mainBooks);
-    generate(payment);
-    EXPECT_EQ(books(), expected) << shown(mainBooks);
-    generate(payment);
-    EXPECT_EQ(books(), expected) << "again: " << shown(mainBooks);
-  }
-}
-
-TEST_F(VoucherTest, TheBooksAndTheTypeFollowTheSettings)
-{
-  file.run(u"insert into TabWarrantTypeSet values('付款凭证','付'),('转账凭证',' ')"_s);
-  struct Row {
-    QString settings, first, second;
+  file.run("insert into TabWarrantTypeSet values('付款凭证','付'),('转账凭证',' ')");
+  const struct {
+    const char* mainBooks;
+    const char* settings;
+    const char* first;
+    const char* second; // after the voucher was written again
+  } rows[] = {
+      {"", "", "111 000 000 记账凭证 记", "111 000 000 记账凭证 记"},
+      {"(1,0),(2,1)", "", "001 110 000 记账凭证 记", "001 110 000 记账凭证 记"}, // the affix is that of the first book all the same
+      {"(3,1)", "", "001 000 110 记账凭证 记", "001 000 110 记账凭证 记"},
+      {"(4,1)", "", "111 000 000 记账凭证 记", "111 000 000 记账凭证 记"},
+      {"", "1,1,0,1,'付款凭证'", "111 000 111 付款凭证 付", "111 000 111 付款凭证 付"},
+      {"", "1,0,1,0,'转账凭证'", "001 111 000 转账凭证 记", "000 111 000 转账凭证 记"}, // the affix follows its book
+      {"", "2,0,0,0,'没有'", "001 000 000 没有 记", "000 000 000 没有 记"},
+      {"", "null,2,null,1,' '", "021 000 111 记账凭证 记", "020 000 111 记账凭证 记"},
   };
-  for (const auto& [settings, first, second] : {
-           Row{u"1,1,0,1,'付款凭证'"_s, u"111 000 111 付款凭证 付"_s, u"111 000 111 付款凭证 付"_s},
-           Row{u"1,0,1,0,'转账凭证'"_s, u"001 111 000 转账凭证 记"_s,
-               u"000 111 000 转账凭证 记"_s}, // rewritten, the affix follows its book
-           Row{u"2,0,0,0,'没有'"_s, u"001 000 000 没有 记"_s, u"000 000 000 没有 记"_s},
-           Row{u"null,2,null,1,' '"_s, u"021 000 111 记账凭证 记"_s, u"020 000 111 记账凭证 记"_s},
-       }) {
-    file.run(u"delete from TabWarrant; delete from TabWarrantInf"_s);
-    settle(settings);
+  for (const auto& row : rows) {
+    file.run("delete from TabWarrant; delete from TabWarrantInf; delete from TabAccountantNameSet");
+    if (*row.mainBooks)
+      file.run(QString("insert into TabAccountantNameSet values") + row.mainBooks);
+    if (*row.settings)
+      settle(row.settings);
     generate(payment);
-    EXPECT_EQ(books(), first) << shown(settings);
+    EXPECT_EQ(books(), row.first) << row.mainBooks << row.settings;
     generate(payment);
-    EXPECT_EQ(books(), second) << "again: " << shown(settings);
+    EXPECT_EQ(books(), row.second) << row.mainBooks << row.settings;
   }
 }
 
 TEST_F(VoucherTest, OfABillOfNothingTheSettingsAreNotAsked)
 {
-  settle(u"0,1,0,0,''"_s);
+  settle("0,1,0,0,''");
   EXPECT_EQ(DecideVoucher(session, payment), VoucherDecision::NotWanted);
   payment.isTotalZero = true;
   EXPECT_EQ(DecideVoucher(session, payment), VoucherDecision::Wanted);
@@ -77,41 +67,34 @@ TEST_F(VoucherTest, OfABillOfNothingTheSettingsAreNotAsked)
 TEST_F(VoucherTest, NothingIsWrittenForNothingButTheMark)
 {
   generate(payment);
-  file.run(u"update TabPayfundBill set Report='',SumMoney=0"_s);
+  file.run("update TabPayfundBill set Report='',SumMoney=0");
   generate(payment);
-  EXPECT_EQ(report(), u"已生成会计凭证"_s);
-  file.run(u"update TabPayfundBill set Report='',SumMoney=7"_s);
-  settle(u"0,1,0,0,''"_s);
+  EXPECT_EQ(report(), "已生成会计凭证");
+  file.run("update TabPayfundBill set Report='',SumMoney=7");
+  settle("0,1,0,0,''");
   generate(payment);
-  EXPECT_EQ(report(), u"已生成会计凭证"_s);
-  EXPECT_EQ(header(u"SumDebtor"_s), u"105"_s) << "the voucher stays as it was";
+  EXPECT_EQ(report(), "已生成会计凭证");
+  EXPECT_EQ(header("SumDebtor"), "105") << "the voucher stays as it was";
 
-  payment.code = u"FKD2"_s;
+  payment.code = "FKD2";
   generate(payment);
-  EXPECT_EQ(desk.takeTexts(), u""_s) << "a bill that is not there";
+  EXPECT_EQ(desk.takeTexts(), "") << "a bill that is not there";
 }
 
 TEST_F(VoucherTest, AClosedPeriodStopsTheVoucherOfItsBills)
 {
-  const QString years = u"insert into TabWriteAccountant values('2009','12','已结账'),('2022','9','已结账'),('2022','12','未审核')"_s;
-  file.run(years + u",('2022','11','已结账')"_s);
-  struct Row {
-    QString date;
-    bool isStopped;
-  };
-  for (const auto& [date, isStopped] :
-       {Row{u"2022-11-30"_s, true}, Row{u"2022-12-01"_s, false}, Row{u"2021-12-31"_s, true}, Row{u"2023-1-1"_s, false}}) {
+  const QString closed =
+      "最后一次会计期末结转为 2022 年 11 月，本凭证录入日期有误！（不应小于最后一次结转会计期），将跳过自动生成会计凭证！";
+  file.run(
+      "insert into TabWriteAccountant values('2009','12','已结账'),('2022','9','已结账'),('2022','12','未审核'),('2022','11','已结账')");
+  for (const auto& [date, isStopped] : {std::pair{"2022-11-30", true}, {"2022-12-01", false}, {"2021-12-31", true}, {"2023-1-1", false}}) {
     for (const bool isAccess : {true, false}) {
       session.params.IsAccessSQL = isAccess;
-      file.run(u"delete from TabWarrant; delete from TabWarrantInf; update TabPayfundBill set Report='',Datee='%1'"_s.arg(date));
+      file.run(QString("delete from TabWarrant; delete from TabWarrantInf; update TabPayfundBill set Report='',Datee='%1'").arg(date));
       generate(payment);
-      EXPECT_EQ(
-          desk.takeTexts(),
-          isStopped
-              ? u"最后一次会计期末结转为 2022 年 11 月，本凭证录入日期有误！（不应小于最后一次结转会计期），将跳过自动生成会计凭证！"_s
-              : u""_s);
-      EXPECT_EQ(header(u"count(*)"_s), isStopped ? u"0"_s : u"1"_s) << shown(date);
-      EXPECT_EQ(report(), isStopped ? u""_s : u"已生成会计凭证"_s);
+      EXPECT_EQ(desk.takeTexts(), isStopped ? closed : "");
+      EXPECT_EQ(header("count(*)"), isStopped ? "0" : "1") << date;
+      EXPECT_EQ(report(), isStopped ? "" : "已生成会计凭证");
     }
   }
 }
@@ -119,14 +102,14 @@ TEST_F(VoucherTest, AClosedPeriodStopsTheVoucherOfItsBills)
 // The guard and the voucher go by the accounting month, the number by the period of the calendar month.
 TEST_F(VoucherTest, TheNumberIsCountedOverTheCalendarMonthsPeriod)
 {
-  file.run(u"insert into TabAccountAreaSet values(5,25),(6,5),(7,25)"_s);
-  file.run(
-      u"insert into TabWarrant(Code,Datee,WarrantNum1,AccountBook1) values('a','2022-05-26',4,1),('b','2022-06-05',5,1),('c','2022-06-06',9,1)"_s);
+  file.run("insert into TabAccountAreaSet values(5,25),(6,5),(7,25)");
+  file.run("insert into TabWarrant(Code,Datee,WarrantNum1,AccountBook1) "
+           "values('a','2022-05-26',4,1),('b','2022-06-05',5,1),('c','2022-06-06',9,1)");
   generate(payment);
-  EXPECT_EQ(file.rows(u"select DateeM,WarrantNum1 from TabWarrant where JXCBillCode='FKD1'"_s), u"7|6"_s);
-  file.run(u"update TabWriteAccountant set State='已结账'"_s);
-  file.run(u"update TabPayfundBill set Report=''"_s);
+  EXPECT_EQ(file.rows("select DateeM,WarrantNum1 from TabWarrant where JXCBillCode='FKD1'"), "7|6");
+  file.run("update TabWriteAccountant set State='已结账'");
+  file.run("update TabPayfundBill set Report=''");
   generate(payment);
-  EXPECT_TRUE(desk.takeTexts().contains(u"2022 年 7 月"_s));
-  EXPECT_EQ(report(), u""_s);
+  EXPECT_TRUE(desk.takeTexts().contains("2022 年 7 月"));
+  EXPECT_EQ(report(), "");
 }

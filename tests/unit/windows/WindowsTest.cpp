@@ -14,17 +14,15 @@
 #include <QAction>
 #include <QSet>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-// Widgets and actions that bear a name (those that begin with a small letter are the window's own).
-QStringList namedFaces(const QWidget& window)
+// Widgets and actions with a name (those that begin with a small letter are the window's own).
+QStringList namedWidgets(const QWidget& window)
 {
   QStringList names;
-  for (const QObject* face : window.findChildren<QObject*>()) {
-    const QString name = face->objectName();
-    if (!name.isEmpty() && name.front().isUpper() && (face->isWidgetType() || qobject_cast<const QAction*>(face)))
+  for (const QObject* widget : window.findChildren<QObject*>()) {
+    const QString name = widget->objectName();
+    if (!name.isEmpty() && name.front().isUpper() && (widget->isWidgetType() || qobject_cast<const QAction*>(widget)))
       names.append(name);
   }
   return names;
@@ -41,10 +39,10 @@ TEST(Windows, EveryControlHasItsWidgetAndEveryNamedWidgetItsControl)
   frmOption_Bill columns(at.session);
   frmExport progress(at.session);
   QList<Form*> forms{&codes, &accounts, &columns, &progress};
-  for (const QString& name : {u"frmPayfund"_s, u"frmGathefund"_s, u"frmBankKeepTake"_s, u"frmFeeElseIncome"_s, u"frmFeeSustain"_s,
-                              u"frmGouDui"_s, u"frmGouDuiTogather"_s, u"frmSFKHeXiao"_s})
+  for (const char* name : {"frmPayfund", "frmGathefund", "frmBankKeepTake", "frmFeeElseIncome", "frmFeeSustain", "frmGouDui",
+                           "frmGouDuiTogather", "frmSFKHeXiao"})
     forms.append(&screens.emplace_back(makeProgramScreen(at.session, name))->form());
-  QSet<QString> faces;
+  QSet<QString> named;
   QSet<QString> controls;
   for (Form* const form : forms) {
     const FormWindow bound(*form, Windows::Designs, nullptr);
@@ -52,9 +50,9 @@ TEST(Windows, EveryControlHasItsWidgetAndEveryNamedWidgetItsControl)
       EXPECT_TRUE(bound.bindingOf(*control)) << shown(form->name()) << " has no widget for " << shown(control->name());
       controls.insert(control->name());
     }
-    for (const QString& name : namedFaces(bound.window()))
-      faces.insert(name);
+    for (const QString& name : namedWidgets(bound.window()))
+      named.insert(name);
   }
   // Forms that share a design need not have every control of it, but one of them has.
-  EXPECT_EQ((faces - controls).values().join(u", "_s), u""_s);
+  EXPECT_EQ((named - controls).values().join(", "), "");
 }
