@@ -1,13 +1,17 @@
 #pragma once
 
 #include "database/DatabaseError.h"
+#include "database/RowSet.h"
 
 #include <QByteArray>
 #include <QDate>
-#include <QString>
+#include <QStringList>
 
 #include <ostream>
 #include <string>
+
+// A row of a value table: what is given, and what is expected.
+using TextRow = std::pair<const char*, const char*>;
 
 // How a failed expectation shows the texts and dates that it compared.
 
@@ -31,7 +35,22 @@ template <typename Value> QString errorOf(const DatabaseResult<Value>& result)
   return result ? QString() : result.error().description;
 }
 
-// For the words behind an expectation.
+// The values of a query's rows, "|" between them and a space between rows; or the error.
+inline QString answerOf(const DatabaseResult<RowSet>& read)
+{
+  if (!read)
+    return "error: " + read.error().description;
+  QStringList rows;
+  for (qint64 row = 0; row < read->rows(); ++row) {
+    QStringList values;
+    for (int i = 0; i < read->names().size(); ++i)
+      values.append(read->value(row, i).isNull() ? "NULL" : read->value(row, i).toText());
+    rows.append(values.join(u'|'));
+  }
+  return rows.join(u' ');
+}
+
+// For the message of an expectation.
 inline std::string shown(QStringView text)
 {
   return text.toString().toStdString();

@@ -3,6 +3,7 @@
 #include "accountset/AccountSetLocation.h"
 #include "accountset/ServerAccountSet.h"
 #include "accountset/Store.h"
+#include "session/SessionParams.h"
 
 #include <optional>
 #include <tuple>
@@ -18,7 +19,7 @@ inline std::optional<AccountSetLocation> administrator(const QString& database =
   return AccountSetLocation::read(QStringLiteral("server://%1/%2").arg(qEnvironmentVariable("ZORVEK_SERVER"), database));
 }
 
-// A database with all tables, gone again with this.
+// A database with all tables, dropped with this object.
 struct Database {
   explicit Database(const QString& name, const AccountSet::Fill& fill = {})
       : administrator(*TestServer::administrator(name)), made(ServerAccountSet::create(administrator, login, fill)), clerk(administrator)
@@ -32,10 +33,22 @@ struct Database {
       std::ignore = (*store)->run("drop database if exists \"" + administrator.server.database + "\" with (force)");
   }
 
+  // The parameters of a session of the program on it.
+  void use(SessionParams& params) const
+  {
+    params.DatabaseType = QStringLiteral("SQL");
+    params.IsAccessSQL = false;
+    params.ConDataName = clerk.server.database;
+    params.ConServerIP = clerk.server.host;
+    params.ConPortNum = clerk.server.port;
+    params.ConDataBaseUID = login.name;
+    params.ConDataBasePWD = QStringLiteral("{p;w}}x y}");
+  }
+
   const ServerAccountSet::Login login{QStringLiteral("clerk"), QStringLiteral("p;w}x y")};
   const AccountSetLocation administrator;
   const tl::expected<void, QString> made;
-  AccountSetLocation clerk; // who the program is
+  AccountSetLocation clerk; // as the program logs in
 };
 
 } // namespace TestServer

@@ -7,13 +7,11 @@
 
 #include <functional>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 Recordset threeCodes()
 {
-  RowSet rows({u"Code"_s, u"Num"_s});
+  RowSet rows({"Code", "Num"});
   for (const char* code : {" a ", "b", "c\n"}) {
     rows.appendText(code, qsizetype(qstrlen(code)));
     rows.appendNull();
@@ -22,14 +20,14 @@ Recordset threeCodes()
 }
 
 // The number of the run-time error that an access raises; 0 if it raises none.
-int numberOf(const std::function<void()>& access)
+int errorOf(const std::function<void()>& access)
 {
   try {
     access();
+    return 0;
   } catch (const RunTimeError& error) {
     return error.number();
   }
-  return 0;
 }
 
 } // namespace
@@ -37,19 +35,19 @@ int numberOf(const std::function<void()>& access)
 TEST(Recordset, OneThatDidNotOpenNeverReadsAsNothing)
 {
   Recordset closed;
-  for (const std::function<void()>& access : std::initializer_list<std::function<void()>>{
-           [&] { closed.eof(); }, [&] { closed.text(u"Code"_s); }, [&] { closed.number(u"Num"_s); }, [&] { closed.recordCount(); },
-           [&] { closed.moveNext(); }, [&] { closed.rows(); }})
-    EXPECT_EQ(numberOf(access), RunTimeError::Closed);
+  const std::function<void()> accesses[] = {[&] { closed.eof(); },         [&] { closed.text("Code"); }, [&] { closed.number("Num"); },
+                                            [&] { closed.recordCount(); }, [&] { closed.moveNext(); },   [&] { closed.rows(); }};
+  for (const auto& access : accesses)
+    EXPECT_EQ(errorOf(access), RunTimeError::Closed);
 }
 
 TEST(Recordset, FieldsAreFoundByNameInAnyCase)
 {
   const Recordset rs = threeCodes();
-  EXPECT_EQ(rs.trimmed(u"CODE"_s), u"a"_s);
-  EXPECT_EQ(rs.text(u"code"_s), u" a "_s);
-  EXPECT_TRUE(rs.field(u"Num"_s).isNull());
-  EXPECT_EQ(numberOf([&] { rs.field(u"Name"_s); }), RunTimeError::NoSuchField);
+  EXPECT_EQ(rs.trimmed("CODE"), "a");
+  EXPECT_EQ(rs.text("code"), " a ");
+  EXPECT_TRUE(rs.field("Num").isNull());
+  EXPECT_EQ(errorOf([&] { rs.field("Name"); }), RunTimeError::NoSuchField);
 }
 
 TEST(Recordset, MovesToItsEnd)
@@ -58,20 +56,20 @@ TEST(Recordset, MovesToItsEnd)
   EXPECT_EQ(rs.recordCount(), 3);
   rs.moveNext();
   rs.moveNext();
-  EXPECT_EQ(rs.trimmed(u"Code"_s), u"c\n"_s) << "only blanks are trimmed";
+  EXPECT_EQ(rs.trimmed("Code"), "c\n") << "only spaces are trimmed";
   rs.moveNext();
   EXPECT_TRUE(rs.eof());
-  EXPECT_EQ(numberOf([&] { rs.field(u"Code"_s); }), RunTimeError::NoCurrentRecord);
+  EXPECT_EQ(errorOf([&] { rs.field("Code"); }), RunTimeError::NoCurrentRecord);
 }
 
 TEST(Value, ReadsAsTextNumberAndWholeNumber)
 {
-  EXPECT_EQ(Value(12.50).toText(), u"12.5"_s);
-  EXPECT_EQ(Value(1e20).toText(), u"100000000000000000000"_s);
-  EXPECT_EQ(Value(std::int64_t(-7)).toText(), u"-7"_s);
-  EXPECT_EQ(Value(u"12abc"_s).toNumber(), 12);
+  EXPECT_EQ(Value(12.50).toText(), "12.5");
+  EXPECT_EQ(Value(1e20).toText(), "100000000000000000000");
+  EXPECT_EQ(Value(std::int64_t(-7)).toText(), "-7");
+  EXPECT_EQ(Value("12abc").toNumber(), 12);
   EXPECT_EQ(Value().toNumber(), 0);
   EXPECT_EQ(Value(2.5).toInteger(), 2);
   EXPECT_EQ(Value(3.5).toInteger(), 4);
-  EXPECT_EQ(Value(u"1e300"_s).toInteger(), 0);
+  EXPECT_EQ(Value("1e300").toInteger(), 0);
 }
