@@ -25,8 +25,8 @@ int below(Random& random, qsizetype end)
   return int(std::uniform_int_distribution<qsizetype>(0, end - 1)(random));
 }
 
-// Bytes changed, a piece written over, cut off, or doubled; the header's first words stay in most, so that
-// the file is opened at all.
+// Bytes changed, a piece overwritten, cut off, or doubled; most keep the start of the header, so that the file is opened
+// at all.
 QByteArray damaged(QByteArray bytes, Random& random)
 {
   const qsizetype from = below(random, 8) == 0 ? 0 : 16;
@@ -42,7 +42,7 @@ QByteArray damaged(QByteArray bytes, Random& random)
   return bytes;
 }
 
-// What a start, a list and a save ask and write. Whether it fails does not matter, only that it ends.
+// The statements of a start, a list and a save. Whether they fail does not matter, only that they end.
 void work(const QString& path)
 {
   const auto engine = EmbeddedEngine::open(path, std::chrono::milliseconds(50));
@@ -54,10 +54,10 @@ void work(const QString& path)
                           "select sum(Debtor) as D from TabWarrantInf group by AccountantCode", "select * from TabClient order by Name",
                           "insert into TabPayfundBill(Code,Datee) values('FKD999','2022-06-08')",
                           "delete from TabWarrantInf where LineNum=1", "update TabOutBill set HXMoney=1"})
-    std::ignore = (*engine)->execute(QLatin1String(sql));
+    std::ignore = (*engine)->execute(sql);
 }
 
-// In a process of its own, which must come to its end by itself.
+// In a process of its own, which must end by itself.
 QString survives(const QString& path)
 {
   const pid_t child = fork();
@@ -69,8 +69,8 @@ QString survives(const QString& path)
   int status = 0;
   waitpid(child, &status, 0);
   if (WIFSIGNALED(status))
-    return WTERMSIG(status) == SIGALRM ? QStringLiteral("hung") : QStringLiteral("crashed with signal %1").arg(WTERMSIG(status));
-  return WEXITSTATUS(status) == 0 ? QString() : QStringLiteral("ended with status %1").arg(WEXITSTATUS(status));
+    return WTERMSIG(status) == SIGALRM ? "hung" : QString("crashed with signal %1").arg(WTERMSIG(status));
+  return WEXITSTATUS(status) == 0 ? QString() : QString("ended with status %1").arg(WEXITSTATUS(status));
 }
 
 } // namespace
@@ -78,7 +78,7 @@ QString survives(const QString& path)
 void damage(bool isLong, Tally& tally)
 {
   const QTemporaryDir folder;
-  const QString path = folder.filePath(QStringLiteral("set.mdb"));
+  const QString path = folder.filePath("set.mdb");
   QFile file(path);
   if (!AccountSet::create(path, SampleFirm::write) || !file.open(QIODevice::ReadOnly))
     qFatal("no sample");
@@ -91,7 +91,7 @@ void damage(bool isLong, Tally& tally)
     if (!file.open(QIODevice::WriteOnly) || file.write(damaged(whole, random)) < 0)
       qFatal("cannot write");
     file.close();
-    tally.add(QStringLiteral("mutation %1").arg(seed), survives(path));
+    tally.add(QString("mutation %1").arg(seed), survives(path));
   }
   std::printf("damage: %d mutations\n", mutations);
 }

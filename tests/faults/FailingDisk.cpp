@@ -1,103 +1,77 @@
+#include "AccountSetOfTests.h"
 #include "Faults.h"
 #include "FaultyFiles.h"
 #include "PaymentWriter.h"
-#include "accountset/AccountSet.h"
-#include "accountset/Store.h"
-#include "samplefirm/SampleFirm.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QRegularExpression>
 
-#include <algorithm>
 #include <sqlite3.h>
 #include <tuple>
 
 namespace Faults {
 namespace {
 
-const QList<int> Amounts = {100, 200, 300};
+using FaultyFiles::counts;
 
-// A fresh sample firm, and whoever saves payments in it.
-class Scene {
+// A fresh sample firm, and a program that saves payments in it.
+class Firm {
 public:
-  Scene()
-  {
-    QDir(m_folder.path()).mkpath(QStringLiteral("Data"));
-    if (const auto made = AccountSet::create(path(), SampleFirm::write); !made)
-      qFatal("%s", qPrintable(made.error()));
-    m_writer = std::make_unique<PaymentWriter>(m_folder.path(), PaymentWriter::onFile());
-  }
-
-  // Nothing if a payment was saved without a box.
+  // Empty if a payment was saved without a box.
   QString save()
   {
-    const auto outcome = m_writer->save(Amounts);
-    return outcome.isWritten && outcome.boxes.isEmpty() ? QString() : outcome.boxes.join(u" / ") + u'.';
+    const auto outcome = m_writer.save(Amounts);
+    return outcome.isWritten && outcome.boxes.isEmpty() ? QString() : outcome.boxes.join(" / ") + '.';
   }
 
-  // One box for each statement that failed; and behind it, when the disk is well, the same process saves.
+  // There is one box for each statement that failed; and once the disk works again, the same process saves.
   QString saveUnder(const FaultyFiles::Plan& plan)
   {
     FaultyFiles::follow(plan);
-    const QStringList said = m_writer->save(Amounts).boxes;
-    const auto errors = std::count_if(said.begin(), said.end(), [](const QString& text) { return text.startsWith(u"Error:"); });
-    if (FaultyFiles::failures() == 0 || errors == 0)
-      return QStringLiteral("%1 failures were told in %2 boxes").arg(FaultyFiles::failures()).arg(errors);
-    if (errors != FaultyFiles::failedStatements())
-      return QStringLiteral("%1 statements failed, %2 boxes came: %3")
-          .arg(FaultyFiles::failedStatements())
-          .arg(errors)
-          .arg(said.join(u" / "));
-    injected += FaultyFiles::failures();
+    const QStringList boxes = m_writer.save(Amounts).boxes;
+    const auto errors = boxes.filter(QRegularExpression("^Error:")).size();
+    if (errors == 0 || errors != counts().failedStatements)
+      return QString("%1 statements failed, %2 boxes came: %3").arg(counts().failedStatements).arg(errors).arg(boxes.join(" / "));
+    injected += counts().failures;
     FaultyFiles::follow({});
-    removeOrphans();
-    if (const QString again = save(); !again.isEmpty())
-      return QStringLiteral("the next save said: ") + again;
+    // A header that failed leaves its lines, and the next bill draws its number.
+    std::ignore = m_set.openStore()->run("delete from TabPayfundBillInf where BillCode not in (select Code from TabPayfundBill)");
+    if (const QString next = save(); !next.isEmpty())
+      return "the next save reported: " + next;
     return contents();
   }
 
   static inline int injected = 0;
 
 private:
-  QString path() const { return m_folder.filePath(QStringLiteral("Data/A001.mdb")); }
-
-  // A header that failed leaves its lines, and the next bill draws its number.
-  void removeOrphans() const
-  {
-    std::ignore = (*Store::open({path(), {}}))
-                      ->run(QStringLiteral("delete from TabPayfundBillInf where BillCode not in (select Code from TabPayfundBill)"));
-  }
-
   QString contents() const
   {
-    const auto store = *Store::open({path(), {}});
-    const auto value = [&](const char* sql) { return store->run(QLatin1String(sql))->value(0, 0).toText(); };
-    if (const QString whole = value("pragma integrity_check"); whole != u"ok")
-      return whole;
+    const auto store = m_set.openStore();
+    if (const QString found = store->run("pragma integrity_check")->value(0, 0).toText(); found != "ok")
+      return found;
     // The bill that was saved last has the highest code.
-    if (value("select sum(Moneyy) from TabPayfundBillInf where BillCode=(select max(Code) from TabPayfundBill)") != u"600")
-      return QStringLiteral("the bill that was saved behind it is not there");
-    return {};
+    const auto sum = store->run("select sum(Moneyy) from TabPayfundBillInf where BillCode=(select max(Code) from TabPayfundBill)");
+    return sum->value(0, 0).toNumber() == 600 ? "" : "the bill that was saved last is missing";
   }
 
-  QTemporaryDir m_folder;
-  std::unique_ptr<PaymentWriter> m_writer;
+  static inline const QList<int> Amounts = {100, 200, 300};
+  const AccountSetOfTests m_set{false};
+  PaymentWriter m_writer{m_set.folder(), [this] {
+                           SessionParams params = m_set.params();
+                           params.IsJXC = true;
+                           return params;
+                         }()};
 };
 
 // The places at which a save writes or syncs.
 int writesOfASave(Tally& tally)
 {
-  Scene scene;
+  Firm firm;
   FaultyFiles::follow({});
-  if (!scene.save().isEmpty())
+  if (!firm.save().isEmpty())
     qFatal("the payment was not saved");
-  tally.add(QStringLiteral("a save that was acknowledged"), FaultyFiles::unsyncedCommits() == 0
-                                                                ? QString()
-                                                                : QStringLiteral("a power cut could undo %1 of its %2 statements")
-                                                                      .arg(FaultyFiles::unsyncedCommits())
-                                                                      .arg(FaultyFiles::commits()));
-  return FaultyFiles::writes();
+  const QString lost = QString("a power cut could undo %1 of its %2 statements").arg(counts().unsyncedCommits).arg(counts().commits);
+  tally.add("a save that was acknowledged", counts().unsyncedCommits == 0 ? "" : lost);
+  return counts().writes;
 }
 
 } // namespace
@@ -106,11 +80,11 @@ void failingDisk(Tally& tally)
 {
   const int writes = writesOfASave(tally);
   for (int write = 1; write <= writes; ++write) {
-    tally.add(QStringLiteral("I/O error at write %1").arg(write), Scene().saveUnder({.failAtWrite = write, .failure = SQLITE_IOERR_WRITE}));
-    tally.add(QStringLiteral("disk full from write %1").arg(write),
-              Scene().saveUnder({.failAtWrite = write, .failure = SQLITE_FULL, .failsOn = true}));
+    tally.add(QString("I/O error at write %1").arg(write), Firm().saveUnder({.failAtWrite = write, .failure = SQLITE_IOERR_WRITE}));
+    tally.add(QString("disk full from write %1").arg(write),
+              Firm().saveUnder({.failAtWrite = write, .failure = SQLITE_FULL, .failsOn = true}));
   }
-  std::printf("disk: a save writes %d times; %d errors injected\n", writes, Scene::injected);
+  std::printf("disk: a save writes %d times; %d errors injected\n", writes, Firm::injected);
 }
 
 } // namespace Faults

@@ -6,13 +6,13 @@
 // instead of a choice of them.
 namespace Faults {
 
-// The scripts' programs are killed behind their statements and in the middle of their writes.
+// The scripts' programs are killed after their statements and in the middle of their writes.
 void kill(const QString& scripts, bool isLong, Tally& tally);
 // The disk fails, or is full, at a write of a save.
 void failingDisk(Tally& tally);
 // Files with bytes changed, cut off, or put in.
 void damage(bool isLong, Tally& tally);
-// Eight operators save at once, on the file or on the server of the tests.
+// Eight users save at once, on the file or on the server of the tests.
 void operators(bool onServer, bool isLong, Tally& tally);
 // Hostile texts in every field of every screen.
 void injection(bool onServer, bool isLong, Tally& tally);

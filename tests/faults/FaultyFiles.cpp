@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFile>
 
-#include <algorithm>
 #include <csignal>
+#include <new>
 #include <sqlite3.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -12,23 +12,13 @@
 namespace FaultyFiles {
 namespace {
 
-constexpr int MostWrites = 200'000;
-
-// Shared by the processes of a run.
-struct Counts {
-  int commits = 0;
-  int unsyncedCommits = 0;
-  int writes = 0;
-  int failures = 0;
-  int commitsAheadOf[MostWrites + 1] = {};
-  bool isAtRest[MostWrites + 1] = {}; // by the number of the last commit
-};
-
-Counts* counts = nullptr;
+Counts* shared = nullptr;
 Plan plan;
-int statement = 0;       // the number of the one that runs
+int statement = 0;       // the number of the current one
 int failedStatement = 0; // the number of the one that failed last
-int failed = 0;
+sqlite3_vfs* disk = nullptr;
+// Of the disk's files; those of a database and of a journal lock differently, and write alike.
+const sqlite3_io_methods* real = nullptr;
 
 int beginStatement(unsigned, void*, void*, void*)
 {
@@ -41,37 +31,6 @@ int watchStatements(sqlite3* database, char**, const sqlite3_api_routines*)
   return sqlite3_trace_v2(database, SQLITE_TRACE_STMT, beginStatement, nullptr);
 }
 
-void noteFailure()
-{
-  ++counts->failures;
-  failed += statement != failedStatement;
-  failedStatement = statement;
-}
-
-sqlite3_vfs* disk()
-{
-  static sqlite3_vfs* const Disk = sqlite3_vfs_find("unix");
-  return Disk;
-}
-
-struct File {
-  sqlite3_file base;
-  bool isWatched; // of an account set: the file itself or its journal
-
-  // Lies behind this.
-  sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
-};
-
-File* fileOf(sqlite3_file* file)
-{
-  return reinterpret_cast<File*>(file);
-}
-
-sqlite3_file* realOf(sqlite3_file* file)
-{
-  return fileOf(file)->real();
-}
-
 [[noreturn]] void die()
 {
   kill(getpid(), SIGKILL);
@@ -79,85 +38,64 @@ sqlite3_file* realOf(sqlite3_file* file)
     pause();
 }
 
-// The result that the plan wants for the next write; SQLITE_OK if it is to be done.
+// The result that the plan demands of the next write; SQLITE_OK if it is to be done.
 int nextWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset)
 {
-  if (!fileOf(file)->isWatched)
-    return SQLITE_OK;
-  const int number = ++counts->writes;
+  const int number = ++shared->writes;
   if (number <= MostWrites)
-    counts->commitsAheadOf[number] = counts->commits;
+    shared->commitsBefore[number] = shared->commits;
   if (number == plan.killAtWrite) {
     if (bytes)
-      realOf(file)->pMethods->xWrite(realOf(file), bytes, size / 2, offset);
+      real->xWrite(file, bytes, size / 2, offset);
     die();
   }
-  const bool fails = plan.failAtWrite > 0 && (plan.failsOn ? number >= plan.failAtWrite : number == plan.failAtWrite);
-  if (fails)
-    noteFailure();
-  return fails ? plan.failure : SQLITE_OK;
+  if (plan.failAtWrite == 0 || number < plan.failAtWrite || (number > plan.failAtWrite && !plan.failsOn))
+    return SQLITE_OK;
+  ++shared->failures;
+  shared->failedStatements += statement != failedStatement;
+  failedStatement = statement;
+  return plan.failure;
 }
 
 int xWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset)
 {
   const int code = nextWrite(file, bytes, size, offset);
-  return code == SQLITE_OK ? realOf(file)->pMethods->xWrite(realOf(file), bytes, size, offset) : code;
+  return code == SQLITE_OK ? real->xWrite(file, bytes, size, offset) : code;
 }
 
 int xSync(sqlite3_file* file, int flags)
 {
   const int code = nextWrite(file, nullptr, 0, 0);
-  return code == SQLITE_OK ? realOf(file)->pMethods->xSync(realOf(file), flags) : code;
+  return code == SQLITE_OK ? real->xSync(file, flags) : code;
 }
 
-// What is passed on as it comes.
-template <auto Method, typename... Arguments> int passed(sqlite3_file* file, Arguments... arguments)
+// The file of an account set and its journal are watched.
+int xOpen(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int* outFlags)
 {
-  return (realOf(file)->pMethods->*Method)(realOf(file), arguments...);
-}
-
-using Offset = sqlite3_int64;
-const sqlite3_io_methods Methods = {
-    .iVersion = 1,
-    .xClose = passed<&sqlite3_io_methods::xClose>,
-    .xRead = passed<&sqlite3_io_methods::xRead, void*, int, Offset>,
-    .xWrite = xWrite,
-    .xTruncate = passed<&sqlite3_io_methods::xTruncate, Offset>,
-    .xSync = xSync,
-    .xFileSize = passed<&sqlite3_io_methods::xFileSize, Offset*>,
-    .xLock = passed<&sqlite3_io_methods::xLock, int>,
-    .xUnlock = passed<&sqlite3_io_methods::xUnlock, int>,
-    .xCheckReservedLock = passed<&sqlite3_io_methods::xCheckReservedLock, int*>,
-    .xFileControl = passed<&sqlite3_io_methods::xFileControl, int, void*>,
-    .xSectorSize = passed<&sqlite3_io_methods::xSectorSize>,
-    .xDeviceCharacteristics = passed<&sqlite3_io_methods::xDeviceCharacteristics>,
-    .xShmMap = nullptr,
-    .xShmLock = nullptr,
-    .xShmBarrier = nullptr,
-    .xShmUnmap = nullptr,
-    .xFetch = nullptr,
-    .xUnfetch = nullptr,
-};
-
-int xOpen(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags)
-{
-  file->pMethods = nullptr;
-  fileOf(file)->isWatched = (flags & (SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL)) != 0;
-  const int code = disk()->xOpen(disk(), name, realOf(file), flags, outFlags);
-  if (realOf(file)->pMethods)
-    file->pMethods = &Methods;
+  static sqlite3_io_methods database;
+  static sqlite3_io_methods journal;
+  const int code = disk->xOpen(vfs, name, file, flags, outFlags);
+  if (!file->pMethods || (flags & (SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL)) == 0)
+    return code;
+  real = file->pMethods;
+  sqlite3_io_methods& faulty = (flags & SQLITE_OPEN_MAIN_DB) != 0 ? database : journal;
+  faulty = *real;
+  faulty.iVersion = 1; // neither shared memory nor mapped pages
+  faulty.xWrite = xWrite;
+  faulty.xSync = xSync;
+  file->pMethods = &faulty;
   return code;
 }
 
-// A statement is committed when its journal goes.
-int xDelete(sqlite3_vfs*, const char* name, int syncsFolder)
+// A statement is committed when its journal is deleted.
+int xDelete(sqlite3_vfs* vfs, const char* name, int syncsFolder)
 {
-  const int code = disk()->xDelete(disk(), name, syncsFolder);
-  const QString path = QString::fromUtf8(name);
-  if (code != SQLITE_OK || !path.endsWith(u"-journal"))
+  const int code = disk->xDelete(vfs, name, syncsFolder);
+  const QString path = name;
+  if (code != SQLITE_OK || !path.endsWith("-journal"))
     return code;
-  const int number = ++counts->commits;
-  counts->unsyncedCommits += syncsFolder == 0;
+  const int number = ++shared->commits;
+  shared->unsyncedCommits += syncsFolder == 0;
   if (!plan.keepStates.isEmpty())
     QFile::copy(path.chopped(8), QDir(plan.keepStates).filePath(QString::number(number) + ".mdb"));
   if (number == plan.killAtCommit)
@@ -169,13 +107,13 @@ int xDelete(sqlite3_vfs*, const char* name, int syncsFolder)
 
 void install()
 {
-  void* const shared = mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (shared == MAP_FAILED)
+  void* const memory = mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED)
     qFatal("no shared memory");
-  counts = new (shared) Counts;
-  static sqlite3_vfs Faulty = *disk();
+  shared = new (memory) Counts;
+  disk = sqlite3_vfs_find("unix");
+  static sqlite3_vfs Faulty = *disk;
   Faulty.zName = "faulty";
-  Faulty.szOsFile += int(sizeof(File));
   Faulty.xOpen = xOpen;
   Faulty.xDelete = xDelete;
   sqlite3_vfs_register(&Faulty, 1);
@@ -185,49 +123,17 @@ void install()
 void follow(const Plan& next)
 {
   plan = next;
-  counts->commits = counts->unsyncedCommits = counts->writes = counts->failures = 0;
-  std::fill(std::begin(counts->isAtRest), std::end(counts->isAtRest), false);
-  failed = 0;
+  new (shared) Counts;
 }
 
-int commits()
+const Counts& counts()
 {
-  return counts->commits;
-}
-
-int unsyncedCommits()
-{
-  return counts->unsyncedCommits;
+  return *shared;
 }
 
 void noteRest()
 {
-  counts->isAtRest[qMin(counts->commits, MostWrites)] = true;
-}
-
-bool isAtRest(int commit)
-{
-  return counts->isAtRest[qMin(commit, MostWrites)];
-}
-
-int writes()
-{
-  return counts->writes;
-}
-
-int commitsAheadOf(int write)
-{
-  return counts->commitsAheadOf[qMin(write, MostWrites)];
-}
-
-int failures()
-{
-  return counts->failures;
-}
-
-int failedStatements()
-{
-  return failed;
+  shared->isAtRest[qMin(shared->commits, MostWrites)] = true;
 }
 
 } // namespace FaultyFiles

@@ -2,37 +2,38 @@
 
 #include <QString>
 
-// Puts itself between SQLite and the disk: counts what is written to an account set, kills the process at
-// a moment that was named, or has the disk fail. It is for the whole process and is passed on to the
-// processes that are forked from it; the counts are shared with them.
+// Sits between SQLite and the disk: counts what is written to an account set, kills the process at a given moment, or
+// lets the disk fail. It works for this process and for those forked from it, which share the counts.
 namespace FaultyFiles {
 
-// To be called once, ahead of the first database.
+// To be called once, before the first database is opened.
 void install();
 
 struct Plan {
-  int killAtCommit = 0;    // the statement that is the n-th to be committed is the last; 0 for none
-  int killAtWrite = 0;     // the n-th write is done by half
+  int killAtCommit = 0;    // the process is killed after its n-th commit; 0 for none
+  int killAtWrite = 0;     // ... or half-way through its n-th write
   int failAtWrite = 0;     // the n-th write, or sync, fails ...
   int failure = 0;         // ... with this result code of SQLite
-  bool failsOn = false;    // ... and so do all behind it
-  QString keepStates = {}; // a folder for a copy of the file behind each commit: 0.mdb is the first one
+  bool failsOn = false;    // ... and so do all that follow
+  QString keepStates = {}; // a folder for a copy of the file after each commit: 1.mdb is the first one
 };
-// Counts begin anew.
+// The counts start again at zero.
 void follow(const Plan& plan);
 
-int commits();
-// Those of them that a power cut could still undo, because the end of the journal was not synced.
-int unsyncedCommits();
-// Notes that what was begun is done; whether that was noted after the n-th commit and before the next.
+constexpr int MostWrites = 200'000;
+
+struct Counts {
+  int commits = 0;
+  int unsyncedCommits = 0;                // those that a power cut could still undo: the end of the journal was not synced
+  int writes = 0;                         // and syncs
+  int failures = 0;                       // writes and syncs that were made to fail ...
+  int failedStatements = 0;               // ... and the statements that met at least one of them
+  int commitsBefore[MostWrites + 1] = {}; // the n-th write
+  bool isAtRest[MostWrites + 1] = {};     // whether noteRest was called between the n-th commit and the next
+};
+const Counts& counts();
+
+// Notes that the user's action is complete.
 void noteRest();
-bool isAtRest(int commit);
-int writes();
-// How many commits were done ahead of the n-th write.
-int commitsAheadOf(int write);
-// Writes and syncs that were failed.
-int failures();
-// Statements of this process that met at least one of them.
-int failedStatements();
 
 } // namespace FaultyFiles

@@ -1,10 +1,12 @@
-#include "Content.h"
 #include "Faults.h"
 #include "FaultyFiles.h"
 #include "ScriptProcess.h"
 #include "accountset/Check.h"
+#include "accountset/Schema.h"
+#include "accountset/Store.h"
 #include "database/EmbeddedEngine.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -19,8 +21,31 @@ constexpr const char* Scripts[] = {"bills/payment-life",        "bills/receipt-l
                                    "bills/expense-life",        "bills/other-income-life", "bills/fee-offset-customer",
                                    "bills/fee-offset-supplier", "settlement/write-off",    "settlement/write-off-payment"};
 
-// What a death leaves in the midst of an action, and how much of it the check names. At rest it may name what
-// the script has brought out of order itself.
+// A digest of all rows of all tables of an account set's file; an error if the file cannot be read or is damaged.
+tl::expected<QByteArray, QString> digest(const QString& path)
+{
+  const auto store = Store::open({path, {}});
+  if (!store)
+    return tl::unexpected(store.error());
+  const auto whole = (*store)->run("pragma integrity_check");
+  if (!whole || whole->value(0, 0).toText() != "ok")
+    return tl::unexpected(whole ? whole->value(0, 0).toText() : whole.error());
+  QCryptographicHash hash(QCryptographicHash::Md5);
+  for (const Schema::Table& table : Schema::allTables()) {
+    hash.addData(table.name);
+    // A script may have dropped a table.
+    const auto rows = (*store)->run(QString("select * from %1 order by rowid").arg(table.name));
+    for (qint64 row = 0; rows && row < rows->rows(); ++row)
+      for (int column = 0; column < rows->names().size(); ++column) {
+        const Value value = rows->value(row, column);
+        hash.addData((value.isNull() ? 'N' : 'V') + value.toText().toUtf8() + '\0');
+      }
+  }
+  return hash.result();
+}
+
+// What a death leaves in the middle of an action, and how much of it the check names. At rest it may name what
+// the script itself has brought out of order.
 struct HalfStates {
   int all = 0;
   int named = 0;
@@ -31,22 +56,17 @@ struct HalfStates {
 // One script, played to its end once and then killed at many places.
 class Killing {
 public:
-  Killing(const QString& scripts, const char* name) : m_scripts(scripts), m_name(QLatin1String(name)) {}
+  Killing(const QString& scripts, const char* name) : m_scripts(scripts), m_name(name) {}
 
-  // What stands behind each commit, from a run that nothing happens to. Empty if it worked.
+  // Keeps the state after each commit of an undisturbed run. Empty if it worked.
   QString playToTheEnd()
   {
     QDir().mkpath(states());
     FaultyFiles::follow({.keepStates = states()});
     const ScriptProcess::Result result = play();
-    m_commits = FaultyFiles::commits();
-    m_writes = FaultyFiles::writes();
-    for (int i = 1; i <= m_writes; ++i)
-      m_commitsAheadOf.append(FaultyFiles::commitsAheadOf(i));
-    for (int i = 1; i <= m_commits; ++i) {
-      m_states.append(Content::digest(state(i)).value_or(QByteArray()));
-      m_isAtRest.append(FaultyFiles::isAtRest(i));
-    }
+    m_counts = FaultyFiles::counts();
+    for (int i = 1; i <= commits(); ++i)
+      m_states.append(digest(state(i)).value_or(QByteArray()));
     return result.outcome == ScriptProcess::Outcome::Passed ? QString() : result.reason;
   }
 
@@ -54,20 +74,21 @@ public:
   void checkHalfStates(HalfStates& sum) const
   {
     QStringList before;
-    for (int commit = 1; commit <= m_commits; ++commit) {
+    for (int commit = 1; commit <= commits(); ++commit) {
       const QStringList found = findings(state(commit));
-      const bool isNamed = std::any_of(found.begin(), found.end(), [&](const QString& finding) { return !before.contains(finding); });
-      (m_isAtRest[commit - 1] ? sum.atRest : sum.all) += 1;
-      (m_isAtRest[commit - 1] ? sum.namedAtRest : sum.named) += isNamed;
-      if (m_isAtRest[commit - 1])
+      const bool isAtRest = m_counts.isAtRest[commit];
+      (isAtRest ? sum.atRest : sum.all) += 1;
+      (isAtRest ? sum.namedAtRest : sum.named) +=
+          std::any_of(found.begin(), found.end(), [&](const QString& finding) { return !before.contains(finding); });
+      if (isAtRest)
         before = found;
     }
   }
 
-  int commits() const { return m_commits; }
-  int writes() const { return m_writes; }
+  int commits() const { return m_counts.commits; }
+  int writes() const { return m_counts.writes; }
 
-  QString killBehind(int commit)
+  QString killAfter(int commit)
   {
     FaultyFiles::follow({.killAtCommit = commit});
     return survives({m_states[commit - 1]});
@@ -76,8 +97,8 @@ public:
   // The statement that was under way is there as a whole or not at all.
   QString killWithin(int write)
   {
-    const int done = m_commitsAheadOf[write - 1];
-    if (done == 0 || done >= m_commits)
+    const int done = m_counts.commitsBefore[write];
+    if (done == 0 || done >= commits())
       return {};
     FaultyFiles::follow({.killAtWrite = write});
     return survives({m_states[done - 1], m_states[done]});
@@ -94,10 +115,10 @@ private:
     return checked ? lines : QStringList(checked.error());
   }
 
-  QString states() const { return m_folder.filePath(QStringLiteral("states")); }
+  QString states() const { return m_folder.filePath("states"); }
   QString state(int commit) const { return states() + u'/' + QString::number(commit) + ".mdb"; }
-  QString program() const { return m_folder.filePath(QStringLiteral("program")); }
-  QString accountSet() const { return program() + QStringLiteral("/Data/A001.mdb"); }
+  QString program() const { return m_folder.filePath("program"); }
+  QString accountSet() const { return program() + "/Data/A001.mdb"; }
 
   ScriptProcess::Result play()
   {
@@ -111,18 +132,18 @@ private:
   QString survives(const QList<QByteArray>& allowed)
   {
     const ScriptProcess::Result killed = play();
-    if (!killed.reason.contains(QStringLiteral("Killed")))
-      return QStringLiteral("was not killed: ") + killed.reason;
+    if (!killed.reason.contains("Killed"))
+      return "was not killed: " + killed.reason;
     FaultyFiles::follow({});
-    // The program's own way of opening mends what was left half done.
+    // Opening it as the program does completes or undoes what was left half done.
     const auto engine = EmbeddedEngine::open(accountSet());
-    if (!engine || !(*engine)->execute(QStringLiteral("select count(*) from TabDotSet")))
-      return QStringLiteral("does not open");
-    const auto found = Content::digest(accountSet());
+    if (!engine || !(*engine)->execute("select count(*) from TabDotSet"))
+      return "does not open";
+    const auto found = digest(accountSet());
     if (!found)
       return found.error();
     if (!allowed.contains(*found))
-      return QStringLiteral("the rows are not those that were committed");
+      return "the rows are not those that were committed";
     return nextStart();
   }
 
@@ -130,17 +151,14 @@ private:
   {
     const ScriptProcess::Result started = ScriptProcess::play(
         {.script = QStringLiteral(FAULTS_FOLDER "/next-start.op"), .programFolder = program(), .shelf = m_folder.path()});
-    return started.outcome == ScriptProcess::Outcome::Passed ? QString() : QStringLiteral("next start: ") + started.reason;
+    return started.outcome == ScriptProcess::Outcome::Passed ? QString() : "next start: " + started.reason;
   }
 
   QString m_scripts;
   QString m_name;
   QTemporaryDir m_folder;
-  int m_commits = 0;
-  int m_writes = 0;
-  QList<int> m_commitsAheadOf;
+  FaultyFiles::Counts m_counts;
   QList<QByteArray> m_states;
-  QList<bool> m_isAtRest;
 };
 
 } // namespace
@@ -152,19 +170,19 @@ void kill(const QString& scripts, bool isLong, Tally& tally)
   for (const char* name : Scripts) {
     Killing killing(scripts, name);
     if (const QString reason = killing.playToTheEnd(); !reason.isEmpty()) {
-      tally.add(QLatin1String(name), reason);
+      tally.add(name, reason);
       continue;
     }
     killing.checkHalfStates(half);
     for (int commit = 1; commit <= killing.commits(); ++commit, ++deaths)
-      tally.add(QStringLiteral("%1 killed behind commit %2").arg(QLatin1String(name)).arg(commit), killing.killBehind(commit));
+      tally.add(QString("%1 killed after commit %2").arg(name).arg(commit), killing.killAfter(commit));
     const int step = isLong ? 1 : std::max(1, killing.writes() / 12);
     for (int write = step; write <= killing.writes(); write += step, ++deaths)
-      tally.add(QStringLiteral("%1 killed within write %2").arg(QLatin1String(name)).arg(write), killing.killWithin(write));
+      tally.add(QString("%1 killed within write %2").arg(name).arg(write), killing.killWithin(write));
   }
-  // The rest are harmless or look like sound ones: the first bill of its kind that waits for its voucher.
-  tally.add(QStringLiteral("the check of half states"),
-            half.named * 10 >= half.all * 9 ? QString() : QStringLiteral("names %1 of %2").arg(half.named).arg(half.all));
+  // The others are harmless, or look like sound ones: the first bill of its kind before its voucher is made.
+  tally.add("the check of half states",
+            half.named * 10 >= half.all * 9 ? QString() : QString("names %1 of %2").arg(half.named).arg(half.all));
   std::printf("kill: %d deaths; of %d states half done the check names %d, of %d states at rest %d\n", deaths, half.all, half.named,
               half.atRest, half.namedAtRest);
 }

@@ -8,11 +8,8 @@
 // Writes payments as their screen does: draws a number, saves the bill, makes its voucher.
 class PaymentWriter {
 public:
-  // The account set is the sample firm of `params`, below `folder` if it is a file.
-  PaymentWriter(const QString& folder, const SessionParams& params);
-
-  // The parameters of a session on the file A001.mdb, without vouchers.
-  static SessionParams onFile();
+  // The account set is the sample firm of `params`, below `folder` if it is a file. Without vouchers if `params` has IsJXC.
+  PaymentWriter(const QString& folder, const SessionParams& params) : m_machine(folder) { m_session.params = params; }
 
   struct Outcome {
     bool isWritten = false; // false: the number was taken, or an error ended the save

@@ -14,11 +14,11 @@ public:
       return;
     }
     ++m_failed;
-    if (m_failed <= MostTold)
+    if (m_failed <= MostShown)
       std::printf("FAILED %s: %s\n", what.toUtf8().constData(), reason.toUtf8().constData());
   }
 
-  // Prints the sum, and gives the exit status.
+  // Prints the sum, and returns the exit status.
   int close() const
   {
     std::printf("%d passed, %d failed\n", m_passed, m_failed);
@@ -26,7 +26,7 @@ public:
   }
 
 private:
-  static constexpr int MostTold = 20;
+  static constexpr int MostShown = 20;
   int m_passed = 0;
   int m_failed = 0;
 };

@@ -2,15 +2,12 @@
 
 #include "platform/RunTimeError.h"
 #include "printing/frmExport.h"
-#include "screen/Grid.h"
 
 #include <csignal>
 
 namespace {
 
 struct ExportTest : OfficeFixture {
-  Form form{desk, "frmSFKHeXiao"};
-  Grid grid{&form, "MSH"};
   frmExport progress{session};
 
   // More rows than go over in one call.
@@ -37,8 +34,7 @@ TEST_F(ExportTest, ShownCellsKeepTheirTextAndPlace)
       grid.setText(row, col, texts[col]);
   progress.Export2Excel(grid);
 
-  ASSERT_EQ(client().open().size(), 1);
-  const OfficeClient::Book book = client().open().first();
+  const OfficeClient::Book book = openBook();
   const QString sheet = book.sheetNames().first();
   EXPECT_EQ(book.row(sheet, 1, 6), "0012||=1+1|1,234.50|2022-06-08|'a");
   EXPECT_EQ(book.formula(sheet, 1, 4), "'1,234.50");
@@ -58,7 +54,7 @@ TEST_F(ExportTest, ACellWithALineBreakShowsWhole)
   grid.setText(0, 1, "一");
   grid.setText(1, 1, "一\r\n二\n三\r四");
   progress.Export2Excel(grid);
-  const OfficeClient::Book book = client().open().first();
+  const OfficeClient::Book book = openBook();
   const QString sheet = book.sheetNames().first();
   EXPECT_EQ(book.shown(sheet, 2, 2), "一\n二\n三\n四");
   EXPECT_GT(book.rowHeight(sheet, 2), 3 * book.rowHeight(sheet, 1));
@@ -75,7 +71,7 @@ TEST_F(ExportTest, TheBarMovesToItsEnd)
   EXPECT_GE(seen.size(), 3);
   EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
   EXPECT_EQ(seen.value(seen.size() - 1), 100);
-  const OfficeClient::Book book = client().open().first();
+  const OfficeClient::Book book = openBook();
   EXPECT_EQ(book.shown(book.sheetNames().first(), 2000, 3), "1999");
 }
 
@@ -83,11 +79,13 @@ TEST_F(ExportTest, TheBarMovesToItsEnd)
 TEST_F(ExportTest, WhoLeavesGetsNoWorkbook)
 {
   fillGrid();
-  for (const std::function<void(Form&)>& leave : {std::function<void(Form&)>([](Form& shown) { shown.find<Button>("cmdQuit")->click(); }),
-                                                  std::function<void(Form&)>([](Form& shown) { shown.close(); })}) {
+  for (const bool byButton : {true, false}) {
     frmExport one{session};
     int blocks = 0;
-    desk.inWork = [&](Form& shown) { ++blocks, leave(shown); };
+    desk.inWork = [&](Form& shown) {
+      ++blocks;
+      byButton ? shown.find<Button>("cmdQuit")->click() : shown.close();
+    };
     one.Export2Excel(grid);
     EXPECT_EQ(blocks, 1);
     EXPECT_FALSE(one.isOpen());
@@ -95,7 +93,7 @@ TEST_F(ExportTest, WhoLeavesGetsNoWorkbook)
   }
 }
 
-// The screen's own handler shows the error; the next export starts the office anew.
+// The screen's own handler shows the error; the next export starts the office again.
 TEST_F(ExportTest, AnOfficeThatDiesEndsInARunTimeError)
 {
   fillGrid();

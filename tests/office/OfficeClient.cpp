@@ -44,6 +44,11 @@ using star::uno::UNO_QUERY_THROW;
 
 namespace {
 
+template <typename Interface> Reference<Interface> as(const auto& object)
+{
+  return Reference<Interface>(object, UNO_QUERY_THROW);
+}
+
 const char* filterOf(const QString& path)
 {
   const QString suffix = QFileInfo(path).suffix();
@@ -52,13 +57,13 @@ const char* filterOf(const QString& path)
 
 Reference<star::frame::XFrame> frameOf(const OfficeClient::Book::Document& document)
 {
-  return Reference<star::frame::XModel>(document, UNO_QUERY_THROW)->getCurrentController()->getFrame();
+  return as<star::frame::XModel>(document)->getCurrentController()->getFrame();
 }
 
 int sizeOf(const Any& rowOrColumn, QStringView name)
 {
   sal_Int32 size = 0;
-  Reference<star::beans::XPropertySet>(rowOrColumn, UNO_QUERY_THROW)->getPropertyValue(officeText(name)) >>= size;
+  as<star::beans::XPropertySet>(rowOrColumn)->getPropertyValue(officeText(name)) >>= size;
   return size;
 }
 
@@ -66,7 +71,7 @@ int sizeOf(const Any& rowOrColumn, QStringView name)
 
 OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 {
-  // An office that has just lost its program drops the next lines for a moment, longer on a busy machine.
+  // An office that has just lost its program drops new connections for a moment, longer on a busy machine.
   for (int tries = 0; tries < 60; ++tries) {
     if (m_connection.connect(OfficeInstance::numbered(1).pipe))
       return;
@@ -77,7 +82,7 @@ OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
 
 OfficeClient::Book OfficeClient::create()
 {
-  const Reference<star::frame::XComponentLoader> loader(m_connection.desktop(), UNO_QUERY_THROW);
+  const auto loader = as<star::frame::XComponentLoader>(m_connection.desktop());
   return Book({loader->loadComponentFromURL(officeText(u"private:factory/scalc"), officeText(u"_blank"), 0, {}), UNO_QUERY});
 }
 
@@ -91,10 +96,10 @@ QList<OfficeClient::Book> OfficeClient::open() const
   return books;
 }
 
-QList<pid_t> OfficeClient::processes(int place)
+QList<pid_t> OfficeClient::processes(int number)
 {
   QList<pid_t> all;
-  const QByteArray pipe = OfficeInstance::numbered(place).pipe.toUtf8();
+  const QByteArray pipe = OfficeInstance::numbered(number).pipe.toUtf8();
   for (const QString& process : QDir("/proc").entryList(QDir::Dirs)) {
     QFile command("/proc/" + process + "/cmdline");
     if (!command.open(QIODevice::ReadOnly))
@@ -116,23 +121,22 @@ void OfficeClient::edit(const QString& path, const QString& part, const QList<st
 {
   const auto service = [this](const char* name, std::initializer_list<Any> arguments) {
     const auto object = m_connection.service(name);
-    Reference<star::lang::XInitialization>(object, UNO_QUERY_THROW)->initialize({arguments.begin(), sal_Int32(arguments.size())});
+    as<star::lang::XInitialization>(object)->initialize({arguments.begin(), sal_Int32(arguments.size())});
     return object;
   };
   const Any url(officeText(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())));
   const Any format(star::beans::NamedValue(officeText(u"StorageFormat"), Any(officeText(u"ZipFormat"))));
   const auto package = service("com.sun.star.packages.Package", {url, format});
   const Reference<star::io::XActiveDataSink> stream(
-      Reference<star::container::XHierarchicalNameAccess>(package, UNO_QUERY_THROW)->getByHierarchicalName(officeText(part)),
-      UNO_QUERY_THROW);
+      as<star::container::XHierarchicalNameAccess>(package)->getByHierarchicalName(officeText(part)), UNO_QUERY_THROW);
   star::uno::Sequence<sal_Int8> bytes;
   stream->getInputStream()->readBytes(bytes, 1 << 20);
   QByteArray content(reinterpret_cast<const char*>(bytes.getConstArray()), bytes.getLength());
   for (const auto& [from, to] : replacements)
     content.replace(from, to);
   bytes = {reinterpret_cast<const sal_Int8*>(content.constData()), sal_Int32(content.size())};
-  stream->setInputStream(Reference<star::io::XInputStream>(service("com.sun.star.io.SequenceInputStream", {Any(bytes)}), UNO_QUERY_THROW));
-  Reference<star::util::XChangesBatch>(package, UNO_QUERY_THROW)->commitChanges();
+  stream->setInputStream(as<star::io::XInputStream>(service("com.sun.star.io.SequenceInputStream", {Any(bytes)})));
+  as<star::util::XChangesBatch>(package)->commitChanges();
 }
 
 Reference<star::sheet::XSpreadsheet> OfficeClient::Book::sheet(const QString& name) const
@@ -160,7 +164,7 @@ void OfficeClient::Book::addSheet(const QString& name)
 
 Reference<star::sheet::XSpreadsheetView> OfficeClient::Book::view() const
 {
-  return {Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(), UNO_QUERY_THROW};
+  return {as<star::frame::XModel>(m_document)->getCurrentController(), UNO_QUERY_THROW};
 }
 
 void OfficeClient::Book::activate(const QString& name)
@@ -170,12 +174,12 @@ void OfficeClient::Book::activate(const QString& name)
 
 QString OfficeClient::Book::activeSheet() const
 {
-  return programText(Reference<star::container::XNamed>(view()->getActiveSheet(), UNO_QUERY_THROW)->getName());
+  return programText(as<star::container::XNamed>(view()->getActiveSheet())->getName());
 }
 
 void OfficeClient::Book::addSeal(int top)
 {
-  const Reference<star::lang::XMultiServiceFactory> factory(m_document, UNO_QUERY_THROW);
+  const auto factory = as<star::lang::XMultiServiceFactory>(m_document);
   const Reference<star::drawing::XShape> seal(factory->createInstance(officeText(u"com.sun.star.drawing.GraphicObjectShape")),
                                               UNO_QUERY_THROW);
   seal->setPosition({2000, top});
@@ -183,15 +187,15 @@ void OfficeClient::Book::addSeal(int top)
   QTemporaryFile red;
   if (!red.open() || red.write(QByteArray("P6 1 1 255 \xff\0\0", 14)) < 0 || !red.flush())
     qFatal("no picture can be made");
-  Reference<star::beans::XPropertySet>(seal, UNO_QUERY_THROW)
-      ->setPropertyValue(officeText(u"GraphicURL"), Any(officeText(QUrl::fromLocalFile(red.fileName()).toString())));
-  const auto pages = Reference<star::drawing::XDrawPagesSupplier>(m_document, UNO_QUERY_THROW)->getDrawPages();
-  Reference<star::drawing::XDrawPage>(pages->getByIndex(0), UNO_QUERY_THROW)->add(seal);
+  as<star::beans::XPropertySet>(seal)->setPropertyValue(officeText(u"GraphicURL"),
+                                                        Any(officeText(QUrl::fromLocalFile(red.fileName()).toString())));
+  const auto pages = as<star::drawing::XDrawPagesSupplier>(m_document)->getDrawPages();
+  as<star::drawing::XDrawPage>(pages->getByIndex(0))->add(seal);
 }
 
 void OfficeClient::Book::rename(const QString& name, const QString& newName)
 {
-  Reference<star::container::XNamed>(sheet(name), UNO_QUERY_THROW)->setName(officeText(newName));
+  as<star::container::XNamed>(sheet(name))->setName(officeText(newName));
 }
 
 void OfficeClient::Book::type(const QString& name, int row, int column, const QString& text)
@@ -201,49 +205,40 @@ void OfficeClient::Book::type(const QString& name, int row, int column, const QS
 
 void OfficeClient::Book::setProperty(const QString& name, int row, int column, const char* property, const Any& value)
 {
-  Reference<star::beans::XPropertySet>(cell(name, row, column), UNO_QUERY_THROW)
-      ->setPropertyValue(rtl::OUString::createFromAscii(property), value);
+  as<star::beans::XPropertySet>(cell(name, row, column))->setPropertyValue(rtl::OUString::createFromAscii(property), value);
 }
 
 Any OfficeClient::Book::property(const QString& name, int row, int column, const char* property) const
 {
-  return Reference<star::beans::XPropertySet>(cell(name, row, column), UNO_QUERY_THROW)
-      ->getPropertyValue(rtl::OUString::createFromAscii(property));
-}
-
-void OfficeClient::Book::setTextFormat(const QString& name, int row, int column)
-{
-  constexpr sal_Int32 TextFormat = 100;
-  setProperty(name, row, column, "NumberFormat", Any(TextFormat));
+  return as<star::beans::XPropertySet>(cell(name, row, column))->getPropertyValue(rtl::OUString::createFromAscii(property));
 }
 
 void OfficeClient::Book::setPrintArea(const QString& name, int rows, int columns)
 {
   const auto cells = sheet(name)->getCellRangeByPosition(0, 0, columns - 1, rows - 1);
-  const auto area = Reference<star::sheet::XCellRangeAddressable>(cells, UNO_QUERY_THROW)->getRangeAddress();
-  Reference<star::sheet::XPrintAreas>(sheet(name), UNO_QUERY_THROW)->setPrintAreas({&area, 1});
+  const auto area = as<star::sheet::XCellRangeAddressable>(cells)->getRangeAddress();
+  as<star::sheet::XPrintAreas>(sheet(name))->setPrintAreas({&area, 1});
 }
 
 void OfficeClient::Book::setRowHeight(const QString& name, int row, int height)
 {
-  const auto rows = Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows();
-  Reference<star::beans::XPropertySet>(rows->getByIndex(row - 1), UNO_QUERY_THROW)
-      ->setPropertyValue(officeText(u"Height"), Any(sal_Int32(height)));
+  const auto rows = as<star::table::XColumnRowRange>(sheet(name))->getRows();
+  as<star::beans::XPropertySet>(rows->getByIndex(row - 1))->setPropertyValue(officeText(u"Height"), Any(sal_Int32(height)));
 }
 
 int OfficeClient::Book::rowHeight(const QString& name, int row) const
 {
-  return sizeOf(Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getRows()->getByIndex(row - 1), u"Height");
+  return sizeOf(as<star::table::XColumnRowRange>(sheet(name))->getRows()->getByIndex(row - 1), u"Height");
 }
 
 int OfficeClient::Book::columnWidth(const QString& name, int column) const
 {
-  return sizeOf(Reference<star::table::XColumnRowRange>(sheet(name), UNO_QUERY_THROW)->getColumns()->getByIndex(column - 1), u"Width");
+  return sizeOf(as<star::table::XColumnRowRange>(sheet(name))->getColumns()->getByIndex(column - 1), u"Width");
 }
 
 QString OfficeClient::Book::shown(const QString& name, int row, int column) const
 {
-  return programText(Reference<star::text::XTextRange>(cell(name, row, column), UNO_QUERY_THROW)->getString());
+  return programText(as<star::text::XTextRange>(cell(name, row, column))->getString());
 }
 
 QString OfficeClient::Book::row(const QString& name, int row, int columns) const
@@ -261,30 +256,28 @@ QString OfficeClient::Book::formula(const QString& name, int row, int column) co
 
 QString OfficeClient::Book::title() const
 {
-  return programText(Reference<star::frame::XTitle>(frameOf(m_document), UNO_QUERY_THROW)->getTitle());
+  return programText(as<star::frame::XTitle>(frameOf(m_document))->getTitle());
 }
 
 bool OfficeClient::Book::isVisible() const
 {
-  return Reference<star::awt::XWindow2>(frameOf(m_document)->getContainerWindow(), UNO_QUERY_THROW)->isVisible();
+  return as<star::awt::XWindow2>(frameOf(m_document)->getContainerWindow())->isVisible();
 }
 
 // A preview has no sheet that could be worked on.
 bool OfficeClient::Book::isInPreview() const
 {
-  return !Reference<star::sheet::XSpreadsheetView>(Reference<star::frame::XModel>(m_document, UNO_QUERY_THROW)->getCurrentController(),
-                                                   UNO_QUERY)
-              .is();
+  return !Reference<star::sheet::XSpreadsheetView>(as<star::frame::XModel>(m_document)->getCurrentController(), UNO_QUERY).is();
 }
 
 void OfficeClient::Book::store(const QString& path) const
 {
-  Reference<star::frame::XStorable>(m_document, UNO_QUERY_THROW)
+  as<star::frame::XStorable>(m_document)
       ->storeToURL(officeText(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())),
                    properties({{"FilterName", rtl::OUString::createFromAscii(filterOf(path))}}));
 }
 
 void OfficeClient::Book::close()
 {
-  Reference<star::util::XCloseable>(m_document, UNO_QUERY_THROW)->close(true);
+  as<star::util::XCloseable>(m_document)->close(true);
 }

@@ -9,20 +9,19 @@
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 
-// Someone else on the line to the office that the program under test runs: he makes workbooks for it, and
-// looks at what stands open there, cell by cell. Rows and columns count from 1.
+// A second client of the office that the program under test runs: it makes workbooks for it, and looks at those open
+// there, cell by cell. Rows and columns count from 1.
 class OfficeClient {
 public:
-  // The office of the program that took the first place; it must run.
+  // Of the office that was started first; it must be running.
   OfficeClient();
 
-  // A workbook open in the office; null if there is none.
+  // A workbook open in the office.
   class Book {
   public:
     using Document = com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>;
     explicit Book(Document document) : m_document(std::move(document)) {}
 
-    explicit operator bool() const { return m_document.is(); }
     QStringList sheetNames() const;
     void addSheet(const QString& name);
     // The sheet that the workbook opens on once it is stored.
@@ -32,19 +31,18 @@ public:
     void addSeal(int top);
     void rename(const QString& sheet, const QString& name);
 
-    // What the operator would have typed: "=A1" is a formula, "'1" a text.
+    // As a user types it: "=A1" is a formula, "'1" a text.
     void type(const QString& sheet, int row, int column, const QString& text);
     void setProperty(const QString& sheet, int row, int column, const char* name, const com::sun::star::uno::Any& value);
     // The first rows and columns.
     void setPrintArea(const QString& sheet, int rows, int columns);
     void setRowHeight(const QString& sheet, int row, int hundredthsOfMillimetre);
-    void setTextFormat(const QString& sheet, int row, int column);
 
-    // As the operator sees it.
+    // As the user sees it.
     QString shown(const QString& sheet, int row, int column) const;
     // The shown texts of a row, "|" between them.
     QString row(const QString& sheet, int row, int columns) const;
-    // With the "=" of a formula, and a "'" ahead of a text that looks like a number.
+    // With the "=" of a formula, and a "'" before a text that looks like a number.
     QString formula(const QString& sheet, int row, int column) const;
     com::sun::star::uno::Any property(const QString& sheet, int row, int column, const char* name) const;
     // In hundredths of a millimetre.
@@ -54,7 +52,7 @@ public:
     bool isVisible() const;
     bool isInPreview() const;
 
-    // In the format that the file's name tells: xls, xlsx or pdf.
+    // In the format of the file's extension: xls, xlsx or pdf.
     void store(const QString& path) const;
     void close();
 
@@ -74,8 +72,8 @@ public:
   QList<Book> open() const;
   // Ends the office, or stops it from answering, from outside.
   static void kill(int signal);
-  // The office of a place, without its watch; none when it has ended.
-  static QList<pid_t> processes(int place = 1);
+  // The processes of an office by its number, without its watch; none when it has ended.
+  static QList<pid_t> processes(int number = 1);
 
 private:
   OfficeConnection m_connection;

@@ -34,7 +34,7 @@ int hold(const std::string& what)
 
 namespace {
 
-// A screen that nobody sees.
+// A virtual display.
 struct Display {
   QProcess server;
 
@@ -70,11 +70,11 @@ struct Holder {
 };
 
 // Deaths take a moment.
-bool isGone(int place)
+bool isGone(int number)
 {
-  for (int tries = 0; tries < 100 && !OfficeClient::processes(place).isEmpty(); ++tries)
+  for (int tries = 0; tries < 100 && !OfficeClient::processes(number).isEmpty(); ++tries)
     usleep(100000);
-  return OfficeClient::processes(place).isEmpty();
+  return OfficeClient::processes(number).isEmpty();
 }
 
 QStringList contentOf(const QString& folder)
@@ -90,7 +90,7 @@ QByteArray limitsOf(pid_t process)
 
 } // namespace
 
-// Both have an office of their own; the next start takes the first place and leaves nothing in the second one.
+// Both have an office of their own; the next start takes the first instance and leaves nothing of the second one.
 TEST(OfficeDeath, AKilledProgramTakesItsOfficeAlong)
 {
   {
@@ -115,7 +115,7 @@ TEST(OfficeDeath, AKilledProgramTakesItsOfficeAlong)
   EXPECT_EQ(pipes(), before - 2);
 }
 
-// It lives on, and without the limits of an office that works for the program.
+// It stays open, without the limits of an office that works for the program.
 TEST(OfficeDeath, AHandedOverWorkbookStays)
 {
   const Display display;
@@ -132,9 +132,9 @@ TEST(OfficeDeath, AHandedOverWorkbookStays)
   EXPECT_TRUE(isGone(1));
 }
 
-// The preview is of the page, whichever sheet its workbook was saved on. What the operator opens there himself stays
-// open when the preview is left, and when the program ends.
-TEST(OfficeDeath, DocumentsOfTheOperatorAreNotClosed)
+// The preview is of the page, whichever sheet its workbook was saved on. What the user opens there stays open
+// when the preview is left, and when the program ends.
+TEST(OfficeDeath, DocumentsOfTheUserAreNotClosed)
 {
   const QTemporaryDir folder;
   const Display display;

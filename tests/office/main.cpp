@@ -7,8 +7,8 @@
 
 #include <cstdio>
 
-// The office's profile is made anew for each run of the tests: its first start is the slow one. Ends with the
-// line that ./test adds up.
+// Each run of the tests has a new profile of the office, whose first start is slow. Ends with the line that ./test
+// adds up.
 int main(int argc, char** argv)
 {
   QCoreApplication application(argc, argv);

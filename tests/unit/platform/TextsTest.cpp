@@ -44,7 +44,7 @@ TEST(DateText, ReadsEveryWayInWhichTheSuiteWritesADateAndNothingElse)
   EXPECT_EQ(DateText::parse(u"2024-02-29"), QDate(2024, 2, 29));
   const QString others =
       "| |abc|2022|2022-06|2022-06-|22-06-08|2022-02-29|2022-13-01|2022-00-10|2022-06-31|2022-06-081|2022-6/8|0000-01-01|"
-      "-2022-06-08|2022-06-08 abc|2022-06-08 9:60:00|2022-06-08 24:00|20220608|２０２２-06-08";
+      "-2022-06-08|2022-06-08 abc|2022-06-08 9:60:00|2022-06-08 9:00:60|2022-06-08 24:00|20220608|２０２２-06-08";
   for (const QString& text : others.split('|'))
     EXPECT_FALSE(DateText::parse(text)) << shown(text);
 }
