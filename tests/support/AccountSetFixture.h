@@ -3,7 +3,7 @@
 #include "accountset/SchemaSql.h"
 #include "support/SessionFixture.h"
 
-// The session of SessionFixture over an account set with all its tables and no rows.
+// The session of SessionFixture on an account set with all its tables and no rows.
 struct AccountSetFixture : SessionFixture {
   AccountSetFixture()
   {

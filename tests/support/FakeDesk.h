@@ -6,21 +6,21 @@
 #include <QList>
 #include <functional>
 
-// An operator who answers each box with the next of his prepared answers and remembers what he was
-// shown. Without a prepared answer he presses OK, or the button that declines.
+// A user interface without windows: answers each box with the next prepared answer and records what was shown. Without a
+// prepared answer it presses OK, or the button that declines.
 class FakeDesk : public Desk {
 public:
   QList<Answer> answers;
   QList<Box> boxes;
   QList<Form*> shown;
-  // What the operator does in a dialog; the dialog stays open behind it if he does not close it.
+  // What the user does in a dialog; it stays open afterwards unless this closes it.
   std::function<void(Form&)> inDialog;
-  // What he does while the program works.
+  // What the user does while the program works.
   std::function<void(Form&)> inWork;
   int beeps = 0;
   bool busy = false;
 
-  // The texts of the boxes since the last call, one a line; empty if none came.
+  // The texts of the boxes since the last call, one per line; empty if there was none.
   QString takeTexts();
 
   Answer ask(const Box& box) override;

@@ -4,8 +4,8 @@
 
 #include <QStringList>
 
-// A machine whose clock stands still and whose program folder is told. Programs "start" by being
-// noted down, as long as startsPrograms holds.
+// A machine with a stopped clock and a given program folder. "Started" programs are only recorded, and only as long as
+// startsPrograms is true.
 class FixedMachine : public Machine {
 public:
   explicit FixedMachine(QString programFolderPath) : folder(std::move(programFolderPath)) {}

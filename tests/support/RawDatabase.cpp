@@ -29,13 +29,6 @@ RawDatabase::RawDatabase(const QString& path)
     qFatal("cannot open %s", qPrintable(path));
 }
 
-void RawDatabase::run(const QString& sql)
-{
-  char* error = nullptr;
-  if (sqlite3_exec(m_database.get(), sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK)
-    qFatal("%s: %s", error, qPrintable(sql));
-}
-
 QString RawDatabase::rows(const QString& sql)
 {
   QStringList found;

@@ -8,8 +8,8 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-// A session over an account set file of its own in a program folder of its own, with the built-in
-// administrator in front of it. The file holds no tables until `file` makes them.
+// A session of the built-in administrator on an account set file of its own, in a program folder of its own. The file has
+// no tables until `file` makes them.
 struct SessionFixture {
   QTemporaryDir folder;
   FakeDesk desk;
@@ -20,17 +20,17 @@ struct SessionFixture {
   SessionFixture()
   {
     // An empty database has no header yet.
-    file.run(QStringLiteral("pragma user_version = 1"));
-    session.params.DatabaseType = QStringLiteral("Access");
+    file.run("pragma user_version = 1");
+    session.params.DatabaseType = "Access";
     session.params.IsAccessSQL = true;
-    session.params.ConDataName = QStringLiteral("A001.mdb");
-    session.params.UserName = QStringLiteral("系统管理员");
+    session.params.ConDataName = "A001.mdb";
+    session.params.UserName = "系统管理员";
     session.params.OperateDate = QDate(2022, 6, 8);
   }
 
   QString accountSetPath() const
   {
-    QDir(folder.path()).mkpath(QStringLiteral("Data"));
-    return folder.filePath(QStringLiteral("Data/A001.mdb"));
+    QDir(folder.path()).mkpath("Data");
+    return folder.filePath("Data/A001.mdb");
   }
 };

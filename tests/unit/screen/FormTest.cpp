@@ -45,8 +45,7 @@ struct FormTest : testing::Test {
   // Presses keys by name; a word of one letter is that character.
   static void press(Control& control, const QString& keys)
   {
-    static const QHash<QString, Key::Code> Codes{{"Left", Key::Left}, {"Right", Key::Right},    {"Home", Key::Home},
-                                                 {"End", Key::End},   {"Back", Key::Backspace}, {"Del", Key::Delete}};
+    static const QHash<QString, Key::Code> Codes{{"Left", Key::Left}, {"Right", Key::Right}, {"Home", Key::Home}, {"End", Key::End}};
     for (const QString& name : keys.split(u' '))
       control.press(Codes.contains(name) ? Key{Codes[name], {}} : Key::character(name));
   }
@@ -112,30 +111,6 @@ TEST_F(FormTest, BeforeItIsShownAnErrorIsTheCallers)
   hidden.tool.onClick = [] { fail(); };
   EXPECT_THROW(hidden.tool.click(), RunTimeError);
   EXPECT_TRUE(desk.boxes.isEmpty());
-}
-
-TEST_F(FormTest, ATextBoxIsEditedAtItsCaret)
-{
-  const struct {
-    const char* start;
-    const char* keys;
-    const char* expected;
-  } rows[] = {
-      {"12", "Left 3", "132"},
-      {"12", "Home 3 4", "3412"},
-      {"12", "Home Del", "2"},
-      {"12", "Back Back Back", ""},
-      {"12", "Home Left Right Right Right 3", "123"},
-      {"1😀", "Back", "1"},
-      {"1😀2", "Home Right Del", "12"},
-      {"1😀2", "Left Left 3", "13😀2"},
-  };
-  for (const auto& [start, keys, expected] : rows) {
-    form.first.setText(start);
-    form.first.moveCaretToEnd();
-    press(form.first, keys);
-    EXPECT_EQ(form.first.text(), expected) << start << ": " << keys;
-  }
 }
 
 TEST_F(FormTest, ATextReportsItsChangeOnlyIfItDiffers)
