@@ -102,7 +102,7 @@ TEST_F(FormTest, ARunTimeErrorEndsTheHandlerAndNothingElse)
   EXPECT_EQ(desk.takeTexts(), "运行时错误 3704：\r\n对象关闭时，不允许操作");
   EXPECT_FALSE(reached || desk.busy || form.showsPanel);
   press(form.first, "x");
-  EXPECT_EQ(form.first.text(), "O'x") << "the screen lives on";
+  EXPECT_EQ(form.first.text(), "O'x") << "the screen goes on";
 }
 
 TEST_F(FormTest, BeforeItIsShownAnErrorIsTheCallers)
