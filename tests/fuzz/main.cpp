@@ -124,8 +124,8 @@ void readAmount(const QByteArray& bytes)
   try {
     const Currency money = Currency::ofText(text);
     require(Currency::ofText(money.toText()) == money, "money survives its text");
-  } catch (const RunTimeError&) {
-    // Too large an amount.
+  } catch (const RunTimeError& error) {
+    require(error.number() == RunTimeError::Overflow, "no error but for too large an amount");
   }
 }
 

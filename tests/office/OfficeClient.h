@@ -20,7 +20,7 @@ public:
   class Book {
   public:
     using Document = com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>;
-    explicit Book(Document document) : m_document(std::move(document)) {}
+    explicit Book(const Document& document) : m_document(document) {}
 
     QStringList sheetNames() const;
     void addSheet(const QString& name);

@@ -60,7 +60,8 @@ QString OfficeFixture::print(const QString& name, BillTemplate::Finish finish, c
                                           .headerTable = "TabPayfundBill",
                                           .placeholders =
                                               [&] {
-                                                midway();
+                                                if (midway)
+                                                  midway();
                                                 return QList<BillTemplate::Placeholder>{{"?金额大写", "壹"},
                                                                                         {"?金额", "1,002.00", true},
                                                                                         {"?编号", "1001"},

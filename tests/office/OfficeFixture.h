@@ -28,8 +28,7 @@ protected:
   // Stores the workbook in a file first, and closes it.
   void putTemplate(const QString& name, OfficeClient::Book book) const;
   // Prints the payment FKD1 with the lines of `grid`. Returns the texts of the boxes; `midway` runs when the template is open.
-  QString print(
-      const QString& name, BillTemplate::Finish finish, const std::function<void()>& midway = [] {});
+  QString print(const QString& name, BillTemplate::Finish finish, const std::function<void()>& midway = nullptr);
   static constexpr char Failed[] = "操作发生不可预测性错误！请退出软件重启电脑后再操作！";
 
   // From the office's next start on, the machine has a printer whose paper is a file.

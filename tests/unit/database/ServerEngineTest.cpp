@@ -74,7 +74,7 @@ private:
   {
     pollfd ends[] = {{accept(m_socket, nullptr, nullptr), POLLIN, 0}, {socket(AF_INET, SOCK_STREAM, 0), POLLIN, 0}};
     char piece[65536];
-    bool goesOn = connect(ends[1].fd, reinterpret_cast<const sockaddr*>(&server), sizeof server) == 0;
+    bool goesOn = ends[1].fd >= 0 && connect(ends[1].fd, reinterpret_cast<const sockaddr*>(&server), sizeof server) == 0;
     while (goesOn && poll(ends, 2, -1) > 0)
       for (const auto& [from, to] : {std::pair(0, 1), std::pair(1, 0)}) {
         if (!ends[from].revents)
