@@ -71,7 +71,7 @@ public:
   {
     fillIn(LinesOfBill);
     save();
-    session().spreadsheet.create();
+    orThrow(session().spreadsheet.create());
   }
 
   void print()
@@ -150,7 +150,7 @@ void exportGrid(benchmark::State& state)
   for (int row = 0; row < Rows; ++row)
     for (int column = 0; column < Columns; ++column)
       grid.setText(row, column, cellText(row, column));
-  screen.session().spreadsheet.create();
+  orThrow(screen.session().spreadsheet.create());
   BareOffice office;
   for ([[maybe_unused]] auto _ : state) {
     frmExport(screen.session()).Export2Excel(grid);
@@ -164,7 +164,7 @@ void exportBare(benchmark::State& state)
 {
   takeInstance();
   PaymentScreen screen;
-  screen.session().spreadsheet.create();
+  orThrow(screen.session().spreadsheet.create());
   BareOffice office;
   std::vector<Sequence<Sequence<Any>>> blocks;
   for (int row = 0; row < Rows; row += RowsInBlock)

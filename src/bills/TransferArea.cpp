@@ -9,14 +9,14 @@ using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
 TransferArea::TransferArea(BillScreen& screen)
-    : LabAccountNameC(&screen.FrameProvide, "LabAccountNameC"), outgoing{{&screen.FrameProvide, "TxtAccountCodeC"},
-                                                                         {&screen.FrameProvide, "TxtAccountNameC"},
-                                                                         {&screen.FrameProvide, "ImgAccountC",
-                                                                          [this] { pickAccount(outgoing, u"转出账户"); }}},
-      LabAccountNameR(&screen.FrameProvide, "LabAccountNameR"), incoming{{&screen.FrameProvide, "TxtAccountCodeR"},
-                                                                         {&screen.FrameProvide, "TxtAccountNameR"},
-                                                                         {&screen.FrameProvide, "ImgAccountR",
-                                                                          [this] { pickAccount(incoming, u"转入账户"); }}},
+    : LabAccountNameC(&screen.FrameProvide, "LabAccountNameC"),
+      outgoing{{&screen.FrameProvide, "TxtAccountCodeC"},
+               {&screen.FrameProvide, "TxtAccountNameC"},
+               {&screen.FrameProvide, "ImgAccountC", [this] { pickAccount(outgoing, u"转出账户"); }}},
+      LabAccountNameR(&screen.FrameProvide, "LabAccountNameR"),
+      incoming{{&screen.FrameProvide, "TxtAccountCodeR"},
+               {&screen.FrameProvide, "TxtAccountNameR"},
+               {&screen.FrameProvide, "ImgAccountR", [this] { pickAccount(incoming, u"转入账户"); }}},
       TxtMoney(screen.session, &screen.FrameProvide, "TxtMoney", u".0123456789"_s), m_screen(screen)
 {
   LabAccountNameC.setCaption(u"转出帐户"_s);

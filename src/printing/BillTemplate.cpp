@@ -42,7 +42,7 @@ bool isAmount(const QString& cellText, const QList<Placeholder>& placeholders)
 
 void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
 {
-  const QList<QStringList> page = workbook.texts(Page, SearchedRows, SearchedColumns);
+  const QList<QStringList> page = orThrow(workbook.texts(Page, SearchedRows, SearchedColumns));
   for (int row = 0; row < page.size(); ++row)
     for (int column = 0; column < page[row].size(); ++column) {
       const QString& text = page[row][column];
@@ -50,17 +50,17 @@ void fillPage(Workbook& workbook, const QList<Placeholder>& placeholders)
       if (filled == text)
         continue;
       if (isAmount(text, placeholders))
-        workbook.enterAmounts(Page, row + 1, column + 1, {filled});
+        orThrow(workbook.enterAmounts(Page, row + 1, column + 1, {filled}));
       else
-        workbook.enterTexts(Page, row + 1, column + 1, {{filled}});
+        orThrow(workbook.enterTexts(Page, row + 1, column + 1, {{filled}}));
     }
 }
 
 // Only the last sheet can choose the layout: later sheets override earlier ones.
 bool isFixedLayout(Workbook& workbook)
 {
-  const QStringList names = workbook.sheetNames();
-  return !names.isEmpty() && names.last() == LayoutSheet && workbook.texts(LayoutSheet, 1, 2)[0][1] == FixedLayout;
+  const QStringList names = orThrow(workbook.sheetNames());
+  return !names.isEmpty() && names.last() == LayoutSheet && orThrow(workbook.texts(LayoutSheet, 1, 2))[0][1] == FixedLayout;
 }
 
 // The texts of the lines, from the grid's first column on.
@@ -86,17 +86,17 @@ void fillLines(Workbook& workbook, const Grid& grid, int amountColumn)
     QStringList amounts;
     for (QStringList& line : lines)
       amounts.append(std::exchange(line[amountColumn - 1], QString()));
-    workbook.insertRows(Page, FirstLineRow + 1, int(lines.size()));
-    workbook.enterTexts(Page, FirstLineRow + 1, 1, lines);
-    workbook.enterAmounts(Page, FirstLineRow + 1, amountColumn, amounts);
+    orThrow(workbook.insertRows(Page, FirstLineRow + 1, int(lines.size())));
+    orThrow(workbook.enterTexts(Page, FirstLineRow + 1, 1, lines));
+    orThrow(workbook.enterAmounts(Page, FirstLineRow + 1, amountColumn, amounts));
   }
-  workbook.deleteRow(Page, FirstLineRow);
-  workbook.deleteRow(Page, FirstLineRow + int(lines.size()));
+  orThrow(workbook.deleteRow(Page, FirstLineRow));
+  orThrow(workbook.deleteRow(Page, FirstLineRow + int(lines.size())));
 }
 
 void finish(Workbook& workbook, Finish how, Desk& desk)
 {
-  workbook.finish(Page, how, how == Finish::Preview ? u"打印"_s : u"输出...."_s);
+  orThrow(workbook.finish(Page, how, how == Finish::Preview ? u"打印"_s : u"输出...."_s));
   while (how == Finish::Preview && workbook.isInPreview()) {
     desk.breathe();
     std::this_thread::sleep_for(PreviewPoll);
@@ -105,7 +105,7 @@ void finish(Workbook& workbook, Finish how, Desk& desk)
 
 void printFile(Session& session, const Job& job, const QString& path)
 {
-  const std::unique_ptr<Workbook> workbook = session.spreadsheet.open(path);
+  const std::unique_ptr<Workbook> workbook = orThrow(session.spreadsheet.open(path));
   fillPage(*workbook, job.placeholders());
   fillLines(*workbook, *job.lines, job.amountColumn);
   finish(*workbook, job.finish, session.desk);

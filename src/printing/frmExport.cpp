@@ -75,18 +75,18 @@ void frmExport::Export2Excel(const Grid& grid)
 
 void frmExport::copy(const Grid& grid)
 {
-  const std::unique_ptr<Workbook> workbook = m_session.spreadsheet.create();
-  const QString sheet = workbook->sheetNames().first();
-  workbook->setSizes(sheet, grid.rows(), Grid::RowHeight, widthsOf(grid));
+  const std::unique_ptr<Workbook> workbook = orThrow(m_session.spreadsheet.create());
+  const QString sheet = orThrow(workbook->sheetNames()).first();
+  orThrow(workbook->setSizes(sheet, grid.rows(), Grid::RowHeight, widthsOf(grid)));
   for (int row = 0; row < grid.rows(); row += RowsInBlock) {
     const int end = std::min(row + RowsInBlock, grid.rows());
     const QList<QStringList> block = shownTexts(grid, row, end);
-    workbook->enterTexts(sheet, row + 1, 1, block);
-    workbook->showWhole(sheet, brokenCells(block, row + 1));
+    orThrow(workbook->enterTexts(sheet, row + 1, 1, block));
+    orThrow(workbook->showWhole(sheet, brokenCells(block, row + 1)));
     prg.setValue(100 * end / grid.rows());
     desk().breathe();
     if (m_isCancelled)
       return;
   }
-  workbook->finish(sheet, Workbook::Finish::HandOver, {});
+  orThrow(workbook->finish(sheet, Workbook::Finish::HandOver, {}));
 }

@@ -167,7 +167,7 @@ void Grid::setRowsOnDemand(int firstRow, int count, std::function<QString(int ro
   });
 }
 
-template <typename Value> void Grid::setOfColumn(int col, Value Column::*property, Value value)
+template <typename Value> void Grid::setOfColumn(int col, Value Column::* property, Value value)
 {
   if (!hasCol(col) || m_columns[col].*property == value)
     return;

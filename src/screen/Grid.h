@@ -117,7 +117,7 @@ private:
   bool hasCol(int col) const { return col >= 0 && col < cols(); }
   // Runs a change of the rows or columns as a reset of the model.
   void reshape(const std::function<void()>& change);
-  template <typename Value> void setOfColumn(int col, Value Column::*property, Value value);
+  template <typename Value> void setOfColumn(int col, Value Column::* property, Value value);
   // The nearest visible column in a direction; `from` if there is none.
   int stepCol(int from, int step) const;
 

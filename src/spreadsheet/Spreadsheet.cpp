@@ -1,7 +1,5 @@
 #include "spreadsheet/Spreadsheet.h"
 
-#include "platform/RunTimeError.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibrary>
@@ -12,17 +10,17 @@ Spreadsheet::Spreadsheet(const QString& driverFolder) : m_driverFolder(driverFol
 
 Spreadsheet::~Spreadsheet() = default;
 
-std::unique_ptr<Workbook> Spreadsheet::open(const QString& path)
+SpreadsheetResult<std::unique_ptr<Workbook>> Spreadsheet::open(const QString& path)
 {
-  return driver().open(path);
+  return driver().and_then([&path](SpreadsheetDriver* driver) { return driver->open(path); });
 }
 
-std::unique_ptr<Workbook> Spreadsheet::create()
+SpreadsheetResult<std::unique_ptr<Workbook>> Spreadsheet::create()
 {
-  return driver().create();
+  return driver().and_then([](SpreadsheetDriver* driver) { return driver->create(); });
 }
 
-SpreadsheetDriver& Spreadsheet::driver()
+SpreadsheetResult<SpreadsheetDriver*> Spreadsheet::driver()
 {
   if (!m_driver) {
     const QString folder = m_driverFolder.isEmpty() ? QCoreApplication::applicationDirPath() : m_driverFolder;
@@ -30,9 +28,10 @@ SpreadsheetDriver& Spreadsheet::driver()
     // The office's libraries, which it links, can't be unloaded.
     library.setLoadHints(QLibrary::PreventUnloadHint);
     const auto make = reinterpret_cast<SpreadsheetDriver* (*)()>(library.resolve("makeSpreadsheetDriver"));
-    if (!make)
-      throw RunTimeError(RunTimeError::NoSpreadsheet, u"ActiveX 部件不能创建对象"_s);
-    m_driver.reset(make());
+    if (make)
+      m_driver.reset(make());
   }
-  return *m_driver;
+  if (!m_driver)
+    return tl::unexpected(RunTimeError(RunTimeError::NoSpreadsheet, u"ActiveX 部件不能创建对象"_s));
+  return m_driver.get();
 }

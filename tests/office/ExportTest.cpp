@@ -108,11 +108,7 @@ TEST_F(ExportTest, AnOfficeThatDiesEndsInARunTimeError)
 
 TEST_F(ExportTest, AMachineWithoutADriverSaysSo)
 {
-  Spreadsheet missing(folder.path());
-  try {
-    missing.create();
-    ADD_FAILURE();
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number(), RunTimeError::NoSpreadsheet);
-  }
+  const auto workbook = Spreadsheet(folder.path()).create();
+  ASSERT_FALSE(workbook);
+  EXPECT_EQ(workbook.error().number(), RunTimeError::NoSpreadsheet);
 }

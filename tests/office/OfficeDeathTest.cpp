@@ -23,9 +23,9 @@ using namespace std::chrono_literals;
 int hold(const std::string& what)
 {
   Office office;
-  const std::unique_ptr<Workbook> workbook = office.create();
+  const std::unique_ptr<Workbook> workbook = orThrow(office.create());
   if (what == "handed-over")
-    workbook->finish(workbook->sheetNames().first(), Workbook::Finish::HandOver, "输出....");
+    orThrow(workbook->finish(orThrow(workbook->sheetNames()).first(), Workbook::Finish::HandOver, "输出...."));
   std::puts("ready");
   std::fflush(stdout);
   pause();
@@ -109,7 +109,7 @@ TEST(OfficeDeath, AKilledProgramTakesItsOfficeAlong)
   const auto before = pipes();
 
   Office office;
-  office.create();
+  orThrow(office.create());
   EXPECT_EQ(contentOf(left.profileFolder), QStringList());
   EXPECT_FALSE(QFile::exists(pipe));
   EXPECT_EQ(pipes(), before - 2);
@@ -139,7 +139,7 @@ TEST(OfficeDeath, DocumentsOfTheUserAreNotClosed)
   const QTemporaryDir folder;
   const Display display;
   auto office = std::make_unique<Office>();
-  office->create();
+  orThrow(office->create());
   auto client = std::make_unique<OfficeClient>();
   for (const char* format : {"xls", "xlsx"}) {
     OfficeClient::Book made = client->create();
@@ -152,8 +152,8 @@ TEST(OfficeDeath, DocumentsOfTheUserAreNotClosed)
     made.store(path);
     made.close();
 
-    std::unique_ptr<Workbook> page = office->open(path);
-    page->finish("sheet1", Workbook::Finish::Preview, "打印");
+    std::unique_ptr<Workbook> page = orThrow(office->open(path));
+    orThrow(page->finish("sheet1", Workbook::Finish::Preview, "打印"));
     EXPECT_TRUE(client->open().first().isInPreview()) << format;
     EXPECT_EQ(client->open().first().title(), "打印");
     EXPECT_TRUE(page->isInPreview());

@@ -17,7 +17,7 @@ OfficeFixture::OfficeFixture()
 
 OfficeClient& OfficeFixture::client()
 {
-  if (session.spreadsheet.create(); !m_client)
+  if (orThrow(session.spreadsheet.create()); !m_client)
     m_client = std::make_unique<OfficeClient>();
   return *m_client;
 }

@@ -98,24 +98,22 @@ void Office::clearInstances()
 }
 
 // An office that could not open a file may still hold parts of it.
-std::unique_ptr<Workbook> Office::open(const QString& path)
+SpreadsheetResult<std::unique_ptr<Workbook>> Office::open(const QString& path)
 {
   const QString url = QString::fromLatin1(QUrl::fromLocalFile(QDir(path).absolutePath()).toEncoded());
   if (unpackedSize(path) > MostUnpacked)
-    throw noWorkbook();
-  require();
-  try {
-    return call([&] { return isExcel(url) ? load(url) : throw noWorkbook(); });
-  } catch (const RunTimeError&) {
+    return tl::unexpected(noWorkbook());
+  if (const auto ready = require(); !ready)
+    return tl::unexpected(ready.error());
+  auto workbook = call([&] { return isExcel(url) ? load(url) : throw noWorkbook(); });
+  if (!workbook)
     kill();
-    throw;
-  }
+  return workbook;
 }
 
-std::unique_ptr<Workbook> Office::create()
+SpreadsheetResult<std::unique_ptr<Workbook>> Office::create()
 {
-  require();
-  return call([this] { return load(u"private:factory/scalc"_s); });
+  return require().and_then([this] { return call([this] { return load(u"private:factory/scalc"_s); }); });
 }
 
 // Decided by the content: templates come from a database that others write, and web pages or text documents can do
@@ -145,11 +143,7 @@ std::unique_ptr<Workbook> Office::load(const QString& url)
 
 bool Office::answers()
 {
-  try {
-    return m_connection.isConnected() && call([this] { return m_connection.desktop()->getComponents().is(); });
-  } catch (const RunTimeError&) {
-    return false;
-  }
+  return m_connection.isConnected() && call([this] { return m_connection.desktop()->getComponents().is(); }).value_or(false);
 }
 
 void Office::kill()
@@ -160,26 +154,26 @@ void Office::kill()
   m_workbooks.clear();
 }
 
-void Office::require()
+SpreadsheetResult<void> Office::require()
 {
   if (answers())
-    return;
+    return {};
   kill();
-  if (!m_instanceLock)
-    takeInstance();
-  startAndConnect();
+  return call([this] {
+    if (!m_instanceLock)
+      takeInstance();
+    startAndConnect();
+  });
 }
 
 // With a new profile the office exits once before it listens, and must be started again.
 void Office::startAndConnect()
 {
-  call([this] {
-    m_instance.prepare();
-    for (int starts = 0; starts < 2; ++starts)
-      if (m_process.start(m_instance) && connectWhileStarting())
-        return;
-    throw notThere();
-  });
+  m_instance.prepare();
+  for (int starts = 0; starts < 2; ++starts)
+    if (m_process.start(m_instance) && connectWhileStarting())
+      return;
+  throw notThere();
 }
 
 bool Office::connectWhileStarting()
@@ -213,7 +207,7 @@ void Office::handOver()
 
 void Office::leaveToOperator()
 {
-  if (m_isOperators || !OfficeProcess::hasDisplay() || !call([this] { return hasOperatorsDocuments(); }))
+  if (m_isOperators || !OfficeProcess::hasDisplay() || !call([this] { return hasOperatorsDocuments(); }).value_or(false))
     return;
   m_isOperators = true;
   m_instanceLock.reset();
@@ -228,12 +222,9 @@ bool Office::hasOperatorsDocuments() const
 
 void Office::close(const Reference<star::frame::XModel>& workbook)
 {
-  try {
-    leaveToOperator();
-    call([&] { Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true); });
-  } catch (const RunTimeError&) {
-    // An office that has exited has closed it.
-  }
+  leaveToOperator();
+  // An office that has exited has closed it.
+  (void)call([&] { Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true); });
   m_workbooks.removeAll(workbook);
   if (m_isOperators)
     handOver();
@@ -241,21 +232,16 @@ void Office::close(const Reference<star::frame::XModel>& workbook)
 
 void Office::end()
 {
-  try {
-    const bool isAlive = answers();
-    if (isAlive)
-      leaveToOperator();
-    if (m_isOperators)
-      return handOver();
-    const bool isEnding = isAlive && call([this] {
-                            for (const auto& workbook : m_workbooks)
-                              Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true);
-                            return m_connection.desktop()->terminate();
-                          });
-    if (isEnding)
-      return call([this] { m_process.wait(); });
-  } catch (const RunTimeError&) {
-    // An office that does not answer is killed.
-  }
-  kill();
+  const bool isAlive = answers();
+  if (isAlive)
+    leaveToOperator();
+  if (m_isOperators)
+    return handOver();
+  const auto endByItself = [this] {
+    for (const auto& workbook : m_workbooks)
+      Reference<star::util::XCloseable>(workbook, UNO_QUERY_THROW)->close(true);
+    return m_connection.desktop()->terminate();
+  };
+  if (!isAlive || !call(endByItself).value_or(false) || !call([this] { m_process.wait(); }))
+    kill();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/RunTimeError.h"
 #include "spreadsheet/Spreadsheet.h"
 #include "spreadsheet/office/OfficeConnection.h"
 #include "spreadsheet/office/OfficeProcess.h"
@@ -16,21 +15,27 @@ class QLockFile;
 // operator, and the next workbook gets another one.
 class Office : public SpreadsheetDriver {
 public:
-  // The timeout of a call, after which the office is killed, and of its start.
+  // The timeout of a call, after which the office is killed, and of its start. RunTimeError if none is installed.
   explicit Office(std::chrono::milliseconds limit = std::chrono::seconds(60));
   ~Office() override;
 
-  std::unique_ptr<Workbook> open(const QString& path) override;
-  std::unique_ptr<Workbook> create() override;
+  SpreadsheetResult<std::unique_ptr<Workbook>> open(const QString& path) override;
+  SpreadsheetResult<std::unique_ptr<Workbook>> create() override;
 
-  // Runs one piece of work with the office, within the limit; failures are thrown as RunTimeError.
-  template <typename Work> auto call(const Work& work)
+  // Runs one piece of work with the office, within the limit. The work throws the office's exceptions, or RunTimeError:
+  // this is where they become results.
+  template <typename Work> auto call(const Work& work) -> SpreadsheetResult<std::invoke_result_t<Work>>
   {
     const Patience::Turn turn(m_patience);
     try {
-      return work();
+      if constexpr (std::is_void_v<std::invoke_result_t<Work>>)
+        return work(), SpreadsheetResult<void>();
+      else
+        return work();
+    } catch (const RunTimeError& error) {
+      return tl::unexpected(error);
     } catch (const com::sun::star::uno::Exception& exception) {
-      throw RunTimeError(RunTimeError::Automation, programText(exception.Message));
+      return tl::unexpected(RunTimeError(RunTimeError::Automation, programText(exception.Message)));
     }
   }
 
@@ -49,7 +54,7 @@ public:
 private:
   std::unique_ptr<Workbook> load(const QString& url);
   bool isExcel(const QString& url) const;
-  void require();
+  [[nodiscard]] SpreadsheetResult<void> require();
   void kill();
   bool answers();
   void takeInstance();

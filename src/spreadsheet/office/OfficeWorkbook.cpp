@@ -103,7 +103,7 @@ Reference<star::table::XCellRange> OfficeWorkbook::range(const QString& sheet, i
   return sheetCalled(sheet)->getCellRangeByPosition(column - 1, row - 1, sal_Int32(column + columns - 2), sal_Int32(row + rows - 2));
 }
 
-QStringList OfficeWorkbook::sheetNames()
+SpreadsheetResult<QStringList> OfficeWorkbook::sheetNames()
 {
   return m_office.call([&] {
     QStringList names;
@@ -113,7 +113,7 @@ QStringList OfficeWorkbook::sheetNames()
   });
 }
 
-QList<QStringList> OfficeWorkbook::texts(const QString& sheet, int rows, int columns)
+SpreadsheetResult<QList<QStringList>> OfficeWorkbook::texts(const QString& sheet, int rows, int columns)
 {
   return m_office.call([&] {
     QList<QStringList> all;
@@ -160,17 +160,17 @@ void OfficeWorkbook::formatLike(const Reference<star::table::XCellRange>& cell, 
   propertiesOf(cell)->setPropertyValue(officeText(u"NumberFormat"), Any(key));
 }
 
-void OfficeWorkbook::enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block)
+SpreadsheetResult<void> OfficeWorkbook::enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     Reference<star::sheet::XCellRangeData>(range(sheet, row, column, block.size(), block.first().size()), UNO_QUERY_THROW)
         ->setDataArray(cellsOf(block));
   });
 }
 
-void OfficeWorkbook::enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts)
+SpreadsheetResult<void> OfficeWorkbook::enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     for (const QString& amount : amounts) {
       const auto cell = range(sheet, row++, column, 1, 1);
       const std::optional<double> number = enteredNumber(amount);
@@ -186,9 +186,9 @@ void OfficeWorkbook::enterAmounts(const QString& sheet, int row, int column, con
   });
 }
 
-void OfficeWorkbook::setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths)
+SpreadsheetResult<void> OfficeWorkbook::setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     const Reference<star::table::XColumnRowRange> sized(range(sheet, 1, 1, rows, columnWidths.size()), UNO_QUERY_THROW);
     propertiesOf(sized->getRows())->setPropertyValue(officeText(u"Height"), lengthOf(rowHeight));
     const auto columns = sized->getColumns();
@@ -198,9 +198,9 @@ void OfficeWorkbook::setSizes(const QString& sheet, int rows, int rowHeight, con
   });
 }
 
-void OfficeWorkbook::showWhole(const QString& sheet, const QList<Cell>& cells)
+SpreadsheetResult<void> OfficeWorkbook::showWhole(const QString& sheet, const QList<Cell>& cells)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     const auto rows = Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows();
     for (const Cell& cell : cells) {
       propertiesOf(range(sheet, cell.row, cell.column, 1, 1))->setPropertyValue(officeText(u"IsTextWrapped"), Any(true));
@@ -210,9 +210,9 @@ void OfficeWorkbook::showWhole(const QString& sheet, const QList<Cell>& cells)
 }
 
 // The formats of the row above are copied automatically, a custom height is not.
-void OfficeWorkbook::insertRows(const QString& sheet, int row, int count)
+SpreadsheetResult<void> OfficeWorkbook::insertRows(const QString& sheet, int row, int count)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     const auto rows = Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows();
     const auto above = propertiesOf(itemOf(rows, row - 2));
     rows->insertByIndex(row - 1, count);
@@ -223,9 +223,9 @@ void OfficeWorkbook::insertRows(const QString& sheet, int row, int count)
   });
 }
 
-void OfficeWorkbook::deleteRow(const QString& sheet, int row)
+SpreadsheetResult<void> OfficeWorkbook::deleteRow(const QString& sheet, int row)
 {
-  m_office.call(
+  return m_office.call(
       [&] { Reference<star::table::XColumnRowRange>(sheetCalled(sheet), UNO_QUERY_THROW)->getRows()->removeByIndex(row - 1, 1); });
 }
 
@@ -243,18 +243,19 @@ void OfficeWorkbook::printOnly(const QString& name)
   }
 }
 
-void OfficeWorkbook::finish(const QString& sheet, Finish how, const QString& caption)
+SpreadsheetResult<void> OfficeWorkbook::finish(const QString& sheet, Finish how, const QString& caption)
 {
   switch (how) {
   case Finish::Print: return print(sheet);
   case Finish::Preview: return preview(sheet, caption);
-  case Finish::HandOver: return handOver(sheet, caption);
+  case Finish::HandOver: break;
   }
+  return handOver(sheet, caption);
 }
 
-void OfficeWorkbook::print(const QString& sheet)
+SpreadsheetResult<void> OfficeWorkbook::print(const QString& sheet)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     // Without a printer the office would silently print nothing.
     if (!m_office.hasPrinter())
       throw RunTimeError(RunTimeError::Automation, u"没有安装打印机"_s);
@@ -294,9 +295,9 @@ Reference<star::frame::XController> OfficeWorkbook::previewController()
   return {};
 }
 
-void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
+SpreadsheetResult<void> OfficeWorkbook::preview(const QString& sheet, const QString& caption)
 {
-  m_office.call([&] {
+  return m_office.call([&] {
     printOnly(sheet);
     show(sheet, caption);
     const Reference<star::frame::XDispatchHelper> helper(m_office.connection().service("com.sun.star.frame.DispatchHelper"),
@@ -312,19 +313,18 @@ void OfficeWorkbook::preview(const QString& sheet, const QString& caption)
 // Closing the preview window closes the workbook, and the office with its last window.
 bool OfficeWorkbook::isInPreview()
 {
-  try {
-    if (!OfficeProcess::hasDisplay())
-      return false;
-    m_office.leaveToOperator();
-    return m_office.call([&] { return controller() == m_preview; });
-  } catch (const RunTimeError&) {
+  if (!OfficeProcess::hasDisplay())
     return false;
-  }
+  m_office.leaveToOperator();
+  return m_office.call([&] { return controller() == m_preview; }).value_or(false);
 }
 
-void OfficeWorkbook::handOver(const QString& sheet, const QString& caption)
+SpreadsheetResult<void> OfficeWorkbook::handOver(const QString& sheet, const QString& caption)
 {
-  m_office.call([&] { show(sheet, caption); });
-  m_isHandedOver = true;
-  m_office.handOver();
+  const auto shown = m_office.call([&] { show(sheet, caption); });
+  if (shown) {
+    m_isHandedOver = true;
+    m_office.handOver();
+  }
+  return shown;
 }

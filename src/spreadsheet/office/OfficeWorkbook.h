@@ -19,23 +19,23 @@ public:
   OfficeWorkbook(Office& office, const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>& document);
   ~OfficeWorkbook() override;
 
-  QStringList sheetNames() override;
-  QList<QStringList> texts(const QString& sheet, int rows, int columns) override;
-  void enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
-  void enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts) override;
-  void setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) override;
-  void showWhole(const QString& sheet, const QList<Cell>& cells) override;
-  void insertRows(const QString& sheet, int row, int count) override;
-  void deleteRow(const QString& sheet, int row) override;
-  void finish(const QString& sheet, Finish how, const QString& caption) override;
+  SpreadsheetResult<QStringList> sheetNames() override;
+  SpreadsheetResult<QList<QStringList>> texts(const QString& sheet, int rows, int columns) override;
+  SpreadsheetResult<void> enterTexts(const QString& sheet, int row, int column, const QList<QStringList>& block) override;
+  SpreadsheetResult<void> enterAmounts(const QString& sheet, int row, int column, const QStringList& amounts) override;
+  SpreadsheetResult<void> setSizes(const QString& sheet, int rows, int rowHeight, const QList<int>& columnWidths) override;
+  SpreadsheetResult<void> showWhole(const QString& sheet, const QList<Cell>& cells) override;
+  SpreadsheetResult<void> insertRows(const QString& sheet, int row, int count) override;
+  SpreadsheetResult<void> deleteRow(const QString& sheet, int row) override;
+  SpreadsheetResult<void> finish(const QString& sheet, Finish how, const QString& caption) override;
   bool isInPreview() override;
 
 private:
   template <typename Interface> using Reference = com::sun::star::uno::Reference<Interface>;
 
-  void print(const QString& sheet);
-  void preview(const QString& sheet, const QString& caption);
-  void handOver(const QString& sheet, const QString& caption);
+  SpreadsheetResult<void> print(const QString& sheet);
+  SpreadsheetResult<void> preview(const QString& sheet, const QString& caption);
+  SpreadsheetResult<void> handOver(const QString& sheet, const QString& caption);
   Reference<com::sun::star::sheet::XSpreadsheet> sheetCalled(const QString& name);
   Reference<com::sun::star::table::XCellRange> range(const QString& sheet, int row, int column, qsizetype rows, qsizetype columns);
   // None is the default format of a cell.

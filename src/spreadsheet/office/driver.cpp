@@ -1,7 +1,14 @@
 #include "spreadsheet/office/Office.h"
 
-// The symbol that the program looks up in this library.
+// The symbol that the program looks up in this library. Null if no office is installed, or if its libraries can't be
+// used.
 extern "C" Q_DECL_EXPORT SpreadsheetDriver* makeSpreadsheetDriver()
 {
-  return new Office;
+  try {
+    return new Office;
+  } catch (const RunTimeError&) {
+    return nullptr;
+  } catch (const com::sun::star::uno::Exception&) {
+    return nullptr;
+  }
 }
