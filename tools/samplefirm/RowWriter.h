@@ -19,7 +19,10 @@ public:
   class Value {
   public:
     template <typename Text>
-    requires std::convertible_to<const Text&, QStringView> Value(const Text& text) : m_text(text) {}
+      requires std::convertible_to<const Text&, QStringView>
+    Value(const Text& text) : m_text(text)
+    {
+    }
     Value(const QByteArray& bytes) : m_bytes(&bytes) {}
 
   private:
