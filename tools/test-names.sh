@@ -24,18 +24,21 @@ list_names() {
 
 # Runs what has one of these names, and sums up.
 run_named() {
-  local preset=$1 build=build/$1 name filter='' groups='' scripts=()
+  local preset=$1 build=build/$1 name filter='' groups='' scripts=() known_units known_groups
   shift
+  # Whole lists: "grep -q" ends early, and under "pipefail" its dying writer would count as no match.
+  known_units=$(unit_tests "$build")
+  known_groups=$(ctest_names "$build")
   for name in "$@"; do
     local found=0 found_scripts
     if [ -d "tests/unit/$name" ]; then
       filter+=:$(suites_of_module "$name") found=1
-    elif unit_tests "$build" | grep -qF -- "$name"; then
+    elif grep -qF -- "$name" <<<"$known_units"; then
       filter+=:"*$name*" found=1
     fi
     mapfile -t found_scripts < <(find tests/scripts -path "*/$name.op" -o -path "tests/scripts/$name/*.op" | sort)
     [ ${#found_scripts[@]} = 0 ] || { scripts+=("${found_scripts[@]}") found=1; }
-    if ctest_names "$build" | grep -qxF -- "$name"; then
+    if grep -qxF -- "$name" <<<"$known_groups"; then
       groups+="|$name" found=1
     fi
     [ $found = 1 ] || { echo "There is no test named $name; ./test --list shows the names." >&2 && return 2; }
