@@ -32,6 +32,7 @@ struct frmSample : Form {
   MenuItemArray Kinds{&File, "Kinds_Inf"};
   MenuItem FExit{&File, "FExit"};
   TextBox TxtName{this, "TxtName"};
+  ImageButton ImgName{this, "ImgName"};
   TextBox TxtMemo{this, "TxtMemo"};
   DatePicker DTPDate{this, "DTPDate"};
   Grid MSH{this, "MSH"};
@@ -51,9 +52,9 @@ std::unique_ptr<QWidget> sampleWindow(const QString&, QWidget*)
   put<QMenuBar>(*window, "menuBar");
   put<QToolBar>(*window, "Toolbar1");
   put<QLineEdit>(*window, "TxtName");
-  put<QLineEdit>(*window, "TxtMemo");
   put<QDateEdit>(*window, "DTPDate");
   put<QTableView>(*window, "MSH");
+  put<QLineEdit>(*window, "TxtMemo");
   return window;
 }
 
@@ -104,6 +105,16 @@ TEST_F(FormWindowTest, KeepsTheFocusThatTheFormHasWhenAWidgetHides)
   EXPECT_EQ(left.join(u' '), "") << "the widget to which Qt moved the focus meanwhile";
 }
 
+TEST_F(FormWindowTest, ADisabledControlPassesTheFocusOnInTheOrderOfTheForm)
+{
+  form.TxtName.onKey = [this](const Key&) {
+    form.TxtName.setEnabled(false);
+    return true;
+  };
+  QTest::keyClick(&edit("TxtName"), Qt::Key_Return);
+  EXPECT_EQ(form.focused(), &form.TxtMemo);
+}
+
 TEST_F(FormWindowTest, PressesToolButtonsWithoutTakingTheFocus)
 {
   int saves = 0;
@@ -117,6 +128,15 @@ TEST_F(FormWindowTest, PressesToolButtonsWithoutTakingTheFocus)
   form.FSave.setEnabled(false);
   QTest::keyClick(bound.window().focusWidget(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(saves, 2);
+}
+
+TEST_F(FormWindowTest, OpensThePickerOfAFieldByItsKeys)
+{
+  int picks = 0;
+  form.ImgName.onClick = [&] { ++picks; };
+  QTest::keyClick(&edit("TxtName"), Qt::Key_F4);
+  QTest::keyClick(&edit("TxtName"), Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(picks, 2);
 }
 
 TEST_F(FormWindowTest, KeepsTheItemsOfAnArrayTogether)
