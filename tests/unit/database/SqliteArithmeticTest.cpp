@@ -61,6 +61,8 @@ TEST_F(SqliteArithmeticTest, ComputesWithDecimals)
       {"1e-5+1E+1-.5", "9.50001 9.50001 9.50001"},
       {"cast((a-b)*100 as integer)", "7997 -10 123456789"},
       {"whole*1e15+0.25-1e15*whole", "0.25 0.25 0.25"},
+      // The 39th digit is rounded.
+      {"1e37+0.5-1e37", "1. 1. 1."},
       // The engine reads this one bit too low.
       {"8.637683*1000000=8637683", "1 1 1"},
       {"123456789012.3456-123456789012", "0.3456 0.3456 0.3456"},

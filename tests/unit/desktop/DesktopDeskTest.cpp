@@ -68,14 +68,25 @@ TEST_F(DesktopDeskTest, AFormThatIsOpenComesToTheFrontInsteadOfASecondWindow)
     names.sort();
     return names;
   };
+  const auto isInFront = [](const Form& form) {
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() && QApplication::activeWindow()->objectName() == form.name(); });
+  };
   const auto comesToTheFront = [&](Form& form) {
     desk.show(form);
-    return QTest::qWaitFor([&] { return QApplication::activeWindow() && QApplication::activeWindow()->objectName() == form.name(); });
+    return isInFront(form);
   };
   EXPECT_TRUE(comesToTheFront(picker));
   EXPECT_TRUE(comesToTheFront(query));
   EXPECT_TRUE(comesToTheFront(picker));
   EXPECT_EQ(windows(), (QStringList{"frmCode", "frmSFKHeXiao"}));
+  atBox = [](QMessageBox& box) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == "frmSFKHeXiao")
+        window->activateWindow();
+    box.accept();
+  };
+  desk.inform("保存成功！");
+  EXPECT_TRUE(isInFront(picker)) << "which asked";
   picker.close();
   EXPECT_EQ(windows(), QStringList{"frmSFKHeXiao"});
   query.close();
