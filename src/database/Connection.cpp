@@ -32,10 +32,39 @@ DatabaseResult<Recordset> Connection::run(const QString& sql)
   if (!isOpen())
     return databaseError(CannotConnect, u"连接没有打开"_s);
   auto rows = m_engine->execute(sql);
-  if (!rows && rows.error().isRepeatable) {
+  if (!rows && rows.error().isRepeatable && !m_isInTransaction) {
     if (const auto opened = open(m_text); !opened)
       return tl::unexpected(opened.error());
     rows = m_engine->execute(sql);
   }
   return std::move(rows).map([](RowSet&& read) { return Recordset(std::move(read)); });
+}
+
+DatabaseResult<void> Connection::begin()
+{
+  if (!isOpen())
+    return databaseError(CannotConnect, u"连接没有打开"_s);
+  auto begun = m_engine->begin();
+  if (!begun && begun.error().isRepeatable) {
+    if (const auto opened = open(m_text); !opened)
+      return opened;
+    begun = m_engine->begin();
+  }
+  m_isInTransaction = begun.has_value();
+  return begun;
+}
+
+DatabaseResult<void> Connection::commit()
+{
+  m_isInTransaction = false;
+  if (!isOpen())
+    return databaseError(CannotConnect, u"连接没有打开"_s);
+  return m_engine->commit();
+}
+
+void Connection::rollback()
+{
+  m_isInTransaction = false;
+  if (isOpen())
+    m_engine->rollback();
 }

@@ -16,7 +16,18 @@ public:
   // returns the error and is no longer open.
   [[nodiscard]] DatabaseResult<Recordset> run(const QString& sql);
 
+  // One transaction on the open connection, which is not dropped and opened again within it.
+  [[nodiscard]] DatabaseResult<void> begin();
+  // After a failure nothing of it is stored.
+  [[nodiscard]] DatabaseResult<void> commit();
+  // Ends a transaction that the engine may have given up already.
+  void rollback();
+  bool isInTransaction() const { return m_isInTransaction; }
+  // True if the engine has ended the transaction by itself: nothing of it is stored.
+  bool hasLostTransaction() const { return m_isInTransaction && !(isOpen() && m_engine->isInTransaction()); }
+
 private:
   std::unique_ptr<Engine> m_engine;
   QString m_text; // the text that it was opened with
+  bool m_isInTransaction = false;
 };

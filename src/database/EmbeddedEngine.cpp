@@ -7,6 +7,7 @@
 #include "database/SqliteCollations.h"
 
 #include <sqlite3.h>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,14 @@ int authorize(void*, int action, const char*, const char*, const char*, const ch
   }
 }
 
+// After a failure of the disk or of the memory nothing more can be relied on. SQLite itself ends the transaction only after
+// some of them.
+bool endsTransaction(int code)
+{
+  const int primary = code & 0xff;
+  return primary == SQLITE_FULL || primary == SQLITE_IOERR || primary == SQLITE_NOMEM || primary == SQLITE_CORRUPT;
+}
+
 class SqliteEngine : public Engine {
 public:
   SqliteEngine(Sqlite::Database database, std::chrono::milliseconds longestStatement)
@@ -37,12 +46,31 @@ public:
 
   bool isOpen() const override { return m_database != nullptr; }
 
+  // The lock is taken at once: a transaction that read first could find the account set changed at its first write.
+  DatabaseResult<void> begin() override { return run("begin immediate"); }
+
+  DatabaseResult<void> commit() override
+  {
+    auto done = run("commit");
+    if (!done)
+      rollback();
+    return done;
+  }
+
+  void rollback() override
+  {
+    if (isInTransaction())
+      std::ignore = run("rollback");
+  }
+
+  bool isInTransaction() const override { return sqlite3_get_autocommit(m_database.get()) == 0; }
+
   DatabaseResult<RowSet> execute(const QString& sql) override
   {
     const auto translation = DialectTranslator::forEmbedded(sql);
     if (!translation)
       return databaseError(SQLITE_AUTH, translation.error());
-    const auto statement = Sqlite::prepare(m_database.get(), translation->sql.toUtf8());
+    auto statement = Sqlite::prepare(m_database.get(), translation->sql.toUtf8());
     if (!statement)
       return tl::unexpected(statement.error());
     RowSet rows = Sqlite::columnsOf(statement->get());
@@ -50,12 +78,24 @@ public:
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(statement->get())) == SQLITE_ROW && share.hasRoomFor(rows))
       Sqlite::appendRow(rows, statement->get());
-    if (step != SQLITE_DONE)
-      return tl::unexpected(share.excess(rows).value_or(Sqlite::errorOf(m_database.get())));
+    if (step != SQLITE_DONE) {
+      const DatabaseError error = share.excess(rows).value_or(Sqlite::errorOf(m_database.get()));
+      statement->reset();
+      if (endsTransaction(step))
+        rollback();
+      return tl::unexpected(error);
+    }
     return translation->isQuery ? std::move(rows) : RowSet();
   }
 
 private:
+  DatabaseResult<void> run(const char* sql)
+  {
+    if (sqlite3_exec(m_database.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+      return tl::unexpected(Sqlite::errorOf(m_database.get()));
+    return {};
+  }
+
   Sqlite::Database m_database;
   std::chrono::milliseconds m_longestStatement;
 };

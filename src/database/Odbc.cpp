@@ -8,6 +8,7 @@
 #include <optional>
 #include <sql.h>
 #include <sqlext.h>
+#include <tuple>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -63,6 +64,13 @@ Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle)
   if (number != 0)
     diagnosis.error.number = number;
   return diagnosis;
+}
+
+// A deadlock, a serialization failure, a full or failing disk: the server ends the transaction, or nothing of it can
+// be saved.
+bool tellsOfEndedTransaction(const QByteArray& state)
+{
+  return state.startsWith("40") || state == "53100" || state.startsWith("58");
 }
 
 // A server that ends the connection itself reports a state of its own.
@@ -230,6 +238,7 @@ struct Odbc::Handles {
   ServerWatch watch;
   ServerWaits waits;
   bool connected = false;
+  bool inTransaction = false;
   bool lost = false;
 
   Kind kind = Kind::Unknown;
@@ -271,7 +280,8 @@ QString Odbc::driverText(const ServerAddress& server, const ServerWaits& waits, 
     if (!server.port.isEmpty())
       words << u"Port="_s + server.port;
     // Line breaks and binary columns unchanged; a server that does not respond is given up.
-    words << u"LFConversion=0;ByteaAsLongVarBinary=1;"
+    // In a transaction a failed statement is undone alone.
+    words << u"LFConversion=0;ByteaAsLongVarBinary=1;Protocol=7.4-2;"
              u"pqopt={connect_timeout=%1 keepalives_idle=10 keepalives_interval=5 keepalives_count=3 "
              u"tcp_user_timeout=20000 client_encoding=UTF8}"_s.arg(seconds(waits.connect));
   } else if (library.contains(u"tdsodbc"_s)) {
@@ -345,6 +355,44 @@ DatabaseResult<RowSet> Odbc::run(const QByteArray& utf8)
   return runWithin(utf8, m_handles->waits.statement + m_handles->waits.connect);
 }
 
+void Odbc::begin()
+{
+  SQLSetConnectAttr(m_handles->connection->get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0);
+  m_handles->inTransaction = true;
+}
+
+DatabaseResult<void> Odbc::commit()
+{
+  return end(SQL_COMMIT);
+}
+
+void Odbc::rollback()
+{
+  if (isInTransaction())
+    std::ignore = end(SQL_ROLLBACK);
+}
+
+bool Odbc::isInTransaction() const
+{
+  return m_handles->inTransaction && !isLost();
+}
+
+DatabaseResult<void> Odbc::end(SQLSMALLINT completion)
+{
+  const ServerWatch::Call call(m_handles->watch, m_handles->waits.statement + m_handles->waits.connect);
+  SQLHDBC connection = m_handles->connection->get();
+  m_handles->inTransaction = false;
+  const bool isDone = SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection, completion));
+  const Diagnosis diagnosis = isDone ? Diagnosis() : diagnosisOf(SQL_HANDLE_DBC, connection);
+  if (!isDone)
+    noteLoss(diagnosis.state);
+  if (!isLost())
+    SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_ON), 0);
+  if (!isDone)
+    return tl::unexpected(diagnosis.error);
+  return {};
+}
+
 DatabaseResult<RowSet> Odbc::tryOut()
 {
   return runWithin("select 1", m_handles->waits.connect);
@@ -378,10 +426,17 @@ DatabaseResult<RowSet> Odbc::execute(const QByteArray& utf8)
     if (auto rows = RowReader(statement.get()).readAll())
       return *std::move(rows);
   const Diagnosis diagnosis = diagnosisOf(SQL_HANDLE_STMT, statement.get());
+  noteLoss(diagnosis.state);
+  if (tellsOfEndedTransaction(diagnosis.state))
+    rollback();
+  return tl::unexpected(diagnosis.error);
+}
+
+void Odbc::noteLoss(const QByteArray& state)
+{
   SQLUINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttr(m_handles->connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-  m_handles->lost = m_handles->lost || dead == SQL_CD_TRUE || tellsOfLoss(diagnosis.state);
-  return tl::unexpected(diagnosis.error);
+  m_handles->lost = m_handles->lost || isGivenUp() || dead == SQL_CD_TRUE || tellsOfLoss(state);
 }
 
 bool Odbc::isLost() const

@@ -23,6 +23,13 @@ public:
   Kind kind() const;
   // Runs one statement, given as UTF-8, and reads its rows to their end.
   [[nodiscard]] DatabaseResult<RowSet> run(const QByteArray& utf8);
+  // One transaction: its first statement starts it on the server. A statement that fails is undone alone, unless the
+  // failure is one that ends the transaction; then it is rolled back.
+  void begin();
+  // After a failure nothing is stored, as far as the server has said.
+  [[nodiscard]] DatabaseResult<void> commit();
+  void rollback();
+  bool isInTransaction() const;
   // Pings the server, with the timeout for connecting.
   [[nodiscard]] DatabaseResult<RowSet> tryOut();
   // True once a failure has shown that the connection is lost, or the server had to be given up.
@@ -41,6 +48,9 @@ private:
   DatabaseResult<void> setUp(const ServerWaits& waits);
   DatabaseResult<RowSet> runWithin(const QByteArray& utf8, std::chrono::milliseconds limit);
   DatabaseResult<RowSet> execute(const QByteArray& utf8);
+  DatabaseResult<void> end(short completion);
+  // Marks the connection as lost if a failure with this state shows it.
+  void noteLoss(const QByteArray& state);
 
   std::unique_ptr<Handles> m_handles;
 };
