@@ -54,7 +54,7 @@ void dress(QMessageBox& box, const Desk::Box& asked)
   for (const BoxButton& one : BoxButtons)
     if (QAbstractButton* const button = box.button(one.button))
       button->setText(one.text.toString());
-  box.setDefaultButton(buttons.first);
+  box.setDefaultButton(asked.isNoPreset ? QMessageBox::No : buttons.first);
   box.setEscapeButton(buttons.closing);
 }
 
@@ -89,7 +89,7 @@ QWidget* DesktopDesk::topWindow() const
   return nullptr;
 }
 
-Desk::Answer DesktopDesk::ask(const Box& asked)
+Desk::Answer DesktopDesk::showBox(const Box& asked)
 {
   const auto front = reactivateLater(topWindow());
   const auto pause = pauseBusy();

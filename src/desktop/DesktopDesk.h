@@ -28,7 +28,6 @@ public:
   explicit DesktopDesk(const WindowDesigns& designs, DeskObserver* observer = nullptr);
   ~DesktopDesk() override;
 
-  Answer ask(const Box& box) override;
   void show(Form& form) override;
   void showModal(Form& form) override;
   void showDuring(Form& form, const std::function<void()>& work) override;
@@ -37,6 +36,7 @@ public:
   void setBusy(bool busy) override;
 
 private:
+  Answer showBox(const Box& box) override;
   // The window of the open form that was shown last; null if there is none.
   QWidget* topWindow() const;
   // Brings the window of an open form to the front; false if the form is not open.

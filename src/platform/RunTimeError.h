@@ -36,3 +36,7 @@ private:
   Number m_number;
   QString m_description;
 };
+
+// Thrown when nothing of what an action wrote could be stored. The error has been shown; the event ends like one with a
+// run-time error, and what was typed remains.
+class ActionLost : public std::exception {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -19,13 +20,20 @@ public:
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
     QString title = QString::fromUtf16(u"系统提示");
+    bool isNoPreset = false; // the button that Enter presses at once, of YesNo
   };
 
   virtual ~Desk() = default;
 
   // Shows a box and waits for its answer. A box closed without an answer counts as Cancel or No,
-  // and as Ok where Ok is the only one.
-  virtual Answer ask(const Box& box) = 0;
+  // and as Ok where Ok is the only one. While boxes are held, one without a choice is kept for later.
+  Answer ask(const Box& box);
+
+  // Nobody waits for a box that another user has on the screen: what an action has to say while it writes is held
+  // until it has written, then shown in its order, or dropped. A box with a choice is never asked meanwhile.
+  void holdBoxes() { m_isHolding = true; }
+  void showHeldBoxes();
+  void dropHeldBoxes();
 
   // Shows a form and returns at once. One that is open already comes to the front.
   virtual void show(Form& form) = 0;
@@ -46,4 +54,11 @@ public:
   void stop(const QString& text) { ask({text, Icon::Stop}); }
   // Yes or no; true for yes.
   bool confirm(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo}) == Answer::Yes; }
+
+protected:
+  virtual Answer showBox(const Box& box) = 0;
+
+private:
+  bool m_isHolding = false;
+  QList<Box> m_held;
 };

@@ -15,12 +15,17 @@ void Form::handle(const std::function<void()>& event)
     return;
   }
   const QScopedValueRollback handling(m_isHandling, true);
+  const auto settle = [this] {
+    settleAfterRunTimeError();
+    m_desk.setBusy(false);
+  };
   try {
     event();
   } catch (const RunTimeError& error) {
-    settleAfterRunTimeError();
-    m_desk.setBusy(false);
+    settle();
     m_desk.stop(error.text());
+  } catch (const ActionLost&) {
+    settle();
   }
 }
 

@@ -11,7 +11,7 @@
 // control's name; a script drives the form by the same names.
 //
 // Invariant: if an event of the user throws RunTimeError, its handler is abandoned, the error is shown, the
-// cursor is restored and typed input is kept (see handle).
+// cursor is restored and typed input is kept (see handle). So it is after ActionLost, whose error was shown.
 class Form : public Control {
   Q_OBJECT
 

@@ -42,24 +42,49 @@ void showError(Session& session, const DatabaseError& error)
       {u"Error:"_s + QString::number(error.number) + u"\r\n"_s + error.description, Desk::Icon::None, Desk::Buttons::Ok, QString()});
 }
 
+DatabaseResult<void> requireConnection(Session& session)
+{
+  if (session.connection.isOpen() || session.connection.isInTransaction())
+    return {};
+  return session.connection.open(GetConnectionString(session));
+}
+
 // The statement's result; errors are not shown.
 DatabaseResult<Recordset> run(Session& session, const Statement& statement)
 {
-  if (!session.connection.isOpen())
-    if (const auto opened = session.connection.open(GetConnectionString(session)); !opened)
-      return tl::unexpected(opened.error());
+  if (const auto opened = requireConnection(session); !opened)
+    return tl::unexpected(opened.error());
   if (const auto value = statement.violation())
     return databaseError(ChangedShape, u"语句中的值不是一个完整的文字或数字："_s + value->left(60));
   return session.connection.run(statement.sql());
+}
+
+// Nothing of the transaction is stored: the error is all that there is to say.
+[[noreturn]] void loseAction(Session& session, const DatabaseError& error)
+{
+  session.connection.rollback();
+  session.desk.dropHeldBoxes();
+  showError(session, error);
+  throw ActionLost();
 }
 
 // The same, but errors are shown.
 DatabaseResult<Recordset> runAndShow(Session& session, const Statement& statement)
 {
   auto result = run(session, statement);
-  if (!result)
-    showError(session, result.error());
+  if (result)
+    return result;
+  if (session.connection.hasLostTransaction())
+    loseAction(session, result.error());
+  showError(session, result.error());
   return result;
+}
+
+void commit(Session& session)
+{
+  if (const auto done = session.connection.commit(); !done)
+    loseAction(session, done.error());
+  session.desk.showHeldBoxes();
 }
 
 } // namespace
@@ -100,6 +125,23 @@ Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement)
   if (!result)
     throw RunTimeError(RunTimeError::Automation, result.error().description);
   return *std::move(result);
+}
+
+void inOneTransaction(Session& session, const std::function<void()>& writes)
+{
+  if (session.connection.isInTransaction())
+    return writes();
+  const auto begun = requireConnection(session).and_then([&session] { return session.connection.begin(); });
+  if (!begun)
+    loseAction(session, begun.error());
+  session.desk.holdBoxes();
+  try {
+    writes();
+  } catch (const RunTimeError&) {
+    commit(session);
+    throw;
+  }
+  commit(session);
 }
 
 void CloseConnection(Session& session)

@@ -6,10 +6,12 @@
 #include <QDate>
 #include <QString>
 
+#include <functional>
+
 struct Session;
 
 // The only entry point to the database. Every statement is built by the routine that needs it; OpenRecordset reads,
-// Execute writes. There is no transaction anywhere.
+// Execute writes. What one action writes is one transaction, see inOneTransaction.
 
 // The connection text of the session, after a warning if the account set or the server is missing.
 QString GetConnectionString(Session& session);
@@ -25,6 +27,17 @@ bool Execute(Session& session, const Statement& statement);
 
 // A select for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
 Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
+
+// Runs the writes of one action as one transaction: after a death, of the machine too, either all of them are stored or
+// none, and other users see either all or none. A statement outside of one is a transaction by itself.
+//
+// Within it a failed statement is undone alone and shows its box, and the next one runs, as elsewhere. Boxes are held
+// until the transaction is committed; `writes` must not ask a question or show a form. A RunTimeError out of `writes`
+// commits what was written before it. Where the engine gives up the whole transaction, or can't commit it, "Error:" is
+// the only box, nothing is stored and ActionLost is thrown.
+//
+// Called within another one, it is part of that one.
+void inOneTransaction(Session& session, const std::function<void()>& writes);
 
 // Closes the connection, as a screen does when it closes; the next statement opens it again.
 void CloseConnection(Session& session);

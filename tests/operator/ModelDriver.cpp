@@ -180,7 +180,7 @@ public:
 
 private:
   // Desk
-  Answer ask(const Box& box) override { return m_events.boxOpened(box); }
+  Answer showBox(const Box& box) override { return m_events.boxOpened(box); }
 
   void show(Form& form) override
   {

@@ -12,7 +12,7 @@ QString FakeDesk::takeTexts()
   return texts.join(u'\n');
 }
 
-Desk::Answer FakeDesk::ask(const Box& box)
+Desk::Answer FakeDesk::showBox(const Box& box)
 {
   boxes.append(box);
   if (!answers.isEmpty())

@@ -23,7 +23,7 @@ public:
   // The texts of the boxes since the last call, one per line; empty if there was none.
   QString takeTexts();
 
-  Answer ask(const Box& box) override;
+  Answer showBox(const Box& box) override;
   void show(Form& form) override;
   void showModal(Form& form) override;
   void showDuring(Form& form, const std::function<void()>& work) override;
