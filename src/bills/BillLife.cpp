@@ -31,19 +31,38 @@ bool isBeforeLastTurn(const BillScreen& screen)
 
 void BillScreen::setAudit(bool on)
 {
-  if (!mayDo(RightKind::Auditing))
+  const auto auditor = newAuditor(on);
+  if (!auditor)
     return;
+  const auto write = [&] {
+    store.setAuditor(*auditor);
+    return true;
+  };
+  if (changeBill(write, true))
+    showAuditor(*auditor);
+}
+
+// Who is to be the auditor: nobody after a reversal; nothing, after a message, if it is refused.
+std::optional<QString> BillScreen::newAuditor(bool on)
+{
+  if (!mayDo(RightKind::Auditing))
+    return std::nullopt;
   QString refusal;
   if (on)
     refusal = isAudited() ? u"已审核单据，禁止重复审核！"_s : store.hasBill() ? QString() : u"请先保存单据后再审核！"_s;
   else
     refusal = !isAudited() ? u"未审核单据，禁止反审核！"_s : store.hasBill() ? QString() : u"未保存单据，禁止反审核！"_s;
-  if (!refusal.isEmpty())
-    return desk().inform(refusal);
-  const QString auditor = on ? session.params.UserName : QString();
-  store.setAuditor(auditor);
+  if (!refusal.isEmpty()) {
+    desk().inform(refusal);
+    return std::nullopt;
+  }
+  return on ? session.params.UserName : QString();
+}
+
+void BillScreen::showAuditor(const QString& auditor)
+{
   footer.TxtAuditing.setText(auditor);
-  LabAuditing.setCaption(on ? u"已审核"_s : u"未审核"_s);
+  LabAuditing.setCaption(auditor.isEmpty() ? u"未审核"_s : u"已审核"_s);
   LabAuditing.setVisible(true);
   RefreshBillControls();
 }
@@ -52,26 +71,38 @@ void BillScreen::VoidBill()
 {
   if (traits().asksRightAtVoid && !mayDo(RightKind::Edit))
     return;
-  if (isBeforeLastTurn(*this))
+  if (voidIsRefused() || !desk().confirm(u"确定作废该单据吗？"_s, Desk::Icon::Information))
     return;
-  const auto voucher = Vouchers::voucherOf(session, store.bill().code);
-  if (voucher && voucher->isPosted)
-    return desk().inform(u"该张单据已经登账，禁止作废！"_s);
-  if (!desk().confirm(u"确定作废该单据吗？"_s, Desk::Icon::Information))
-    return;
-  MarkBillVoided();
-  if (voucher && !Trim(voucher->code).isEmpty())
-    Vouchers::deleteVoidedVoucher(session, voucher->code);
-}
-
-void BillScreen::MarkBillVoided()
-{
   const BillStore::Id bill = store.bill();
-  if (!store.hasBill() || !store.isStored(bill))
-    return desk().inform(QString::fromUtf16(traits().missingAtVoid));
-  store.markVoid();
+  bool isThere = false;
+  const auto write = [&] {
+    if (voidIsRefused())
+      return false;
+    isThere = store.hasBill() && store.isStored(bill);
+    if (isThere)
+      store.markVoid();
+    else
+      desk().inform(QString::fromUtf16(traits().missingAtVoid));
+    if (const auto voucher = Vouchers::voucherOf(session, bill.code); voucher && !Trim(voucher->code).isEmpty())
+      Vouchers::deleteVoidedVoucher(session, voucher->code);
+    return true;
+  };
+  if (!changeBill(write, true) || !isThere)
+    return;
   FillBill(bill.table, bill.code);
   desk().inform(u"作废成功！"_s);
+}
+
+// True, after the message, if the stored date is closed or the voucher posted.
+bool BillScreen::voidIsRefused()
+{
+  if (isBeforeLastTurn(*this))
+    return true;
+  const auto voucher = Vouchers::voucherOf(session, store.bill().code);
+  if (!voucher || !voucher->isPosted)
+    return false;
+  desk().inform(u"该张单据已经登账，禁止作废！"_s);
+  return true;
 }
 
 void BillScreen::FDelete_Click()
@@ -82,7 +113,14 @@ void BillScreen::FDelete_Click()
     return desk().inform(u"单据编号不存在，禁止当前操作！"_s);
   if (!desk().confirm(u"删除当前单据吗？"_s, Desk::Icon::Information))
     return;
-  store.remove(voucherKind());
+  const auto write = [this] {
+    if (ModFuntion::GetClosingGuard(session, DTPDate.date(), true))
+      return false;
+    store.remove(voucherKind());
+    return true;
+  };
+  if (!changeBill(write, false))
+    return;
   desk().inform(u"单据已删除！"_s);
   InitLineGrid();
   if (traits().emptyAfterDelete.empty())

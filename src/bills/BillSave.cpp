@@ -1,8 +1,13 @@
 #include "bills/BillScreen.h"
+#include "ledger/AccountingCalendar.h"
+#include "ledger/BillCode.h"
+#include "platform/RunTimeError.h"
 #include "platform/Trim.h"
 #include "vouchers/Voucher.h"
 #include "vouchers/VoucherBill.h"
 #include "vouchers/VoucherDecision.h"
+
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +22,9 @@ void leaveAmount(const Form& form)
 
 } // namespace
 
-// Saving a bill: the checks of its kind in their order, then the writing. The result of the write is deliberately
-// ignored; a refused bill is not stored, so no voucher is touched.
+// Saving a bill: the checks of its kind in their order, the questions, then what is written: the bill, its audit and its
+// voucher as one transaction. The result of the write is deliberately ignored; a refused bill is not stored, so no
+// voucher is touched.
 void BillScreen::FSave_Click()
 {
   leaveAmount(*this);
@@ -33,15 +39,8 @@ void BillScreen::FSave_Click()
   const BillRecord bill = record();
 
   setLoading(true);
-  if (WriteBill(bill)) {
-    if (footer.ChAutoAuditing.isChecked())
-      RequestAudit();
-    showWritten();
-  }
-  if (voucher == Vouchers::VoucherDecision::Wanted)
-    Vouchers::GenerateVoucher(session, voucherBill());
-  else
-    Vouchers::DeleteVoucher(session, store.bill().code);
+  if (!WriteBill(bill, voucher))
+    return setLoading(false);
   if (balance)
     balance->refresh();
   setLoading(false);
@@ -96,28 +95,107 @@ Vouchers::VoucherBill BillScreen::voucherBill() const
           .isTotalZero = totalMoney().isZero()};
 }
 
-// False, after the message, if nothing was written. An edit asks first.
-bool BillScreen::WriteBill(const BillRecord& bill)
+// What the save stores, as one transaction; an edit asks before. A declined or refused bill leaves the stored one with its
+// voucher, which is made again. False, after a message, if the save ends here.
+bool BillScreen::WriteBill(BillRecord bill, Vouchers::VoucherDecision voucher)
 {
-  const BillStore::Id stored = store.bill();
-  const bool isEdit = stored.code == bill.code && stored.table.compare(store.headerTable(), Qt::CaseInsensitive) == 0;
-  const bool replaces = isEdit && store.isStored(stored);
-  if (replaces && !desk().confirm(u"如果确定修改则按是，否则按否退出重新执行保存！"_s, Desk::Icon::Information)) {
-    desk().inform(u"修改单据失败！"_s);
-    return false;
-  }
-  if (store.save(bill, replaces)) {
-    IsSavedBill = true;
-    footer.TxtOperator.setText(session.params.UserName);
+  const bool replaces = store.replaces(bill);
+  const bool isDeclined = replaces && !confirmsEdit();
+  bool isWritten = false;
+  std::optional<QString> auditor;
+  const auto write = [&] {
+    if (isClosedOrPosted(voucher))
+      return false;
+    drawNumberAgain(bill);
+    isWritten = !isDeclined && store.save(bill, replaces);
+    if (!isWritten && !isDeclined)
+      desk().inform(QString::fromUtf16(traits().duplicateCode));
+    if (isWritten && footer.ChAutoAuditing.isChecked())
+      auditor = newAuditor(true);
+    if (auditor)
+      store.setAuditor(*auditor);
+    if (voucher == Vouchers::VoucherDecision::Wanted)
+      Vouchers::GenerateVoucher(session, voucherBill());
+    else
+      Vouchers::DeleteVoucher(session, store.bill().code);
     return true;
+  };
+  const auto show = [&] {
+    if (isWritten)
+      showWritten(auditor);
+  };
+  try {
+    if (!changeBill(write, true))
+      return false;
+  } catch (const RunTimeError&) {
+    show();
+    throw;
   }
-  desk().inform(QString::fromUtf16(traits().duplicateCode));
-  desk().setBusy(false);
+  show();
+  return true;
+}
+
+// True, after the message, if the day was closed or the voucher posted since the checks.
+bool BillScreen::isClosedOrPosted(Vouchers::VoucherDecision voucher)
+{
+  return ModFuntion::GetClosingGuard(session, DTPDate.date(), true) ||
+         (voucher == Vouchers::VoucherDecision::Wanted && Vouchers::refusesPosted(session, voucherBill()));
+}
+
+// The number of a new bill was drawn by its checks, for the screen; another user may have taken it since. Within the
+// transaction nobody draws beside this one.
+void BillScreen::drawNumberAgain(BillRecord& bill)
+{
+  if (IsSavedBill)
+    return;
+  bill.code = ModFuntion::GetNextBillCode(session, QString::fromLatin1(store.kind().prefix), store.headerTable());
+  TxtBillCode.setText(bill.code);
+}
+
+// Runs `writes` on the stored bill as one transaction, unless another user has changed the bill since it was read: then
+// the user decides, and is asked again if it has changed once more. False if `writes` returned it, or did not run.
+bool BillScreen::changeBill(const std::function<bool()>& writes, bool refusesVoided)
+{
+  for (;;) {
+    using Change = BillStore::Change;
+    Change change = Change::None;
+    bool isDone = false;
+    store.inOneTransaction([&] {
+      change = store.changeByOthers();
+      if (change != Change::None)
+        return;
+      const auto remember = qScopeGuard([this] { store.remember(); });
+      isDone = writes();
+    });
+    if (change == Change::None)
+      return isDone;
+    if (change == Change::Audited || (change == Change::Voided && refusesVoided)) {
+      desk().inform(u"单据已被其他操作员审核或作废，请重新打开！"_s);
+      return false;
+    }
+    if (desk().ask({.text = u"单据已被其他操作员修改，仍要继续吗？"_s,
+                    .icon = Desk::Icon::Question,
+                    .buttons = Desk::Buttons::YesNo,
+                    .isNoPreset = true}) != Desk::Answer::Yes)
+      return false;
+    store.acceptChange();
+  }
+}
+
+bool BillScreen::confirmsEdit()
+{
+  if (desk().confirm(u"如果确定修改则按是，否则按否退出重新执行保存！"_s, Desk::Icon::Information))
+    return true;
+  desk().inform(u"修改单据失败！"_s);
   return false;
 }
 
-void BillScreen::showWritten()
+void BillScreen::showWritten(const std::optional<QString>& auditor)
 {
+  IsSavedBill = true;
+  footer.TxtOperator.setText(session.params.UserName);
+  if (auditor)
+    showAuditor(*auditor);
   showAudit();
   showState(true);
   menus.enablePrinting(true);

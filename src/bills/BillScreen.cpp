@@ -87,7 +87,7 @@ void BillScreen::NewBill()
 {
   ClearBillFields();
   IsSavedBill = false;
-  store.take();
+  store.drop();
   SetBillEditable(true);
   menus.enablePrinting(false);
   setFocus(firstField(*this));
@@ -161,13 +161,12 @@ void BillScreen::FillBill(const QString& table, const QString& code)
     return;
   }
   // Nothing is stored until all of it is shown: a column that cannot be read stops the filling half-way.
-  store.take();
+  store.drop();
   showHeader(header);
-  if (lines) {
-    Recordset rows = store.lines({table, code});
+  Recordset rows = store.lines({table, code});
+  if (lines)
     lines->show(rows);
-  }
-  store.take({table, header.trimmed("Code")});
+  store.take({table, header.trimmed("Code")}, header, rows);
   showAudit();
   showState(header.trimmed("State") == u"正常");
   RefreshBillControls();

@@ -17,6 +17,7 @@
 #include "session/Session.h"
 #include "startup/Screen.h"
 #include "vouchers/VoucherBill.h"
+#include "vouchers/VoucherDecision.h"
 
 // The screen of one bill at a time: a head, the areas that its BillTraits name, a footer, menus. It turns what is
 // typed into a BillRecord, and the BillStore stores the bill. Its members are in tab order.
@@ -105,13 +106,19 @@ private:
   void RefreshBillControls();
   BillRecord record() const;
   Vouchers::VoucherBill voucherBill() const;
-  bool WriteBill(const BillRecord& bill);
-  void showWritten();
+  bool WriteBill(BillRecord bill, Vouchers::VoucherDecision voucher);
+  bool isClosedOrPosted(Vouchers::VoucherDecision voucher);
+  void drawNumberAgain(BillRecord& bill);
+  bool changeBill(const std::function<bool()>& writes, bool refusesVoided);
+  bool confirmsEdit();
+  void showWritten(const std::optional<QString>& auditor);
   void setLoading(bool loading);
   void showState(bool isNormal);
   void showAudit();
   void setAudit(bool on);
-  void MarkBillVoided();
+  std::optional<QString> newAuditor(bool on);
+  void showAuditor(const QString& auditor);
+  bool voidIsRefused();
   void browseTo(const std::optional<QString>& code);
 
   const BillTraits* m_traits;

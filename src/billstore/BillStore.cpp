@@ -2,6 +2,7 @@
 
 #include "billstore/BillRows.h"
 #include "ledger/BillCatalogue.h"
+#include "platform/RunTimeError.h"
 #include "session/ModuleADO.h"
 #include "session/Session.h"
 #include "vouchers/Voucher.h"
@@ -13,14 +14,24 @@ bool BillStore::isStored(const Id& bill) const
   return !OpenRecordset(m_session, {u"select Code from {} where Code='{}'", SqlName(bill.table), bill.code}).eof();
 }
 
+Statement BillStore::headerQuery(const Id& bill) const
+{
+  return {u"select * from {} where Code='{}'", SqlName(bill.table), bill.code};
+}
+
+Statement BillStore::linesQuery(const Id& bill) const
+{
+  return {u"select * from {} where {}='{}'", *lineTable(bill.table), SqlName(m_kind->lines->billCode), bill.code};
+}
+
 Recordset BillStore::header(const Id& bill) const
 {
-  return OpenRecordset(m_session, {u"select * from {} where Code='{}'", SqlName(bill.table), bill.code});
+  return OpenRecordset(m_session, headerQuery(bill));
 }
 
 Recordset BillStore::lines(const Id& bill) const
 {
-  return OpenRecordset(m_session, {u"select * from {} where {}='{}'", *lineTable(bill.table), SqlName(m_kind->lines->billCode), bill.code});
+  return m_kind->lines ? OpenRecordset(m_session, linesQuery(bill)) : Recordset();
 }
 
 QStringList BillStore::codesOfMonth(const QString& table, const QDate& day, const Statement& condition) const
@@ -34,6 +45,77 @@ QStringList BillStore::codesOfMonth(const QString& table, const QDate& day, cons
   for (; rs.isOpen() && !rs.eof(); rs.moveNext())
     codes.append(rs.trimmed("Code"));
   return codes;
+}
+
+void BillStore::drop()
+{
+  m_bill = {};
+  m_rows.reset();
+}
+
+void BillStore::take(const Id& bill, const Recordset& header, const Recordset& lines)
+{
+  m_bill = bill;
+  m_rows = rowsOf(header, lines);
+}
+
+// The mark that a voucher was made is no change of the bill.
+BillStore::Rows BillStore::rowsOf(const Recordset& header, const Recordset& lines)
+{
+  Rows read;
+  for (const Recordset* const rs : {&header, &lines})
+    for (std::int64_t row = 0; rs->isOpen() && row < rs->rows().rows(); ++row)
+      for (int column = 0; column < rs->rows().names().size(); ++column)
+        if (const QString& name = rs->rows().names()[column]; name.compare("Report"_L1, Qt::CaseInsensitive) != 0)
+          read.values.append(rs->rows().value(row, column).toText());
+  if (header.rows().rows() > 0) {
+    read.auditor = header.trimmed("Auditing");
+    read.state = header.trimmed("State");
+  }
+  return read;
+}
+
+// Nothing if there is no bill, or it can't be read: whoever needs its rows gets the error.
+std::optional<BillStore::Rows> BillStore::storedRows() const
+{
+  if (!hasBill())
+    return std::nullopt;
+  try {
+    const Recordset header = OpenRecordsetForUpdate(m_session, headerQuery(m_bill));
+    if (header.eof())
+      return Rows();
+    return rowsOf(header, m_kind->lines ? OpenRecordsetForUpdate(m_session, linesQuery(m_bill)) : Recordset());
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+BillStore::Change BillStore::changeByOthers()
+{
+  m_changed = m_rows ? storedRows() : std::nullopt;
+  if (!m_changed || m_changed->values.isEmpty() || m_changed->values == m_rows->values)
+    return Change::None;
+  if (m_rows->auditor.isEmpty() && !m_changed->auditor.isEmpty())
+    return Change::Audited;
+  return m_changed->state != m_rows->state && m_changed->state == u"作废" ? Change::Voided : Change::Other;
+}
+
+void BillStore::inOneTransaction(const std::function<void()>& writes)
+{
+  const Id before = m_bill;
+  const std::optional<Rows> rowsBefore = m_rows;
+  try {
+    ::inOneTransaction(m_session, writes);
+  } catch (const ActionLost&) {
+    m_bill = before;
+    m_rows = rowsBefore;
+    throw;
+  }
+}
+
+bool BillStore::replaces(const BillRecord& record) const
+{
+  return m_bill.code == record.code && m_bill.table.compare(headerTable(), Qt::CaseInsensitive) == 0 && isStored(m_bill);
 }
 
 bool BillStore::save(const BillRecord& record, bool replacesBill)

@@ -68,14 +68,16 @@ bool FDeleteMSHFormat_Click(Session& session, const QString& screenTitle)
 // The first cell of a column represents its whole content.
 void SaveGridLayout(Session& session, Grid& grid, const QString& name)
 {
-  Execute(session, {u"delete from TabPrintMSHSet where TabName='{}'", name});
   const int contentRow = grid.rows() > 1 ? 1 : 0;
-  for (int col = 0; col < grid.cols(); ++col) {
-    grid.setCurrent(contentRow, col);
-    Execute(session, {u"insert into  TabPrintMSHSet values ('{}',{},{},'{}',{},{})", name, SqlNumber(col), SqlNumber(grid.colWidth(col)),
-                      grid.text(0, col), looks(grid.colAlignment(col), grid.cellColor(0, col)),
-                      looks(grid.colAlignment(col), grid.cellColor(contentRow, col))});
-  }
+  inOneTransaction(session, [&] {
+    Execute(session, {u"delete from TabPrintMSHSet where TabName='{}'", name});
+    for (int col = 0; col < grid.cols(); ++col) {
+      grid.setCurrent(contentRow, col);
+      Execute(session, {u"insert into  TabPrintMSHSet values ('{}',{},{},'{}',{},{})", name, SqlNumber(col), SqlNumber(grid.colWidth(col)),
+                        grid.text(0, col), looks(grid.colAlignment(col), grid.cellColor(0, col)),
+                        looks(grid.colAlignment(col), grid.cellColor(contentRow, col))});
+    }
+  });
   session.desk.inform(u"保存成功！"_s);
 }
 

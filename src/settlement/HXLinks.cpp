@@ -42,6 +42,14 @@ float GetBillHXSum(Session& session, const QString& billCode)
   return single(session, {u"select sum(HXMoney) as sumHXMoney  from TabSFKHeXiao   where InOutBillCode='{}' ", billCode}, "sumHXMoney");
 }
 
+float GetOthersHXSum(Session& session, const QString& billCode, const QString& SFKBillCode)
+{
+  return single(
+      session,
+      {u"select sum(HXMoney) as sumHXMoney  from TabSFKHeXiao   where InOutBillCode='{}' and SFKBillCode<>'{}' ", billCode, SFKBillCode},
+      "sumHXMoney");
+}
+
 float GetBillDueMoney(Session& session, const QString& billCode, const QString& billType)
 {
   return single(session,
@@ -51,8 +59,10 @@ float GetBillDueMoney(Session& session, const QString& billCode, const QString& 
 
 void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode)
 {
-  Execute(session, {u" delete   from TabSFKHeXiao   where InOutBillCode='{}'  and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
-  restateHXMoney(session, billCode, billType);
+  inOneTransaction(session, [&] {
+    Execute(session, {u" delete   from TabSFKHeXiao   where InOutBillCode='{}'  and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
+    restateHXMoney(session, billCode, billType);
+  });
 }
 
 void SaveHXRow(Session& session, const Link& link)

@@ -16,6 +16,8 @@ namespace HXLinks {
 // The table of a goods bill by the text of its type: purchases, or else sales.
 QString BillTableOfType(const QString& billType);
 
+// What other money bills than this one have settled of a goods bill.
+float GetOthersHXSum(Session& session, const QString& billCode, const QString& SFKBillCode);
 // What has been written off of a goods bill by all its links; 0 without any.
 float GetBillHXSum(Session& session, const QString& billCode);
 // What is to be written off of a goods bill: its sum minus Cash and Credit.

@@ -13,9 +13,11 @@ using namespace Qt::StringLiterals;
 namespace WriteOff {
 namespace {
 
-bool isStored(Session& session, const BillKind& kind, const QString& code)
+// Nothing if the bill is not stored.
+std::optional<float> storedTotal(Session& session, const BillKind& kind, const QString& code)
 {
-  return !OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(kind.headerTable), Trim(code)}).eof();
+  const Recordset rs = OpenRecordset(session, {u"select * from {} where Code='{}'", SqlName(kind.headerTable), Trim(code)});
+  return rs.eof() ? std::nullopt : std::optional(SingleMoney::of(rs.text("SumMoney")));
 }
 
 // The partner and the kind are the bill's; dates, state and the goods bill's code remain free.
@@ -37,7 +39,8 @@ void handOver(frmSFKHeXiao& screen, const Bill& bill, float total)
 
 void open(Session& session, const BillKind& kind, const Bill& bill)
 {
-  if (!isStored(session, kind, bill.code)) {
+  const std::optional<float> stored = storedTotal(session, kind, bill.code);
+  if (!stored) {
     session.desk.inform(u"尚未保存数据，请先保存数据后重新执行核销！"_s);
     return;
   }
@@ -49,6 +52,7 @@ void open(Session& session, const BillKind& kind, const Bill& bill)
   frmSFKHeXiao screen(session, kind.writeOff->mode);
   screen.Form_Load();
   handOver(screen, bill, total);
+  screen.isUnchanged = [&] { return storedTotal(session, kind, bill.code) == stored; };
   screen.CmdQuery_Click();
   screen.goToFirstAmount();
   session.desk.showModal(screen);

@@ -49,6 +49,13 @@ const BillKind* settlingKind(const QString& goodsType)
 
 constexpr int Red = 255;
 
+constexpr QStringView SumsDiffer = u"设置的核销金额与收付款单金额不相等，请检查！";
+
+QString negativeRow(int row)
+{
+  return u"第 "_s + QString::number(row) + u" 行未核销金额为负，请调整数据使其不能为负值！"_s;
+}
+
 } // namespace
 
 frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode)
@@ -223,10 +230,21 @@ void frmSFKHeXiao::CommitHX()
   }
   if (!allocatesWholeBill())
     return;
-  for (int row = 1; row <= lastDataRow(); ++row)
-    if (SingleMoney::of(cell(row, Amount)) != 0)
-      SaveHXRow(row);
-  desk().inform(u"核销成功！"_s);
+  bool isDone = false;
+  inOneTransaction(session, [&] {
+    QList<int> rows;
+    for (int row = 1; row <= lastDataRow(); ++row)
+      if (SingleMoney::of(cell(row, Amount)) != 0)
+        rows.append(row);
+    if (!isUnchanged())
+      return desk().inform(SumsDiffer.toString());
+    isDone = std::all_of(rows.begin(), rows.end(), [this](int row) { return isStillOpen(row); });
+    for (const int row : rows)
+      if (isDone)
+        SaveHXRow(row);
+  });
+  if (isDone)
+    desk().inform(u"核销成功！"_s);
 }
 
 bool frmSFKHeXiao::allocatesWholeBill()
@@ -234,14 +252,29 @@ bool frmSFKHeXiao::allocatesWholeBill()
   float total = 0;
   for (int row = 1; row <= lastDataRow(); ++row) {
     if (SingleMoney::of(cell(row, Open)) < 0) {
-      desk().inform(u"第 "_s + QString::number(row) + u" 行未核销金额为负，请调整数据使其不能为负值！"_s);
+      desk().inform(negativeRow(row));
       return false;
     }
     total = float(double(total) + NumberText::numericPrefix(cell(row, Amount)));
   }
   if (total != SFKMoney)
-    desk().inform(u"设置的核销金额与收付款单金额不相等，请检查！"_s);
+    desk().inform(SumsDiffer.toString());
   return total == SFKMoney;
+}
+
+// Reads again what is due and what other money bills have settled: another user may have settled the same bill since it
+// was listed. False, after the message, if less is open than the row allocates.
+bool frmSFKHeXiao::isStillOpen(int row)
+{
+  const float due = HXLinks::GetBillDueMoney(session, cell(row, BillCode), cell(row, BillType));
+  const float settled = HXLinks::GetOthersHXSum(session, cell(row, BillCode), SFKBillCode);
+  MSH.setText(row, Due, NumberText::ofSingle(due));
+  MSH.setText(row, WrittenOff, NumberText::ofSingle(settled));
+  MSH.setText(row, Open, SingleMoney::difference(due, {settled, SingleMoney::of(cell(row, Amount))}));
+  if (SingleMoney::of(cell(row, Open)) >= 0)
+    return true;
+  desk().inform(negativeRow(row));
+  return false;
 }
 
 void frmSFKHeXiao::SaveHXRow(int row)

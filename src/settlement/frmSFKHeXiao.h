@@ -20,6 +20,8 @@ public:
   QString SFKBillCode;
   float SFKMoney = 0;
   QDate SFKBillDatee;
+  // Whether the money bill still has the stored total that it had when it was handed over.
+  std::function<bool()> isUnchanged;
 
   Label LabSFKMoney;
 
@@ -48,6 +50,7 @@ private:
   void RefreshTotals();
   void CommitHX();
   bool allocatesWholeBill();
+  bool isStillOpen(int row);
   void SaveHXRow(int row);
   void ShowInOutBill();
   void ShowSFKBill();

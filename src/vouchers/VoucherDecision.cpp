@@ -63,15 +63,6 @@ bool partnerIsRefused(Session& session, const VoucherBill& bill)
   return false;
 }
 
-bool postedIsRefused(Session& session, const VoucherBill& bill)
-{
-  const auto voucher = voucherOf(session, bill.code);
-  if (!voucher || !voucher->isPosted)
-    return false;
-  session.desk.inform(u"当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"_s);
-  return true;
-}
-
 } // namespace
 
 VoucherDecision DecideVoucher(Session& session, const VoucherBill& bill)
@@ -80,9 +71,18 @@ VoucherDecision DecideVoucher(Session& session, const VoucherBill& bill)
     return VoucherDecision::NotWanted;
   if (!bill.isTotalZero && isKindWithoutVoucher(session, bill))
     return VoucherDecision::NotWanted;
-  if (partnerIsRefused(session, bill) || postedIsRefused(session, bill))
+  if (partnerIsRefused(session, bill) || refusesPosted(session, bill))
     return VoucherDecision::Refused;
   return VoucherDecision::Wanted;
+}
+
+bool refusesPosted(Session& session, const VoucherBill& bill)
+{
+  const auto voucher = voucherOf(session, bill.code);
+  if (!voucher || !voucher->isPosted)
+    return false;
+  session.desk.inform(u"当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"_s);
+  return true;
 }
 
 } // namespace Vouchers

@@ -17,4 +17,7 @@ enum class VoucherDecision {
 // posted.
 VoucherDecision DecideVoucher(Session& session, const VoucherBill& bill);
 
+// True, after the message, if the voucher of the bill is posted.
+bool refusesPosted(Session& session, const VoucherBill& bill);
+
 } // namespace Vouchers
