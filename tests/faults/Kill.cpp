@@ -1,7 +1,6 @@
 #include "Faults.h"
 #include "FaultyFiles.h"
 #include "ScriptProcess.h"
-#include "accountset/Check.h"
 #include "accountset/Schema.h"
 #include "accountset/Store.h"
 #include "database/EmbeddedEngine.h"
@@ -16,7 +15,7 @@
 namespace Faults {
 namespace {
 
-// Together they save, change, void and delete every kind of bill, and settle and take it back.
+// Together they save every kind of bill, change, void and delete some, and settle and take it back.
 constexpr const char* Scripts[] = {"bills/payment-life",        "bills/receipt-life",      "bills/bank-life",
                                    "bills/expense-life",        "bills/other-income-life", "bills/fee-offset-customer",
                                    "bills/fee-offset-supplier", "settlement/write-off",    "settlement/write-off-payment"};
@@ -44,15 +43,6 @@ tl::expected<QByteArray, QString> digest(const QString& path)
   return hash.result();
 }
 
-// What a death leaves in the middle of an action, and how much of it the check names. At rest it may name what
-// the script itself has brought out of order.
-struct HalfStates {
-  int all = 0;
-  int named = 0;
-  int atRest = 0;
-  int namedAtRest = 0;
-};
-
 // One script, played to its end once and then killed at many places.
 class Killing {
 public:
@@ -70,19 +60,13 @@ public:
     return result.outcome == ScriptProcess::Outcome::Passed ? QString() : result.reason;
   }
 
-  // A half state is named by a finding that the state before its action does not have.
-  void checkHalfStates(HalfStates& sum) const
+  // Every commit completes an action, so that a death between two of them leaves nothing half done.
+  QString commitsOnlyAtRest() const
   {
-    QStringList before;
-    for (int commit = 1; commit <= commits(); ++commit) {
-      const QStringList found = findings(state(commit));
-      const bool isAtRest = m_counts.isAtRest[commit];
-      (isAtRest ? sum.atRest : sum.all) += 1;
-      (isAtRest ? sum.namedAtRest : sum.named) +=
-          std::any_of(found.begin(), found.end(), [&](const QString& finding) { return !before.contains(finding); });
-      if (isAtRest)
-        before = found;
-    }
+    for (int commit = 1; commit <= commits(); ++commit)
+      if (!m_counts.isAtRest[commit])
+        return QString("commit %1 is in the middle of an action").arg(commit);
+    return {};
   }
 
   int commits() const { return m_counts.commits; }
@@ -94,7 +78,7 @@ public:
     return survives({m_states[commit - 1]});
   }
 
-  // The statement that was under way is there as a whole or not at all.
+  // The action that was under way is there as a whole or not at all.
   QString killWithin(int write)
   {
     const int done = m_counts.commitsBefore[write];
@@ -105,16 +89,6 @@ public:
   }
 
 private:
-  static QStringList findings(const QString& file)
-  {
-    QStringList lines;
-    const auto checked = Check::run({file, {}}, [&lines](const Check::Finding& finding) {
-      for (const QString& row : finding.rows)
-        lines.append(finding.what + row);
-    });
-    return checked ? lines : QStringList(checked.error());
-  }
-
   QString states() const { return m_folder.filePath("states"); }
   QString state(int commit) const { return states() + u'/' + QString::number(commit) + ".mdb"; }
   QString program() const { return m_folder.filePath("program"); }
@@ -166,25 +140,20 @@ private:
 void kill(const QString& scripts, bool isLong, Tally& tally)
 {
   int deaths = 0;
-  HalfStates half;
   for (const char* name : Scripts) {
     Killing killing(scripts, name);
     if (const QString reason = killing.playToTheEnd(); !reason.isEmpty()) {
       tally.add(name, reason);
       continue;
     }
-    killing.checkHalfStates(half);
+    tally.add(name, killing.commitsOnlyAtRest());
     for (int commit = 1; commit <= killing.commits(); ++commit, ++deaths)
       tally.add(QString("%1 killed after commit %2").arg(name).arg(commit), killing.killAfter(commit));
     const int step = isLong ? 1 : std::max(1, killing.writes() / 12);
     for (int write = step; write <= killing.writes(); write += step, ++deaths)
       tally.add(QString("%1 killed within write %2").arg(name).arg(write), killing.killWithin(write));
   }
-  // The others are harmless, or look like sound ones: the first bill of its kind before its voucher is made.
-  tally.add("the check of half states",
-            half.named * 10 >= half.all * 9 ? QString() : QString("names %1 of %2").arg(half.named).arg(half.all));
-  std::printf("kill: %d deaths; of %d states half done the check names %d, of %d states at rest %d\n", deaths, half.all, half.named,
-              half.atRest, half.namedAtRest);
+  std::printf("kill: %d deaths, none of them within an action\n", deaths);
 }
 
 } // namespace Faults

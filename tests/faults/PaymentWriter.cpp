@@ -10,9 +10,11 @@ PaymentWriter::Outcome PaymentWriter::save(const QList<int>& amounts)
   m_desk.boxes.clear();
   Outcome outcome;
   try {
-    outcome.isWritten = write(amounts);
+    m_store.inOneTransaction([&] { outcome.isWritten = write(amounts); });
   } catch (const RunTimeError& error) {
     m_desk.stop(error.text());
+  } catch (const ActionLost&) {
+    outcome.isWritten = false;
   }
   for (const Desk::Box& box : m_desk.boxes)
     outcome.boxes.append(box.text);
@@ -36,11 +38,10 @@ bool PaymentWriter::write(const QList<int>& amounts)
   }
   if (!m_store.save(bill, false))
     return false;
-  if (!m_session.params.IsJXC)
-    Vouchers::GenerateVoucher(m_session, {.JXCTabName = QString::fromUtf16(kind.name),
-                                          .headerTable = m_store.headerTable(),
-                                          .code = m_store.bill().code,
-                                          .TxtCode = bill.partner.code,
-                                          .TxtMoneyRate = "1"});
+  Vouchers::GenerateVoucher(m_session, {.JXCTabName = QString::fromUtf16(kind.name),
+                                        .headerTable = m_store.headerTable(),
+                                        .code = m_store.bill().code,
+                                        .TxtCode = bill.partner.code,
+                                        .TxtMoneyRate = "1"});
   return true;
 }

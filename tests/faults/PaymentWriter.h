@@ -5,10 +5,10 @@
 #include "support/FakeDesk.h"
 #include "support/FixedMachine.h"
 
-// Writes payments as their screen does: draws a number, saves the bill, makes its voucher.
+// Writes payments as their screen does: draws a number, saves the bill and makes its voucher, as one transaction.
 class PaymentWriter {
 public:
-  // The account set is the sample firm of `params`, below `folder` if it is a file. Without vouchers if `params` has IsJXC.
+  // The account set is the sample firm of `params`, below `folder` if it is a file.
   PaymentWriter(const QString& folder, const SessionParams& params) : m_machine(folder) { m_session.params = params; }
 
   struct Outcome {
