@@ -111,7 +111,8 @@ class Rewriter {
 public:
   Rewriter(QStringView sql, const Tokens& tokens, Target target) : m_sql(sql), m_tokens(tokens), m_target(target) {}
 
-  QString rewritten()
+  // Nothing if two changes overlap, as they can in a statement that no engine would accept.
+  std::optional<QString> rewritten()
   {
     for (std::size_t at = 0; at < m_tokens.size(); ++at) {
       if (m_tokens[at].kind == SqlToken::Date)
@@ -252,7 +253,7 @@ private:
   }
 
   // An insertion sorts before a replacement of the token after it.
-  QString written()
+  std::optional<QString> written()
   {
     std::stable_sort(m_edits.begin(), m_edits.end(), [](const SqlEdit& a, const SqlEdit& b) {
       return std::tuple(a.from, a.to, a.rank) < std::tuple(b.from, b.to, b.rank);
@@ -261,6 +262,8 @@ private:
     sql.reserve(m_sql.size() + 16 * qsizetype(m_edits.size()));
     qsizetype done = 0;
     for (const SqlEdit& edit : m_edits) {
+      if (edit.from < done)
+        return std::nullopt;
       sql.append(m_sql.sliced(done, edit.from - done)).append(edit.text);
       done = edit.to;
     }
@@ -281,7 +284,12 @@ tl::expected<Translation, QString> translate(const QString& sql, Target target)
   if (const auto refusal = refusalOf(sql, tokens, target))
     return tl::unexpected(*refusal);
   const bool isQuery = tokens.front().isWord("select"_L1);
-  return Translation{target == Target::SqlServer ? sql : Rewriter(sql, tokens, target).rewritten(), isQuery};
+  if (target == Target::SqlServer)
+    return Translation{sql, isQuery};
+  const auto rewritten = Rewriter(sql, tokens, target).rewritten();
+  if (!rewritten)
+    return tl::unexpected(u"语句不完整：%1"_s.arg(sql.left(60)));
+  return Translation{*rewritten, isQuery};
 }
 
 } // namespace DialectTranslator
