@@ -60,7 +60,7 @@ bool isOfAnotherBill(Session& session, const QString& voucherCode, const QString
 QString insertHeader(Session& session, const SourceBill& bill, const VoucherSettings& settings)
 {
   for (QString last;;) {
-    const QString code = ModFuntion::GetNextBillCode(session, u"PZD"_s, u"TabWarrant"_s);
+    QString code = ModFuntion::GetNextBillCode(session, u"PZD"_s, u"TabWarrant"_s);
     if (code == last)
       return {};
     insertRow(session, bill, settings, code);
