@@ -67,6 +67,19 @@ int sizeOf(const Any& rowOrColumn, QStringView name)
   return size;
 }
 
+bool hasRunningThread(pid_t process)
+{
+  const QString tasks = QStringLiteral("/proc/%1/task").arg(process);
+  for (const QString& thread : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    QFile state(tasks + u'/' + thread + "/stat");
+    // The state is the letter after the name in brackets, which may hold anything.
+    const QByteArray words = state.open(QIODevice::ReadOnly) ? state.readAll() : QByteArray();
+    if (!words.isEmpty() && words.mid(words.lastIndexOf(')') + 2, 1) != "T")
+      return true;
+  }
+  return false;
+}
+
 } // namespace
 
 OfficeClient::OfficeClient() : m_connection(OfficeProcess::programFolder())
@@ -113,8 +126,13 @@ QList<pid_t> OfficeClient::processes(int number)
 
 void OfficeClient::kill(int signal)
 {
-  for (const pid_t process : processes())
+  const QList<pid_t> ids = processes();
+  for (const pid_t process : ids)
     ::kill(process, signal);
+  // A stopped process goes on answering until the signal has reached each of its threads.
+  for (const pid_t process : ids)
+    while (signal == SIGSTOP && hasRunningThread(process))
+      usleep(1000);
 }
 
 void OfficeClient::edit(const QString& path, const QString& part, const QList<std::pair<QByteArray, QByteArray>>& replacements)

@@ -70,7 +70,7 @@ public:
   void edit(const QString& path, const QString& part, const QList<std::pair<QByteArray, QByteArray>>& replacements);
   // Those open now. A workbook being made by the program is among them.
   QList<Book> open() const;
-  // Ends the office, or stops it from answering, from outside.
+  // Ends the office, or stops it from answering, from outside. A stopped one does nothing any more on return.
   static void kill(int signal);
   // The processes of an office by its number, without its watch; none when it has ended.
   static QList<pid_t> processes(int number = 1);

@@ -117,6 +117,12 @@ void OfficeInstance::clear() const
       QDir(one.filePath()).removeRecursively();
     else if (one.filePath() != lockFile())
       QFile::remove(one.filePath());
-  for (const QString& one : {pipe, profilePipe(profile())})
-    QFile::remove(u"/tmp/OSL_PIPE_%1_%2"_s.arg(getuid()).arg(one));
+  for (const QString& one : pipeFiles())
+    QFile::remove(one);
+}
+
+QStringList OfficeInstance::pipeFiles() const
+{
+  const QString file = u"/tmp/OSL_PIPE_%1_%2"_s.arg(getuid());
+  return {file.arg(pipe), file.arg(profilePipe(profile()))};
 }

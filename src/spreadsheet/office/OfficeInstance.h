@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 // An office process of ours: its profile, and the pipe on which it listens. It never uses the operator's own profile,
 // so that ending it closes none of their documents. Instances are numbered, since two offices can't share a profile;
@@ -19,6 +19,9 @@ struct OfficeInstance {
   // Creates its folders, empties the temporary one, and creates the profile with the settings that we need unless one
   // with the same settings exists. Only for the program that has taken the instance.
   void prepare() const;
+  // The files in which an office of this profile listens, ours and the one on which it learns that another was started
+  // with its profile. A killed office leaves them.
+  QStringList pipeFiles() const;
   // Deletes everything but the lock, after the death of the program that had taken it.
   void clear() const;
 };
