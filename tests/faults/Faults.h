@@ -14,6 +14,8 @@ void failingDisk(Tally& tally);
 void damage(bool isLong, Tally& tally);
 // Eight users save at once, on the file or on the server of the tests.
 void operators(bool onServer, bool isLong, Tally& tally);
+// Two users at one bill: one is stopped at a statement or a box while the other runs through.
+void pairs(bool onServer, bool isLong, Tally& tally);
 // Hostile texts in every field of every screen.
 void injection(bool onServer, bool isLong, Tally& tally);
 

@@ -1,4 +1,5 @@
 #include "FaultyFiles.h"
+#include "StatementHook.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,6 +24,7 @@ const sqlite3_io_methods* real = nullptr;
 int beginStatement(unsigned, void*, void*, void*)
 {
   ++statement;
+  StatementHook::call();
   return 0;
 }
 

@@ -1,11 +1,10 @@
 #include "Faults.h"
 #include "FaultyFiles.h"
+#include "RowDigest.h"
 #include "ScriptProcess.h"
-#include "accountset/Schema.h"
 #include "accountset/Store.h"
 #include "database/EmbeddedEngine.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,18 +28,7 @@ tl::expected<QByteArray, QString> digest(const QString& path)
   const auto whole = (*store)->run("pragma integrity_check");
   if (!whole || whole->value(0, 0).toText() != "ok")
     return tl::unexpected(whole ? whole->value(0, 0).toText() : whole.error());
-  QCryptographicHash hash(QCryptographicHash::Md5);
-  for (const Schema::Table& table : Schema::allTables()) {
-    hash.addData(table.name);
-    // A script may have dropped a table.
-    const auto rows = (*store)->run(QString("select * from %1 order by rowid").arg(table.name));
-    for (qint64 row = 0; rows && row < rows->rows(); ++row)
-      for (int column = 0; column < rows->names().size(); ++column) {
-        const Value value = rows->value(row, column);
-        hash.addData((value.isNull() ? 'N' : 'V') + value.toText().toUtf8() + '\0');
-      }
-  }
-  return hash.result();
+  return RowDigest::of(**store);
 }
 
 // One script, played to its end once and then killed at many places.

@@ -1,7 +1,7 @@
 #include "Faults.h"
 #include "FaultyFiles.h"
 
-// Plays faults: faults kill|disk|damage|operators|operators-server|injection|injection-server. With the environment
+// Plays faults: faults kill|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server. With the environment
 // variable ZORVEK_LONG set it tries every place there is, which takes long.
 
 int main(int count, char** texts)
@@ -18,10 +18,12 @@ int main(int count, char** texts)
     Faults::damage(isLong, tally);
   else if (kind == u"operators" || kind == u"operators-server")
     Faults::operators(kind == u"operators-server", isLong, tally);
+  else if (kind == u"pairs" || kind == u"pairs-server")
+    Faults::pairs(kind == u"pairs-server", isLong, tally);
   else if (kind == u"injection" || kind == u"injection-server")
     Faults::injection(kind == u"injection-server", isLong, tally);
   else {
-    std::fputs("Usage: faults kill|disk|damage|operators|operators-server|injection|injection-server\n", stderr);
+    std::fputs("Usage: faults kill|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server\n", stderr);
     return 2;
   }
   return tally.close();
