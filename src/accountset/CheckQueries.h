@@ -5,6 +5,7 @@
 #include <QList>
 #include <QStringList>
 
+#include <array>
 #include <initializer_list>
 #include <utility>
 
@@ -16,13 +17,17 @@ namespace Check {
 struct Query {
   QString rule; // in words, with the columns that are shown
   QString sql;
+  QString advice;      // what a user does about it
+  QStringList repairs; // statements that correct what has one right answer; none for most rules
 };
 
-// A rule as it is written: its words and its query, with names such as "@header" for what differs from one kind
+// A rule as it is written: its words and its statements, with names such as "@header" for what differs from one kind
 // of bill to the next.
 struct Rule {
   QStringView words;
   QStringView sql;
+  QStringView advice;
+  std::array<QStringView, 2> repairs = {};
 };
 using NamedValues = std::initializer_list<std::pair<const char*, QString>>;
 

@@ -1,7 +1,10 @@
 #include "accountset/Copy.h"
 
+#include "accountset/AccountSet.h"
 #include "accountset/Schema.h"
 #include "database/SqlTokens.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <tuple>
@@ -122,6 +125,21 @@ tl::expected<QList<Proof>, QString> prove(Store& from, Store& to)
     proofs.append(proof);
   }
   return proofs;
+}
+
+tl::expected<void, QString> toFile(const AccountSetLocation& from, const QString& path)
+{
+  if (!from.isServer())
+    return Store::copyFile(from.file, path);
+  const auto moment = Store::openMoment(from);
+  if (!moment)
+    return tl::unexpected(moment.error());
+  if (const auto made = AccountSet::create(path); !made)
+    return made;
+  auto done = Store::open({path, {}}).and_then([&moment](std::unique_ptr<Store>&& file) { return rows(**moment, *file); });
+  if (!done)
+    QFile::remove(path);
+  return done;
 }
 
 } // namespace Copy

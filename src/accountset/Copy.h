@@ -1,5 +1,6 @@
 #pragma once
 
+#include "accountset/AccountSetLocation.h"
 #include "accountset/Store.h"
 
 #include <QList>
@@ -27,5 +28,9 @@ struct Proof {
 
 // Reads both sides again, one proof per table.
 [[nodiscard]] tl::expected<QList<Proof>, QString> prove(Store& from, Store& to);
+
+// Copies an account set into a new file, as it is at one moment: of a file with everything in it, of a server the tables of
+// the suite. Never overwrites a file, and leaves none after an error.
+[[nodiscard]] tl::expected<void, QString> toFile(const AccountSetLocation& from, const QString& path);
 
 } // namespace Copy

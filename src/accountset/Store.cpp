@@ -4,6 +4,7 @@
 #include "database/Sqlite.h"
 #include "database/SqliteCollations.h"
 
+#include <QFile>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -108,16 +109,16 @@ int lookAgain(void*, int looks)
   return looks * PauseMs < LockWaitMs;
 }
 
-// In an unnamed file, which disappears when it is closed, in whatever way.
-tl::expected<Sqlite::Database, QString> copyOfFile(const QString& path)
+// An empty path is that of an unnamed file, which disappears when it is closed, in whatever way.
+tl::expected<Sqlite::Database, QString> copyOfFile(const QString& from, const QString& to)
 {
-  auto source = openDatabase(path.toUtf8(), SQLITE_OPEN_READWRITE);
-  auto copy = openDatabase("", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  auto source = openDatabase(from.toUtf8(), SQLITE_OPEN_READWRITE);
+  auto copy = openDatabase(to.toUtf8(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   if (!source || !copy)
     return source ? std::move(copy) : std::move(source);
   sqlite3_busy_handler(source->get(), lookAgain, nullptr);
   if (const int code = copyPages(source->get(), copy->get()); code != SQLITE_DONE)
-    return tl::unexpected(u"不能读取账套文件：%1（%2）"_s.arg(path, QString::fromUtf8(sqlite3_errstr(code))));
+    return tl::unexpected(u"不能读取账套文件：%1（%2）"_s.arg(from, QString::fromUtf8(sqlite3_errstr(code))));
   return copy;
 }
 
@@ -149,11 +150,25 @@ Store::Opened Store::open(const AccountSetLocation& location)
 Store::Opened Store::openMoment(const AccountSetLocation& location)
 {
   if (!location.isServer())
-    return storeOf(copyOfFile(location.file));
+    return storeOf(copyOfFile(location.file, {}));
   auto store = openServer(location.server);
   // The transaction sees what was committed when its first statement began, and ends with the connection.
   if (store)
     if (const auto begun = (*store)->runAll({u"begin isolation level repeatable read, read only"_s, u"select 1"_s}); !begun)
       return tl::unexpected(begun.error());
   return store;
+}
+
+tl::expected<void, QString> Store::copyFile(const QString& from, const QString& to)
+{
+  // Made here, so that a file that appears meanwhile is not taken for ours.
+  QFile file(to);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+    return tl::unexpected(u"不能写入文件：%1（%2）"_s.arg(to, file.errorString()));
+  file.close();
+  if (const auto copied = copyOfFile(from, to); !copied) {
+    QFile::remove(to);
+    return tl::unexpected(copied.error());
+  }
+  return {};
 }

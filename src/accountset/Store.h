@@ -21,6 +21,10 @@ public:
   // reader.
   [[nodiscard]] static Opened openMoment(const AccountSetLocation& location);
 
+  // Copies a file with everything in it, as it is at one moment; operators may go on working. Never overwrites a file, and
+  // leaves none after an error.
+  [[nodiscard]] static tl::expected<void, QString> copyFile(const QString& from, const QString& to);
+
   virtual ~Store() = default;
 
   [[nodiscard]] virtual tl::expected<RowSet, QString> run(const QString& sql) = 0;

@@ -119,12 +119,12 @@ public:
     progress.await({Progress::AtStatement, Progress::AtQuestion, Progress::AtNotice, Progress::Done});
     return progress.state() != Progress::Done;
   }
-  // To be called once it is done.
+  // To be called once it is done. A void shows the bill again once it is committed; a colleague may have deleted it by then.
   Said said()
   {
     Said texts;
     for (const Box& box : boxes)
-      if (box.buttons == Buttons::Ok)
+      if (box.buttons == Buttons::Ok && box.text != u"没有原单！")
         texts.append(box.text);
     return texts;
   }

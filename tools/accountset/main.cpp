@@ -9,6 +9,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 #include <QTextStream>
 
@@ -22,9 +23,10 @@ constexpr char Help[] = R"(建立、复制和检查账套。
   accountset create 文件 [--demo]
   accountset create --server 服务器 --login 用户 [--demo]
   accountset copy 来源 目标 [--login 用户]
-  accountset check 文件或服务器
+  accountset check [--repair] 文件或服务器
 
   --demo     写入示例公司的数据；否则所有数据表为空
+  --repair   先备份，再更正只有一种正确结果的不符之处；其余各项说明如何处理
   --server   在服务器上建立
   --login    程序登录服务器的用户，只能查询、插入、更新和删除
   --help     显示本说明
@@ -41,6 +43,7 @@ struct Orders {
   QStringList words;
   bool demo = false;
   bool server = false;
+  bool repair = false;
   ServerAccountSet::Login login;
 
   AccountSet::Fill fill() const { return demo ? AccountSet::Fill(SampleFirm::write) : AccountSet::Fill(); }
@@ -130,24 +133,70 @@ int copy(const Orders& orders)
   return prove(**from, **to);
 }
 
-int check(const Orders& orders)
+void print(const QStringList& rows, const char* before)
 {
-  auto location = AccountSetLocation::read(orders.words.value(1));
-  if (orders.words.size() != 2 || !location)
-    return complain(QStringLiteral("用法：accountset check 文件或服务器"), WrongUse);
-  if (const auto done = Password::supply(*location); !done)
-    return complain(done.error(), WrongUse);
+  for (const QString& row : rows)
+    out() << before << row << "\n";
+}
+
+// What the account set was before a repair: beside the file, or for a server in the working folder.
+QString backupPath(const AccountSetLocation& location)
+{
+  const QString name = location.isServer() ? location.server.database + QStringLiteral(".mdb") : location.file;
+  return QStringLiteral("%1.%2.bak").arg(name, QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+}
+
+int check(const AccountSetLocation& location)
+{
   int broken = 0;
-  const auto checked = Check::run(*location, [&broken](const Check::Finding& finding) {
+  const auto checked = Check::run(location, [&broken](const Check::Finding& finding) {
     ++broken;
     out() << finding.what << "\n";
-    for (const QString& row : finding.rows)
-      out() << "  " << row << "\n";
+    print(finding.rows, "  ");
   });
   if (!checked)
     return complain(checked.error(), Failed);
   out() << (broken == 0 ? QStringLiteral("全部相符\n") : QStringLiteral("%1 项不符\n").arg(broken));
   return broken == 0 ? Done : Failed;
+}
+
+int repair(const AccountSetLocation& location)
+{
+  const auto repairable = Check::isRepairable(location);
+  if (!repairable)
+    return complain(repairable.error(), Failed);
+  if (*repairable) {
+    const QString backup = backupPath(location);
+    if (const auto done = Copy::toFile(location, backup); !done)
+      return complain(done.error(), Failed);
+    out() << "备份：" << backup << "\n";
+  }
+  qsizetype repaired = 0;
+  int broken = 0;
+  const auto report = [&](const Check::Finding& finding) {
+    repaired += finding.repaired.size();
+    broken += !finding.rows.isEmpty();
+    out() << finding.what << "\n";
+    print(finding.repaired, "  已更正 ");
+    print(finding.rows, "  ");
+    if (!finding.rows.isEmpty())
+      out() << "  处理：" << finding.advice << "\n";
+  };
+  const auto done = *repairable ? Check::repair(location, report) : Check::run(location, report);
+  if (!done)
+    return complain(done.error(), Failed);
+  out() << "已更正 " << repaired << " 处，" << (broken == 0 ? QStringLiteral("全部相符\n") : QStringLiteral("%1 项不符\n").arg(broken));
+  return broken == 0 ? Done : Failed;
+}
+
+int check(const Orders& orders)
+{
+  auto location = AccountSetLocation::read(orders.words.value(1));
+  if (orders.words.size() != 2 || !location)
+    return complain(QStringLiteral("用法：accountset check [--repair] 文件或服务器"), WrongUse);
+  if (const auto done = Password::supply(*location); !done)
+    return complain(done.error(), WrongUse);
+  return orders.repair ? repair(*location) : check(*location);
 }
 
 } // namespace
@@ -163,14 +212,16 @@ int main(int argc, char* argv[])
     return *answered;
   const QCommandLineOption demo(QStringLiteral("demo"));
   const QCommandLineOption server(QStringLiteral("server"));
+  const QCommandLineOption repair(QStringLiteral("repair"));
   const QCommandLineOption login(QStringLiteral("login"), {}, QStringLiteral("NAME"));
-  parser.addOptions({demo, server, login});
+  parser.addOptions({demo, server, repair, login});
   if (!parser.parse(QCoreApplication::arguments()))
     return complain(QStringLiteral("参数不正确；用法见 accountset --help"), WrongUse);
 
   const Orders orders{parser.positionalArguments(),
                       parser.isSet(demo),
                       parser.isSet(server),
+                      parser.isSet(repair),
                       {parser.value(login), qEnvironmentVariable("ACCOUNTSET_LOGIN_PASSWORD")}};
   const QString command = orders.words.value(0);
   if (command == QStringLiteral("create"))

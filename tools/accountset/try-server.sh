@@ -27,6 +27,10 @@ pg_dump -Fc -f "$folder/dump" try_tool
 dropdb try_tool
 pg_restore -C -d postgres "$folder/dump"
 as_till "$tool" check "server://till@$address/try_tool"
+# A repair leaves what was there before it in a file.
+psql -q -d try_tool -c "update TabFee set State='作废' where Code=(select max(Code) from TabFee)"
+(cd "$folder" && as_till "$tool" check --repair "server://till@$address/try_tool" | tail -n 1 | grep '已更正 2 处，全部相符')
+refuses "$tool" check "$folder"/try_tool.mdb.*.bak
 # What exists is left as it is; a failed login is reported; an incomplete address is refused.
 refuses "$tool" create --server "$server/try_tool" --login till
 refuses "$tool" copy "$folder/firm.mdb" "$server/try_tool" --login till
