@@ -73,6 +73,10 @@ int writesOfASave(Tally& tally)
     qFatal("the payment was not saved");
   const QString lost = QString("a power cut could undo %1 of its %2 commits").arg(counts().unsyncedCommits).arg(counts().commits);
   tally.add("a save that was acknowledged", counts().unsyncedCommits == 0 ? "" : lost);
+  // The journal twice, its folder, the file, and the folder again once the journal is deleted.
+  constexpr int MostSyncs = 5;
+  tally.add("the syncs of a save", counts().syncs <= MostSyncs ? "" : QString("%1, at most %2").arg(counts().syncs).arg(MostSyncs));
+  std::printf("disk: a save writes %d times, %d of them syncs\n", counts().writes, counts().syncs);
   return counts().writes;
 }
 
@@ -86,7 +90,7 @@ void failingDisk(Tally& tally)
     tally.add(QString("disk full from write %1").arg(write),
               Firm().saveUnder({.failAtWrite = write, .failure = SQLITE_FULL, .failsOn = true}));
   }
-  std::printf("disk: a save writes %d times; %d errors injected\n", writes, Firm::injected);
+  std::printf("disk: %d errors injected\n", Firm::injected);
 }
 
 } // namespace Faults

@@ -67,8 +67,18 @@ int xWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset
 
 int xSync(sqlite3_file* file, int flags)
 {
+  ++shared->syncs;
   const int code = nextWrite(file, nullptr, 0, 0);
   return code == SQLITE_OK ? real->xSync(file, flags) : code;
+}
+
+// SQLite opens a folder only to sync it.
+int (*realOpenDirectory)(const char*, int*) = nullptr;
+
+int openDirectory(const char* path, int* descriptor)
+{
+  ++shared->syncs;
+  return realOpenDirectory(path, descriptor);
 }
 
 // The file of an account set and its journal are watched.
@@ -119,6 +129,8 @@ void install()
   Faulty.xOpen = xOpen;
   Faulty.xDelete = xDelete;
   sqlite3_vfs_register(&Faulty, 1);
+  realOpenDirectory = reinterpret_cast<decltype(realOpenDirectory)>(disk->xGetSystemCall(disk, "openDirectory"));
+  disk->xSetSystemCall(disk, "openDirectory", reinterpret_cast<sqlite3_syscall_ptr>(openDirectory));
   sqlite3_auto_extension(reinterpret_cast<void (*)()>(watchStatements));
 }
 

@@ -26,6 +26,7 @@ struct Counts {
   int commits = 0;
   int unsyncedCommits = 0;                // those that a power cut could still undo: the end of the journal was not synced
   int writes = 0;                         // and syncs
+  int syncs = 0;                          // of files and of their folder
   int failures = 0;                       // writes and syncs that were made to fail ...
   int failedStatements = 0;               // ... and the statements that met at least one of them
   int commitsBefore[MostWrites + 1] = {}; // the n-th write
