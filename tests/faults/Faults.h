@@ -7,7 +7,7 @@
 namespace Faults {
 
 // The scripts' programs are killed after their statements and in the middle of their writes.
-void kill(const QString& scripts, bool isLong, Tally& tally);
+void kill(const QString& scripts, bool onServer, bool isLong, Tally& tally);
 // The disk fails, or is full, at a write of a save.
 void failingDisk(Tally& tally);
 // Files with bytes changed, cut off, or put in.

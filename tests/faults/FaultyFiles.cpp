@@ -1,8 +1,7 @@
 #include "FaultyFiles.h"
 #include "StatementHook.h"
 
-#include <QDir>
-#include <QFile>
+#include <QByteArrayView>
 
 #include <csignal>
 #include <new>
@@ -40,12 +39,27 @@ int watchStatements(sqlite3* database, char**, const sqlite3_api_routines*)
     pause();
 }
 
-// The result that the plan demands of the next write; SQLITE_OK if it is to be done.
-int nextWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset)
+int countWrite()
 {
   const int number = ++shared->writes;
   if (number <= MostWrites)
     shared->commitsBefore[number] = shared->commits;
+  return number;
+}
+
+void countCommit()
+{
+  const int number = ++shared->commits;
+  if (plan.atCommit)
+    plan.atCommit(number);
+  if (number == plan.killAtCommit)
+    die();
+}
+
+// The result that the plan demands of the next write; SQLITE_OK if it is to be done.
+int nextWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 offset)
+{
+  const int number = countWrite();
   if (number == plan.killAtWrite) {
     if (bytes)
       real->xWrite(file, bytes, size / 2, offset);
@@ -103,15 +117,10 @@ int xOpen(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int
 int xDelete(sqlite3_vfs* vfs, const char* name, int syncsFolder)
 {
   const int code = disk->xDelete(vfs, name, syncsFolder);
-  const QString path = name;
-  if (code != SQLITE_OK || !path.endsWith("-journal"))
+  if (code != SQLITE_OK || !QByteArrayView(name).endsWith("-journal"))
     return code;
-  const int number = ++shared->commits;
   shared->unsyncedCommits += syncsFolder == 0;
-  if (!plan.keepStates.isEmpty())
-    QFile::copy(path.chopped(8), QDir(plan.keepStates).filePath(QString::number(number) + ".mdb"));
-  if (number == plan.killAtCommit)
-    die();
+  countCommit();
   return code;
 }
 
@@ -148,6 +157,17 @@ const Counts& counts()
 void noteRest()
 {
   shared->isAtRest[qMin(shared->commits, MostWrites)] = true;
+}
+
+void noteServerWrite()
+{
+  if (countWrite() == plan.killAtWrite)
+    die();
+}
+
+void noteServerCommit()
+{
+  countCommit();
 }
 
 } // namespace FaultyFiles

@@ -4,12 +4,15 @@
 #include "ScriptProcess.h"
 #include "accountset/Store.h"
 #include "database/EmbeddedEngine.h"
+#include "support/TestServer.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace Faults {
 namespace {
@@ -31,20 +34,40 @@ tl::expected<QByteArray, QString> digest(const QString& path)
   return RowDigest::of(**store);
 }
 
+// The same of the database that a killed script has left on the server, once its connections are gone. It is dropped.
+tl::expected<QByteArray, QString> digestOfLeftover()
+{
+  const auto administrator = *Store::open(*TestServer::administrator());
+  const auto left = administrator->run("select datname from pg_database where datname ~ '^script_[0-9]+$'");
+  if (!left || left->rows() != 1)
+    return tl::unexpected(QString("not one database is left"));
+  const QString name = left->value(0, 0).toText();
+  const QString connections = "select count(*) from pg_stat_activity where datname='" + name + u'\'';
+  while (administrator->run(connections)->value(0, 0).toInteger() > 0)
+    QThread::msleep(1);
+  QByteArray found = RowDigest::of(**Store::open(*TestServer::administrator(name)));
+  std::ignore = administrator->run("drop database " + name + " with (force)");
+  return found;
+}
+
 // One script, played to its end once and then killed at many places.
 class Killing {
 public:
-  Killing(const QString& scripts, const char* name) : m_scripts(scripts), m_name(name) {}
+  Killing(const QString& scripts, const char* name, bool isOnServer) : m_scripts(scripts), m_name(name), m_isOnServer(isOnServer) {}
 
   // Keeps the state after each commit of an undisturbed run. Empty if it worked.
   QString playToTheEnd()
   {
     QDir().mkpath(states());
-    FaultyFiles::follow({.keepStates = states()});
+    // The first script of its kind makes the account set that is copied for the others.
+    FaultyFiles::follow({});
+    if (m_isOnServer)
+      play();
+    FaultyFiles::follow({.atCommit = [this](int commit) { keepState(commit); }});
     const ScriptProcess::Result result = play();
     m_counts = FaultyFiles::counts();
     for (int i = 1; i <= commits(); ++i)
-      m_states.append(digest(state(i)).value_or(QByteArray()));
+      m_states.append(m_isOnServer ? keptDigest(i) : digest(state(i)).value_or(QByteArray()));
     return result.outcome == ScriptProcess::Outcome::Passed ? QString() : result.reason;
   }
 
@@ -82,12 +105,31 @@ private:
   QString program() const { return m_folder.filePath("program"); }
   QString accountSet() const { return program() + "/Data/A001.mdb"; }
 
+  // In the playing process. A file can't be read amid its commit, and is copied.
+  void keepState(int commit) const
+  {
+    if (!m_isOnServer) {
+      QFile::copy(accountSet(), state(commit));
+      return;
+    }
+    QFile file(state(commit));
+    if (file.open(QIODevice::WriteOnly))
+      file.write(RowDigest::of(**Store::open(*TestServer::administrator(QString("script_%1").arg(getpid())))));
+  }
+
+  QByteArray keptDigest(int commit) const
+  {
+    QFile file(state(commit));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
   ScriptProcess::Result play()
   {
     QDir(program()).removeRecursively();
     return ScriptProcess::play({.script = m_scripts + u'/' + m_name + ".op",
                                 .programFolder = program(),
                                 .shelf = m_folder.path(),
+                                .server = m_isOnServer ? std::optional(TestServer::administrator()->server) : std::nullopt,
                                 .atRest = FaultyFiles::noteRest});
   }
 
@@ -97,6 +139,8 @@ private:
     if (!killed.reason.contains("Killed"))
       return "was not killed: " + killed.reason;
     FaultyFiles::follow({});
+    if (m_isOnServer)
+      return digestOfLeftover().map([&allowed](const QByteArray& found) { return verdictOn(found, allowed); }).value_or("no database");
     // Opening it as the program does completes or undoes what was left half done.
     const auto engine = EmbeddedEngine::open(accountSet());
     if (!engine || !(*engine)->execute("select count(*) from TabDotSet"))
@@ -104,9 +148,13 @@ private:
     const auto found = digest(accountSet());
     if (!found)
       return found.error();
-    if (!allowed.contains(*found))
-      return "the rows are not those that were committed";
-    return nextStart();
+    const QString verdict = verdictOn(*found, allowed);
+    return verdict.isEmpty() ? nextStart() : verdict;
+  }
+
+  static QString verdictOn(const QByteArray& found, const QList<QByteArray>& allowed)
+  {
+    return allowed.contains(found) ? "" : "the rows are not those that were committed";
   }
 
   QString nextStart()
@@ -118,6 +166,7 @@ private:
 
   QString m_scripts;
   QString m_name;
+  bool m_isOnServer;
   QTemporaryDir m_folder;
   FaultyFiles::Counts m_counts;
   QList<QByteArray> m_states;
@@ -125,20 +174,21 @@ private:
 
 } // namespace
 
-void kill(const QString& scripts, bool isLong, Tally& tally)
+void kill(const QString& scripts, bool isOnServer, bool isLong, Tally& tally)
 {
   int deaths = 0;
   for (const char* name : Scripts) {
-    Killing killing(scripts, name);
+    Killing killing(scripts, name, isOnServer);
     if (const QString reason = killing.playToTheEnd(); !reason.isEmpty()) {
       tally.add(name, reason);
       continue;
     }
     tally.add(name, killing.commitsOnlyAtRest());
-    for (int commit = 1; commit <= killing.commits(); ++commit, ++deaths)
+    const int commitStep = isLong || !isOnServer ? 1 : std::max(1, killing.commits() / 2);
+    for (int commit = commitStep; commit <= killing.commits(); commit += commitStep, ++deaths)
       tally.add(QString("%1 killed after commit %2").arg(name).arg(commit), killing.killAfter(commit));
-    const int step = isLong ? 1 : std::max(1, killing.writes() / 12);
-    for (int write = step; write <= killing.writes(); write += step, ++deaths)
+    const int writeStep = isLong ? 1 : std::max(1, killing.writes() / (isOnServer ? 3 : 12));
+    for (int write = writeStep; write <= killing.writes(); write += writeStep, ++deaths)
       tally.add(QString("%1 killed within write %2").arg(name).arg(write), killing.killWithin(write));
   }
   std::printf("kill: %d deaths, none of them within an action\n", deaths);

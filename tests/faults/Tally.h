@@ -16,6 +16,7 @@ public:
     ++m_failed;
     if (m_failed <= MostShown)
       std::printf("FAILED %s: %s\n", what.toUtf8().constData(), reason.toUtf8().constData());
+    std::fflush(stdout); // a forked process would print it again
   }
 
   // Prints the sum, and returns the exit status.

@@ -1,8 +1,8 @@
 #include "Faults.h"
 #include "FaultyFiles.h"
 
-// Plays faults: faults kill|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server. With the environment
-// variable ZORVEK_LONG set it tries every place there is, which takes long.
+// Plays faults: faults kill|kill-server|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server. With the
+// environment variable ZORVEK_LONG set it tries every place there is, which takes long.
 
 int main(int count, char** texts)
 {
@@ -10,8 +10,8 @@ int main(int count, char** texts)
   const bool isLong = qEnvironmentVariableIsSet("ZORVEK_LONG");
   Tally tally;
   FaultyFiles::install();
-  if (kind == u"kill")
-    Faults::kill(QStringLiteral(SCRIPTS_FOLDER), isLong, tally);
+  if (kind == u"kill" || kind == u"kill-server")
+    Faults::kill(QStringLiteral(SCRIPTS_FOLDER), kind == u"kill-server", isLong, tally);
   else if (kind == u"disk")
     Faults::failingDisk(tally);
   else if (kind == u"damage")
@@ -23,7 +23,8 @@ int main(int count, char** texts)
   else if (kind == u"injection" || kind == u"injection-server")
     Faults::injection(kind == u"injection-server", isLong, tally);
   else {
-    std::fputs("Usage: faults kill|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server\n", stderr);
+    std::fputs("Usage: faults kill|kill-server|disk|damage|operators|operators-server|pairs|pairs-server|injection|injection-server\n",
+               stderr);
     return 2;
   }
   return tally.close();
