@@ -11,7 +11,7 @@
 #include <sqlite3.h>
 #include <vector>
 
-// A new payment of 20 lines, beside the same statements run bare through SQLite's C API.
+// A new payment of 20 lines, beside the same statements, begin and commit among them, run bare through SQLite's C API.
 
 namespace {
 
