@@ -3,6 +3,7 @@
 #include "PaymentWriter.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QHash>
 
 #include <algorithm>
@@ -132,7 +133,10 @@ void operators(bool isOnServer, bool isLong, Tally& tally)
   const AccountSetOfTests set(isOnServer, "operators_test");
   clearPayments(*set.openStore());
   const int saves = isOnServer ? (isLong ? 500 : 60) : (isLong ? 250 : 30);
+  QElapsedTimer time;
+  time.start();
   const QHash<int, Seen> all = workAll(set.folder(), set.params(), saves);
+  std::printf("operators: %.1f s for %d saves by %d users\n", double(time.elapsed()) / 1000, Users * saves, Users);
   reconcileAll(*set.openStore(), all, Users * saves, tally);
 }
 
