@@ -1,5 +1,6 @@
 #include "platform/SafeFile.h"
 
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -27,7 +28,18 @@ bool write(const QString& path, const QByteArray& content, QFile::Permissions pe
   return false;
 }
 
-std::optional<QByteArray> take(const QString& path, qint64 most)
+bool replace(const QString& path, const QByteArray& content, QFile::Permissions permissions)
+{
+  const QString fresh = path + QStringLiteral(".new");
+  if (!write(fresh, content, permissions))
+    return false;
+  if (std::rename(QFile::encodeName(fresh).constData(), QFile::encodeName(path).constData()) == 0)
+    return true;
+  QFile::remove(fresh);
+  return false;
+}
+
+std::optional<QByteArray> read(const QString& path, qint64 most)
 {
   // Without O_NONBLOCK the opening of a pipe waits for its writer.
   const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
@@ -35,9 +47,13 @@ std::optional<QByteArray> take(const QString& path, qint64 most)
   if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle) || !isPlainFileOfOurs(descriptor))
     return std::nullopt;
   QByteArray content = file.read(most);
-  if (file.error() != QFile::NoError || !QFile::remove(path))
-    return std::nullopt;
-  return content;
+  return file.error() == QFile::NoError ? std::optional(content) : std::nullopt;
+}
+
+std::optional<QByteArray> take(const QString& path, qint64 most)
+{
+  auto content = read(path, most);
+  return content && QFile::remove(path) ? content : std::nullopt;
 }
 
 bool isName(const QString& text)
