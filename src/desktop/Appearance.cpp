@@ -133,6 +133,12 @@ void Appearance::stamp(QWidget& label)
   recolour(label, QPalette::WindowText, 0xffc8372d);
 }
 
+void Appearance::note(QWidget& strip)
+{
+  recolour(strip, QPalette::Window, 0xffe6eef7);
+  recolour(strip, QPalette::ButtonText, 0xff1f6fb5);
+}
+
 void Appearance::blend(QWidget& field)
 {
   recolour(field, QPalette::Base, 0x00000000);

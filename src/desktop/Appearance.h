@@ -11,6 +11,8 @@ void apply();
 // For single widgets.
 // The colour of a red stamp, such as that of a void bill.
 void stamp(QWidget& label);
+// The quiet colours of a strip that tells something and offers what to do.
+void note(QWidget& strip);
 // A transparent background.
 void blend(QWidget& field);
 // The background of a disabled field if it is read-only, else that of an enabled one.

@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+using namespace std::chrono_literals;
+
 FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWidget* parent)
     : m_form(shownForm), m_designs(windowDesigns), m_window(m_designs.window(m_form.name(), parent))
 {
@@ -19,6 +21,10 @@ FormWindow::FormWindow(Form& shownForm, const WindowDesigns& windowDesigns, QWid
   connect(&m_form, &Control::changed, this, [this] { m_window->setWindowTitle(m_form.caption()); });
   connect(&m_form, &Form::focusMoved, this, &FormWindow::moveFocus);
   connect(&m_form, &Form::closed, this, &FormWindow::formClosed);
+  m_keeping.setSingleShot(true);
+  m_keeping.setInterval(2s);
+  connect(&m_form, &Form::typedChanged, &m_keeping, qOverload<>(&QTimer::start));
+  connect(&m_keeping, &QTimer::timeout, &m_form, &Form::keepTyped);
   bindControls();
   hideUnbound();
   setTabOrder();
@@ -139,6 +145,7 @@ QPoint FormWindow::popUpPlace() const
 void FormWindow::formClosed()
 {
   m_closed = true;
+  m_keeping.stop();
   m_window->hide();
   emit closed();
 }

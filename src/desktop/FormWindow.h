@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -64,6 +65,7 @@ private:
   std::unique_ptr<QWidget> m_window;
   QHash<const Control*, Binding*> m_bindings;
   QPointer<QWidget> m_pressedTool;
+  QTimer m_keeping; // runs since the last change of what was typed
   bool m_isActing = false;
   bool m_closed = false;
 };

@@ -42,7 +42,13 @@ public:
   // Closes the form: onUnload runs, then the window closes.
   void close();
 
+  // Keeps what was typed and is not stored, for the time after a death; never shows anything. The window calls it two seconds
+  // after the last typedChanged.
+  virtual void keepTyped() {}
+
 signals:
+  // What was typed and is not stored may be different now.
+  void typedChanged();
   void focusMoved(Control* control);
   void closed();
 
