@@ -59,6 +59,19 @@ void BillStore::take(const Id& bill, const Recordset& header, const Recordset& l
   m_rows = rowsOf(header, lines);
 }
 
+std::optional<QStringList> BillStore::asRead() const
+{
+  return m_rows ? std::optional(QStringList{m_rows->auditor, m_rows->state} + m_rows->values) : std::nullopt;
+}
+
+void BillStore::takeBack(const Id& bill, const std::optional<QStringList>& asRead)
+{
+  m_bill = bill;
+  m_rows.reset();
+  if (asRead && asRead->size() > 2)
+    m_rows = Rows{asRead->value(0), asRead->value(1), asRead->mid(2)};
+}
+
 // The mark that a voucher was made is no change of the bill.
 BillStore::Rows BillStore::rowsOf(const Recordset& header, const Recordset& lines)
 {
@@ -100,12 +113,12 @@ BillStore::Change BillStore::changeByOthers()
   return m_changed->state != m_rows->state && m_changed->state == u"作废" ? Change::Voided : Change::Other;
 }
 
-void BillStore::inOneTransaction(const std::function<void()>& writes)
+void BillStore::inOneTransaction(const std::function<void()>& writes, const std::function<void()>& committed)
 {
   const Id before = m_bill;
   const std::optional<Rows> rowsBefore = m_rows;
   try {
-    ::inOneTransaction(m_session, writes);
+    ::inOneTransaction(m_session, writes, committed);
   } catch (const ActionLost&) {
     m_bill = before;
     m_rows = rowsBefore;

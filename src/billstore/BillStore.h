@@ -39,6 +39,11 @@ public:
   // The bill that has been shown is `bill` from now on, with its rows as they were read.
   void take(const Id& bill, const Recordset& header, const Recordset& lines);
 
+  // What `bill` was when it was read or written here, for takeBack; nothing if that is not known.
+  std::optional<QStringList> asRead() const;
+  // The bill that is shown again after another start is `bill`, which was read as this then. It may be another by now.
+  void takeBack(const Id& bill, const std::optional<QStringList>& asRead);
+
   // False for one that is not stored; a failed read throws RunTimeError.
   bool isStored(const Id& bill) const;
   // The rows of a bill; also works for other tables of the suite. No lines of a kind without lines.
@@ -58,7 +63,7 @@ public:
   void remember() { m_rows = storedRows(); }
 
   // Runs the writes of one action as one transaction (see ModuleADO.h). If nothing of it is stored, `bill` is what it was.
-  void inOneTransaction(const std::function<void()>& writes);
+  void inOneTransaction(const std::function<void()>& writes, const std::function<void()>& committed = [] {});
 
   // True if the record is an edit of `bill`, which is still stored.
   bool replaces(const BillRecord& record) const;

@@ -80,10 +80,11 @@ DatabaseResult<Recordset> runAndShow(Session& session, const Statement& statemen
   return result;
 }
 
-void commit(Session& session)
+void commit(Session& session, const std::function<void()>& committed)
 {
   if (const auto done = session.connection.commit(); !done)
     loseAction(session, done.error());
+  committed();
   session.desk.showHeldBoxes();
 }
 
@@ -127,7 +128,7 @@ Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement)
   return *std::move(result);
 }
 
-void inOneTransaction(Session& session, const std::function<void()>& writes)
+void inOneTransaction(Session& session, const std::function<void()>& writes, const std::function<void()>& committed)
 {
   if (session.connection.isInTransaction())
     return writes();
@@ -138,10 +139,10 @@ void inOneTransaction(Session& session, const std::function<void()>& writes)
   try {
     writes();
   } catch (const RunTimeError&) {
-    commit(session);
+    commit(session, committed);
     throw;
   }
-  commit(session);
+  commit(session, committed);
 }
 
 void CloseConnection(Session& session)

@@ -36,8 +36,10 @@ Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
 // commits what was written before it. Where the engine gives up the whole transaction, or can't commit it, "Error:" is
 // the only box, nothing is stored and ActionLost is thrown.
 //
+// `committed` runs as soon as they are stored, before any box is shown. It must not throw.
+//
 // Called within another one, it is part of that one.
-void inOneTransaction(Session& session, const std::function<void()>& writes);
+void inOneTransaction(Session& session, const std::function<void()>& writes, const std::function<void()>& committed = [] {});
 
 // Closes the connection, as a screen does when it closes; the next statement opens it again.
 void CloseConnection(Session& session);
