@@ -3,8 +3,14 @@
 #include "ledger/Money.h"
 #include "session/Session.h"
 
-AmountBox::AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed) : EntryBox(parent, name, allowed)
+AmountBox::AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed)
+    : EntryBox(parent, name, allowed), m_session(session)
 {
   onFocusIn = [this] { setText(ModFuntion::StripMoneyText(text())); };
-  onFocusOut = [this, &session] { setText(ModFuntion::FormatDotText(text(), session.DotSet.DotMoney)); };
+  onFocusOut = [this] { setText(formatted()); };
+}
+
+QString AmountBox::formatted() const
+{
+  return ModFuntion::FormatDotText(text(), m_session.DotSet.DotMoney);
 }

@@ -10,4 +10,10 @@ class AmountBox : public EntryBox {
 
 public:
   AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed = {});
+
+  // The text that it has, or will have, when it is left.
+  QString formatted() const;
+
+private:
+  const Session& m_session;
 };

@@ -38,7 +38,7 @@ void BillScreen::setAudit(bool on)
     store.setAuditor(*auditor);
     return true;
   };
-  if (changeBill(write, true))
+  if (changeBill(write, [] {}, true))
     showAuditor(*auditor);
 }
 
@@ -87,7 +87,11 @@ void BillScreen::VoidBill()
       Vouchers::deleteVoidedVoucher(session, voucher->code);
     return true;
   };
-  if (!changeBill(write, true) || !isThere)
+  const auto committed = [&] {
+    if (isThere)
+      draft.end(bill.code);
+  };
+  if (!changeBill(write, committed, true) || !isThere)
     return;
   FillBill(bill.table, bill.code);
   desk().inform(u"作废成功！"_s);
@@ -113,21 +117,29 @@ void BillScreen::FDelete_Click()
     return desk().inform(u"单据编号不存在，禁止当前操作！"_s);
   if (!desk().confirm(u"删除当前单据吗？"_s, Desk::Icon::Information))
     return;
-  const auto write = [this] {
+  const QString code = store.bill().code;
+  bool isDeleted = false;
+  const auto write = [&] {
     if (ModFuntion::GetClosingGuard(session, DTPDate.date(), true))
       return false;
     store.remove(voucherKind());
+    isDeleted = true;
     return true;
   };
-  if (!changeBill(write, false))
+  const auto committed = [&] {
+    if (isDeleted)
+      draft.end(code);
+  };
+  if (!changeBill(write, committed, false))
     return;
   desk().inform(u"单据已删除！"_s);
   InitLineGrid();
-  if (traits().emptyAfterDelete.empty())
-    return NewBill();
   // The screen still counts as that of a saved bill: the operator has to start a new one.
   for (const char* name : traits().emptyAfterDelete)
     find<TextBox>(name)->setText({});
+  draft.begin();
+  if (traits().emptyAfterDelete.empty())
+    NewBill();
 }
 
 void BillScreen::browseTo(const std::optional<QString>& code)

@@ -120,12 +120,16 @@ bool BillScreen::WriteBill(BillRecord bill, Vouchers::VoucherDecision voucher)
       Vouchers::DeleteVoucher(session, store.bill().code);
     return true;
   };
+  const auto committed = [&] {
+    if (isWritten)
+      draft.end(store.bill().code);
+  };
   const auto show = [&] {
     if (isWritten)
       showWritten(auditor);
   };
   try {
-    if (!changeBill(write, true))
+    if (!changeBill(write, committed, true))
       return false;
   } catch (const RunTimeError&) {
     show();
@@ -154,19 +158,21 @@ void BillScreen::drawNumberAgain(BillRecord& bill)
 
 // Runs `writes` on the stored bill as one transaction, unless another user has changed the bill since it was read: then
 // the user decides, and is asked again if it has changed once more. False if `writes` returned it, or did not run.
-bool BillScreen::changeBill(const std::function<bool()>& writes, bool refusesVoided)
+// `committed` runs as soon as a transaction is stored, before any box.
+bool BillScreen::changeBill(const std::function<bool()>& writes, const std::function<void()>& committed, bool refusesVoided)
 {
   for (;;) {
     using Change = BillStore::Change;
     Change change = Change::None;
     bool isDone = false;
-    store.inOneTransaction([&] {
+    const auto write = [&] {
       change = store.changeByOthers();
       if (change != Change::None)
         return;
       const auto remember = qScopeGuard([this] { store.remember(); });
       isDone = writes();
-    });
+    };
+    store.inOneTransaction(write, committed);
     if (change == Change::None)
       return isDone;
     if (change == Change::Audited || (change == Change::Voided && refusesVoided)) {

@@ -8,6 +8,8 @@
 #include "settlement/WriteOff.h"
 #include "vouchers/ShowVoucher.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,7 +23,7 @@ Control& firstField(BillScreen& screen)
 } // namespace
 
 BillScreen::BillScreen(Session& ofSession, const BillTraits& traits)
-    : Form(ofSession.desk, traits.kind.screen), session(ofSession), store(ofSession, traits.kind), Pic(this, "Pic"),
+    : Form(ofSession.desk, traits.kind.screen), session(ofSession), store(ofSession, traits.kind), draft(*this), Pic(this, "Pic"),
       LabBillName(&Pic, "LabBillName"), LabState(&Pic, "LabState"), LabAuditing(&Pic, "LabAuditing"), TxtBillCode(&Pic, "TxtBillCode"),
       DTPDate(&Pic, "DTPDate"), TxtDate(&Pic, "TxtDate"), currency(*this), FrameProvide(&Pic, "FrameProvide"),
       partner(traits.partner ? std::make_unique<PartnerArea>(*this) : nullptr),
@@ -85,11 +87,37 @@ void BillScreen::InitLineGrid()
 
 void BillScreen::NewBill()
 {
+  draft.leave();
+  const auto begins = qScopeGuard([this] { draft.begin(); });
   ClearBillFields();
   IsSavedBill = false;
   store.drop();
   SetBillEditable(true);
   menus.enablePrinting(false);
+  setFocus(firstField(*this));
+}
+
+void BillScreen::takeBack(const Draft& typed)
+{
+  ClearBillFields();
+  IsSavedBill = typed.isSaved;
+  store.drop();
+  if (!typed.code.isEmpty()) {
+    BillTable = typed.table;
+    store.takeBack({typed.table, typed.code}, typed.read);
+  }
+  draft.fill(typed);
+  if (lines)
+    lines->Text2.hide();
+  if (IsSavedBill) {
+    showAudit();
+    showState(true);
+    RefreshBillControls();
+  } else {
+    TxtBillCode.setText({});
+    SetBillEditable(true);
+    menus.enablePrinting(false);
+  }
   setFocus(firstField(*this));
 }
 
@@ -149,6 +177,8 @@ void BillScreen::RefreshBillControls()
 
 void BillScreen::FillBill(const QString& table, const QString& code)
 {
+  draft.leave();
+  const auto begins = qScopeGuard([this] { draft.begin(); });
   BillTable = table;
   InitLineGrid();
   TxtDate.setEnabled(false);
@@ -248,5 +278,6 @@ void BillScreen::FJXCAccount_Click()
 
 void BillScreen::onUnload()
 {
+  draft.keep();
   CloseConnection(session);
 }

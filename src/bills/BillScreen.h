@@ -6,6 +6,7 @@
 #include "bills/BillMenus.h"
 #include "bills/BillTraits.h"
 #include "bills/CurrencyArea.h"
+#include "bills/DraftArea.h"
 #include "bills/LineArea.h"
 #include "bills/PaidArea.h"
 #include "bills/PartnerArea.h"
@@ -46,6 +47,9 @@ public:
   virtual void FJXCAccount_Click();
   // Receives the choice of an account picker.
   void takeAccount(const PickedNode& account);
+  // Shows a bill that was typed and not saved.
+  void takeBack(const Draft& typed);
+  void keepTyped() override { draft.keep(); }
 
   const BillTraits& traits() const { return *m_traits; }
   // The bill's title; also the name of layouts and templates.
@@ -66,6 +70,7 @@ public:
   BillStore store;
   bool IsSavedBill = false;
 
+  DraftArea draft;
   Container Pic;
   Label LabBillName;
   Label LabState;
@@ -109,7 +114,7 @@ private:
   bool WriteBill(BillRecord bill, Vouchers::VoucherDecision voucher);
   bool isClosedOrPosted(Vouchers::VoucherDecision voucher);
   void drawNumberAgain(BillRecord& bill);
-  bool changeBill(const std::function<bool()>& writes, bool refusesVoided);
+  bool changeBill(const std::function<bool()>& writes, const std::function<void()>& committed, bool refusesVoided);
   bool confirmsEdit();
   void showWritten(const std::optional<QString>& auditor);
   void setLoading(bool loading);

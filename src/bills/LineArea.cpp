@@ -65,6 +65,23 @@ void LineArea::addTo(BillRecord& record) const
     record.lines.append({{text(row, AccountCode), text(row, AccountName)}, amount(row), text(row, Remark)});
 }
 
+QList<QStringList> LineArea::rows() const
+{
+  QList<QStringList> rows;
+  for (int row = 1; row < m_grid.rows(); ++row) {
+    rows.append(QStringList());
+    for (int col = 0; col < ColumnCount; ++col)
+      rows.last().append(m_grid.text(row, col));
+  }
+  return rows;
+}
+
+void LineArea::takeBack(const QList<QStringList>& rows)
+{
+  m_grid.setBlock(1, rows);
+  RecalcTotal();
+}
+
 Currency LineArea::total() const
 {
   return MoneyOf(LabTotalMoney.caption());

@@ -25,6 +25,9 @@ public:
   // Fills a grid that InitLineGrid has reset with stored lines. A line without an amount shows none.
   void show(Recordset& lines);
   void addTo(BillRecord& record) const;
+  // All rows below the headings as they are, and back into a grid that InitLineGrid has reset.
+  QList<QStringList> rows() const;
+  void takeBack(const QList<QStringList>& rows);
 
   int lineCount() const { return m_grid.rows() - 2; }
   // Trimmed text of a line's column.

@@ -40,6 +40,7 @@ template <typename Provide> std::unique_ptr<QWidget> billWindow(QWidget* parent)
   bill.setupUi(window.get());
   Provide().setupUi(bill.FrameProvide);
   Appearance::stamp(*bill.LabState);
+  Appearance::note(*bill.FrameDraft);
   // The stored date as plain text; the picker covers it.
   Appearance::blend(*bill.TxtDate);
   return window;
@@ -114,6 +115,7 @@ constexpr NamedAction Actions[] = {
     {u"FPrintSet", {{}, {}, true}},
     {u"CmdQuery", {{}, u"F5"}},
     {u"FExit", {{}, u"Ctrl+F4", true}},
+    {u"ToolRestore", {{}, u"Alt+R"}},
     {u"ToolSelect", {u"select"}},
     {u"ToolAdd", {u"add"}},
     {u"ToolRefresh", {u"refresh", u"F5"}},

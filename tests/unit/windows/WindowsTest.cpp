@@ -6,13 +6,15 @@
 #include "pickers/frmWarehouseSelect.h"
 #include "printing/frmExport.h"
 #include "program/ProgramScreens.h"
+#include "support/AccountSetFixture.h"
 #include "support/Printing.h"
-#include "support/SessionFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLineEdit>
 #include <QSet>
+#include <QTest>
 
 namespace {
 
@@ -55,4 +57,38 @@ TEST(Windows, EveryControlHasItsWidgetAndEveryNamedWidgetItsControl)
   }
   // Forms that share a design need not have every control of it, but one of them has.
   EXPECT_EQ((named - controls).values().join(", "), "");
+}
+
+TEST(Windows, WhatIsTypedIsOfferedAgainAfterADeath)
+{
+  AccountSetFixture at;
+  const QDir drafts(at.folder.filePath("TempFile"));
+  EXPECT_TRUE(drafts.mkpath("."));
+  const auto start = [&at] {
+    auto screen = makeProgramScreen(at.session, "frmPayfund");
+    screen->Form_Load();
+    screen->form().opened();
+    screen->frm_Initialize(false);
+    return screen;
+  };
+  {
+    const auto dying = start();
+    const FormWindow bound(dying->form(), Windows::Designs, nullptr);
+    bound.window().show();
+    QTest::keyClicks(bound.window().findChild<QLineEdit*>("TxtMemo"), "memo");
+    QTest::qWait(1000);
+    QTest::keyClicks(bound.window().findChild<QLineEdit*>("TxtMemo"), "s");
+    QTest::qWait(1200);
+    EXPECT_TRUE(drafts.isEmpty()) << "two seconds after the last change";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !drafts.isEmpty(); }));
+  }
+  const auto next = start();
+  const FormWindow bound(next->form(), Windows::Designs, nullptr);
+  bound.window().show();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&bound.window()));
+  const QWidget& strip = *bound.window().findChild<QWidget*>("FrameDraft");
+  EXPECT_TRUE(strip.isVisible());
+  QTest::keyClick(bound.window().focusWidget(), Qt::Key_R, Qt::AltModifier);
+  EXPECT_FALSE(strip.isVisible());
+  EXPECT_EQ(bound.window().findChild<QLineEdit*>("TxtMemo")->text(), "memos");
 }
