@@ -6,6 +6,7 @@
 AmountBox::AmountBox(const Session& session, QObject* parent, QAnyStringView name, const QString& allowed)
     : EntryBox(parent, name, allowed), m_session(session)
 {
+  setLatin(true);
   onFocusIn = [this] { setText(ModFuntion::StripMoneyText(text())); };
   onFocusOut = [this] { setText(formatted()); };
 }

@@ -17,6 +17,7 @@ LineArea::LineArea(BillScreen& screen, const LineTraits& traits)
 {
   LabAttention.setCaption(QString::fromUtf16(traits.attention));
   FrameTotal.setCaption(u"合计信息"_s);
+  m_grid.setTakesText(true);
   m_grid.onClick = [this] { OpenCellEditor(); };
   m_grid.onKey = [this](const Key& key) { return gridTab(key); };
   m_grid.onKeyDown = [this](const Key& key) { gridKeyDown(key); };
@@ -36,6 +37,8 @@ void LineArea::InitLineGrid()
   m_grid.setRows(2);
   m_grid.setCols(ColumnCount);
   m_grid.setHoldsCodes(AccountCode);
+  for (const Column column : {AccountCode, Amount})
+    m_grid.setLatin(column);
   m_grid.setCurrent(1, AccountCode);
   GridLayout::apply(m_screen.session, m_grid, m_screen.billName(), columns);
 }

@@ -185,6 +185,11 @@ bool GridBinding::wheelTurned(int step, Qt::KeyboardModifiers held)
   return m_grid.row() != row;
 }
 
+Qt::InputMethodHints GridBinding::inputHints() const
+{
+  return m_grid.isLatin(m_grid.col()) ? LatinHints : Qt::ImhNone;
+}
+
 // Keys unknown to the grid must not move the view's current cell.
 bool GridBinding::pressSpecial(const QKeyEvent& event)
 {

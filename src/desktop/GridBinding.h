@@ -19,6 +19,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressed(const QPoint& at, Qt::MouseButton button, bool twice) override;
   bool pressSpecial(const QKeyEvent& event) override;
+  Qt::InputMethodHints inputHints() const override;
 
 private:
   void prepareView();

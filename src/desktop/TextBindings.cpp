@@ -52,8 +52,13 @@ void TextBinding::show()
     if (m_edit.hasFrame())
       Appearance::setBackground(m_edit, m_box.isReadOnly());
   }
-  if (m_edit.text() != m_box.text())
-    m_edit.setText(m_box.text());
+  m_edit.setInputMethodHints(m_box.isLatin() ? LatinHints : Qt::ImhNone);
+  if (m_edit.text() == m_box.text())
+    return;
+  // What was typed in full width is as long in half width.
+  const int caret = m_edit.text().size() == m_box.text().size() ? m_edit.cursorPosition() : int(m_box.text().size());
+  m_edit.setText(m_box.text());
+  m_edit.setCursorPosition(caret);
 }
 
 bool TextBinding::editsWith(const Key& key) const

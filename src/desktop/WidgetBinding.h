@@ -6,6 +6,9 @@
 
 class QKeyEvent;
 
+// What an input method is asked for where a control wants Latin characters.
+constexpr Qt::InputMethodHints LatinHints = Qt::ImhPreferLatin | Qt::ImhPreferNumbers;
+
 // A control shown by a widget: enabled, visible, tool tip, focus and keys.
 //
 // Every key goes to the control's handlers first. A key that they do not consume reaches the widget only if

@@ -96,6 +96,7 @@ void frmCode::wire()
 void frmCode::wireGrid()
 {
   MSH.setRowList(true);
+  MSH.setTakesText(true);
   MSH.onClick = [this] { MSH_Click(); };
   MSH.onDoubleClick = [this] { CmdOK_Click(); };
   MSH.onKey = [this](const Key& key) { return keyOfGrid(key); };

@@ -12,6 +12,7 @@ public:
   CellEditor(QObject* parent, Grid& grid);
 
   Grid& grid() const { return m_grid; }
+  bool isLatin() const override { return m_grid.isLatin(m_grid.col()); }
 
   // Lays the box over the current cell with this text, shows it, focuses it and selects its text.
   void open(const QString& text);

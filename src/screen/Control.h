@@ -47,6 +47,9 @@ public:
   // False for a control that Tab skips although it can hold the focus.
   bool isTabStop() const { return m_tabStop; }
   void setTabStop(bool tabStop) { m_tabStop = tabStop; }
+  // True for a control that is typed into, if only to open a text box: an input method may compose in it.
+  virtual bool takesText() const { return m_takesText; }
+  void setTakesText(bool takesText) { m_takesText = takesText; }
 
   // Handlers of the form. onKey returns whether it consumed the key; a key that a control did not consume
   // is offered to the onKey of its form.
@@ -92,4 +95,5 @@ private:
   bool m_enabled = true;
   bool m_visible = true;
   bool m_tabStop = true;
+  bool m_takesText = false;
 };

@@ -36,14 +36,14 @@ void TextBox::moveCaretToEnd()
 
 void TextBox::typed(const QString& text)
 {
-  form().handle([&] { setText(text); });
+  form().handle([&] { setText(asTyped(text)); });
 }
 
 void TextBox::replaceSelection(const QString& with)
 {
   const qsizetype from = qMin(m_anchor, m_caret);
   const qsizetype to = qMax(m_anchor, m_caret);
-  const QString text = m_text.left(from) + with + m_text.mid(to);
+  const QString text = m_text.left(from) + asTyped(with) + m_text.mid(to);
   m_anchor = m_caret = from + with.size();
   const qsizetype caret = m_caret;
   setText(text);

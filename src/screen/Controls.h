@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/HalfWidth.h"
 #include "screen/Control.h"
 
 #include <QDate>
@@ -38,6 +39,11 @@ public:
   bool isReadOnly() const { return m_readOnly; }
   void setReadOnly(bool readOnly) { change(m_readOnly, readOnly); }
 
+  // True for an amount or a code of Latin letters and digits: what is typed in full width becomes half-width, and input
+  // methods are asked for Latin characters.
+  virtual bool isLatin() const { return m_latin; }
+  void setLatin(bool latin) { m_latin = latin; }
+
   // Selects the whole text, so that the next key replaces it.
   void selectAll();
   // Puts the caret after the last character, with nothing selected.
@@ -45,6 +51,7 @@ public:
 
   QString shownText() const override { return m_text; }
   bool takesFocus() const override { return true; }
+  bool takesText() const override { return !m_readOnly; }
 
   std::function<void()> onChange;
 
@@ -57,6 +64,7 @@ signals:
 
 protected:
   void edit(const Key& key) override;
+  QString asTyped(const QString& text) const { return isLatin() ? halfWidth(text) : text; }
 
 private:
   void replaceSelection(const QString& with);
@@ -67,6 +75,7 @@ private:
   qsizetype m_anchor = 0;
   qsizetype m_caret = 0;
   bool m_readOnly = false;
+  bool m_latin = false;
 };
 
 // A drop-down. The text is one of the items, or anything typed if it is editable.

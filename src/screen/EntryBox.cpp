@@ -15,7 +15,8 @@ bool moveOnAtEnter(const Control& control, const Key& key)
 EntryBox::EntryBox(QObject* parent, QAnyStringView name, const QString& allowed) : TextBox(parent, name)
 {
   onKey = [this, allowed](const Key& key) {
-    return moveOnAtEnter(*this, key) || (!allowed.isEmpty() && !ModFuntion::FilterKeyPress(form().desk(), key, allowed, true));
+    const Key typed{key.code, asTyped(key.text), key.shift};
+    return moveOnAtEnter(*this, key) || (!allowed.isEmpty() && !ModFuntion::FilterKeyPress(form().desk(), typed, allowed, true));
   };
 }
 

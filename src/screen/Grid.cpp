@@ -200,6 +200,11 @@ void Grid::setHoldsCodes(int col)
   setOfColumn(col, &Column::holdsCodes, true);
 }
 
+void Grid::setLatin(int col)
+{
+  setOfColumn(col, &Column::isLatin, true);
+}
+
 Qt::Alignment Grid::alignment(int row, int col) const
 {
   switch (colAlignment(col)) {

@@ -57,6 +57,9 @@ public:
   void setColAlignment(int col, int alignment);
   // Marks a column whose digits are codes: its default alignment is left, not right as for amounts.
   void setHoldsCodes(int col);
+  // Marks a column of amounts or codes, see TextBox::isLatin.
+  void setLatin(int col);
+  bool isLatin(int col) const { return hasCol(col) && m_columns[col].isLatin; }
   // The alignment of the text in its cell.
   Qt::Alignment alignment(int row, int col) const;
   // Text colour as red + 256 green + 65536 blue; 0 is black. Headings and totals are always black.
@@ -111,6 +114,7 @@ private:
     int alignment = AlignDefault;
     int color = 0;
     bool holdsCodes = false;
+    bool isLatin = false;
   };
 
   bool contains(int row, int col) const { return row >= 0 && row < rows() && hasCol(col); }

@@ -1,11 +1,13 @@
 #include "settlement/AllocationEditor.h"
 
+#include "platform/HalfWidth.h"
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
 
 AllocationEditor::AllocationEditor(Grid& grid, CellEditor& editor, int column, std::function<void()> take)
     : m_grid(grid), m_editor(editor), m_column(column), m_take(std::move(take))
 {
+  m_grid.setTakesText(true);
   m_grid.onMouseDown = [this] { m_editor.hide(); };
   m_grid.onClick = [this] { openCell(); };
   m_grid.onRightButton = [this] { openCell(); };
@@ -32,7 +34,7 @@ bool AllocationEditor::gridKey(const Key& key)
   case Key::Enter: openCell(); return true;
   // Shift+Tab also moves right, as in the suite.
   case Key::Tab: m_grid.moveToShownColumn(1); return true;
-  case Key::Character: ShowEditBox(key.text); return true;
+  case Key::Character: ShowEditBox(halfWidth(key.text)); return true;
   default: return false;
   }
 }

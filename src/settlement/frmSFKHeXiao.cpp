@@ -180,6 +180,7 @@ void frmSFKHeXiao::showRows(const Recordset& rs)
   MSH.setBlock(1, std::move(lines));
   MSH.setTotalsRow(true);
   MSH.setColColor(Amount, Red);
+  MSH.setLatin(Amount);
   RefreshTotals();
 }
 

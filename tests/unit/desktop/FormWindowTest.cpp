@@ -1,7 +1,6 @@
 #include "desktop/FormWindow.h"
 
-#include "screen/Controls.h"
-#include "screen/Grid.h"
+#include "screen/CellEditor.h"
 #include "support/FakeDesk.h"
 #include "support/Printing.h"
 
@@ -10,6 +9,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDateEdit>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -36,6 +36,7 @@ struct frmSample : Form {
   TextBox TxtMemo{this, "TxtMemo"};
   DatePicker DTPDate{this, "DTPDate"};
   Grid MSH{this, "MSH"};
+  CellEditor Text2{this, MSH};
 };
 
 template <typename Kind> void put(QWidget& window, const char* name)
@@ -151,6 +152,46 @@ TEST_F(FormWindowTest, KeepsTheItemsOfAnArrayTogether)
   form.Kinds.onItemClick = [&](int index) { clicked = index; };
   widget<QMenu>("File").findChildren<QAction*>("Kinds_Inf")[1]->trigger();
   EXPECT_EQ(clicked, 1);
+}
+
+TEST_F(FormWindowTest, AGridComposesFromTheFirstKeyAndKeepsTheFocusUntilTheCommit)
+{
+  form.MSH.setTakesText(true);
+  form.MSH.setLatin(1);
+  form.MSH.onKeyDown = [this](const Key& key) {
+    form.Text2.open({});
+    form.Text2.press(key);
+  };
+  form.setFocus(form.MSH);
+  auto& grid = widget<QTableView>("MSH");
+  QInputMethodQueryEvent query(Qt::ImEnabled | Qt::ImHints);
+  QApplication::sendEvent(&grid, &query);
+  EXPECT_TRUE(query.value(Qt::ImEnabled).toBool());
+  EXPECT_TRUE(query.value(Qt::ImHints).toInt() & Qt::ImhPreferLatin);
+
+  const auto compose = [&grid](const QString& preedit, const QString& commit) {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QApplication::sendEvent(&grid, &event);
+  };
+  for (const char* typed : {"h", "huo", "huo'kuan"}) {
+    compose(typed, {});
+    EXPECT_TRUE(edit("composing").isVisible() && grid.hasFocus());
+  }
+  compose({}, "货款１２");
+  EXPECT_FALSE(edit("composing").isVisible());
+  EXPECT_TRUE(edit("Text2").hasFocus());
+  EXPECT_EQ(edit("Text2").text(), "货款12") << "in the column of a code";
+
+  QInputMethodEvent rest;
+  edit("Text2").setCursorPosition(2);
+  rest.setCommitString("３，");
+  QApplication::sendEvent(&edit("Text2"), &rest);
+  EXPECT_EQ(form.Text2.text(), "货款3,12");
+  EXPECT_EQ(edit("Text2").cursorPosition(), 4);
+  form.setFocus(form.TxtName);
+  QApplication::sendEvent(&edit("TxtName"), &rest);
+  EXPECT_EQ(form.TxtName.text(), "３，") << "names stay as they are typed";
 }
 
 TEST_F(FormWindowTest, ADateChangesByTheWheelOnlyWithTheFocusAndByItsCalendar)
