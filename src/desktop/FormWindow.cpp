@@ -93,7 +93,11 @@ void FormWindow::focusCameTo(Control& control, Qt::FocusReason reason)
   // Qt's other reasons are not the user: it moves the focus from a hidden or disabled widget, or restores it
   // when a window or a menu has closed.
   if (reason == Qt::MouseFocusReason || reason == Qt::OtherFocusReason || reason == Qt::ShortcutFocusReason)
-    act([&] { m_form.setFocus(control); });
+    act([&] {
+      m_form.setFocus(control);
+      if (reason == Qt::ShortcutFocusReason)
+        control.focusedByKey();
+    });
 }
 
 void FormWindow::moveFocus(Control* control)

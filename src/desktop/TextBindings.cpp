@@ -134,6 +134,7 @@ ComboBinding::ComboBinding(FormWindow& window, ComboBox& control, QComboBox& wid
   if (!control.isEditable())
     return;
   widget.setCompleter(nullptr);
+  connect(&control, &TextBox::selectionWanted, widget.lineEdit(), &QLineEdit::selectAll);
   connect(widget.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { formWindow().act([&] { m_box.typed(text); }); });
 }
 

@@ -50,6 +50,8 @@ public:
   // True for a control that is typed into, if only to open a text box: an input method may compose in it.
   virtual bool takesText() const { return m_takesText; }
   void setTakesText(bool takesText) { m_takesText = takesText; }
+  // The focus has come by a key, and onFocusIn has run.
+  virtual void focusedByKey() {}
 
   // Handlers of the form. onKey returns whether it consumed the key; a key that a control did not consume
   // is offered to the onKey of its form.

@@ -52,6 +52,7 @@ public:
   QString shownText() const override { return m_text; }
   bool takesFocus() const override { return true; }
   bool takesText() const override { return !m_readOnly; }
+  void focusedByKey() override { selectAll(); }
 
   std::function<void()> onChange;
 

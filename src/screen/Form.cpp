@@ -55,6 +55,7 @@ void Form::moveFocus(int step)
     return;
   const qsizetype at = m_focused ? stops.indexOf(m_focused) : (step > 0 ? -1 : 0);
   setFocus(*stops[(at + step + stops.size()) % stops.size()]);
+  m_focused->focusedByKey();
 }
 
 void Form::closeOnEscape()
