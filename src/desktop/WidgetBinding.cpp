@@ -11,6 +11,9 @@ Binding::Binding(FormWindow& formWindow, Control& boundControl) : QObject(&formW
 WidgetBinding::WidgetBinding(FormWindow& window, Control& control, QWidget& widget) : Binding(window, control), m_widget(widget)
 {
   widget.installEventFilter(this);
+  // Qt gives such a widget the focus before it delivers the turn, and the field changes.
+  if (widget.focusPolicy() == Qt::WheelFocus)
+    widget.setFocusPolicy(Qt::StrongFocus);
   if (!control.toolTip().isEmpty())
     widget.setToolTip(control.toolTip());
 }

@@ -202,7 +202,9 @@ TEST_F(FormWindowTest, ADateChangesByTheWheelOnlyWithTheFocusAndByItsCalendar)
   const auto turnWheel = [&date] {
     const QPointF at = date.rect().center();
     QWheelEvent turn(at, date.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&date, &turn);
+    // As from a mouse: only then does Qt give the focus by the wheel.
+    QSpontaneKeyEvent::setSpontaneous(&turn);
+    qApp->notify(&date, &turn);
   };
   turnWheel();
   EXPECT_EQ(form.DTPDate.date(), day);
