@@ -71,7 +71,7 @@ void BillScreen::VoidBill()
 {
   if (traits().asksRightAtVoid && !mayDo(RightKind::Edit))
     return;
-  if (voidIsRefused() || !desk().confirm(u"确定作废该单据吗？"_s, Desk::Icon::Information))
+  if (voidIsRefused() || !desk().confirmDestruction(u"确定作废该单据吗？"_s, Desk::Icon::Information))
     return;
   const BillStore::Id bill = store.bill();
   bool isThere = false;
@@ -115,7 +115,7 @@ void BillScreen::FDelete_Click()
     return;
   if (!store.hasBill())
     return desk().inform(u"单据编号不存在，禁止当前操作！"_s);
-  if (!desk().confirm(u"删除当前单据吗？"_s, Desk::Icon::Information))
+  if (!desk().confirmDestruction(u"删除当前单据吗？"_s, Desk::Icon::Information))
     return;
   const QString code = store.bill().code;
   bool isDeleted = false;

@@ -179,10 +179,7 @@ bool BillScreen::changeBill(const std::function<bool()>& writes, const std::func
       desk().inform(u"单据已被其他操作员审核或作废，请重新打开！"_s);
       return false;
     }
-    if (desk().ask({.text = u"单据已被其他操作员修改，仍要继续吗？"_s,
-                    .icon = Desk::Icon::Question,
-                    .buttons = Desk::Buttons::YesNo,
-                    .isNoPreset = true}) != Desk::Answer::Yes)
+    if (!desk().confirmDestruction(u"单据已被其他操作员修改，仍要继续吗？"_s, Desk::Icon::Question))
       return false;
     store.acceptChange();
   }

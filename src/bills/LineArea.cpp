@@ -256,7 +256,7 @@ void LineArea::DeleteLineRow()
     return;
   const int row = m_grid.row();
   const QString question = u"确定删除第"_s + QString::number(row) + u"行吗？（删除掉将不可恢复）"_s;
-  if (!m_screen.desk().confirm(question, Desk::Icon::Question))
+  if (!m_screen.desk().confirmDestruction(question, Desk::Icon::Question))
     return;
   for (int to = row; to < m_grid.rows() - 1; ++to)
     copyRow(to, to + 1);

@@ -54,6 +54,8 @@ public:
   void stop(const QString& text) { ask({text, Icon::Stop}); }
   // Yes or no; true for yes.
   bool confirm(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo}) == Answer::Yes; }
+  // The same for what cannot be taken back: Enter presses no.
+  bool confirmDestruction(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo, Box().title, true}) == Answer::Yes; }
 
 protected:
   virtual Answer showBox(const Box& box) = 0;

@@ -42,6 +42,8 @@ TEST_F(DesktopDeskTest, ABoxAnswersByButtonAndByKey)
     atBox = [pressed = key](QMessageBox& box) { QTest::keyClick(box.focusWidget(), pressed); };
     EXPECT_EQ(desk.ask({"保存？", Desk::Icon::Question, buttons}), expected);
   }
+  atBox = [](QMessageBox& box) { QTest::keyClick(box.focusWidget(), Qt::Key_Return); };
+  EXPECT_FALSE(desk.confirmDestruction("删除？", Desk::Icon::Question));
 }
 
 TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItIs)
