@@ -144,10 +144,10 @@ bool LineArea::editorKey(const Key& key)
 
 void LineArea::editorTab(bool backwards)
 {
-  if (m_grid.col() >= m_grid.cols() - 1)
-    return;
-  m_grid.moveToShownColumn(backwards ? -1 : 1);
-  ReenterCell();
+  if (m_grid.moveToShownColumn(backwards ? -1 : 1))
+    ReenterCell();
+  else
+    Text2.leave(backwards);
 }
 
 void LineArea::ReenterCell()

@@ -45,6 +45,11 @@ bool WidgetBinding::eventFilter(QObject* watched, QEvent* event)
 
 bool WidgetBinding::keyPressed(const QKeyEvent& event)
 {
+  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  if (isTab && event.modifiers() & Qt::ControlModifier) {
+    formWindow().act([&] { control().leave(event.modifiers() & Qt::ShiftModifier); });
+    return true;
+  }
   const auto key = keyOf(event);
   if (!key)
     return pressSpecial(event);

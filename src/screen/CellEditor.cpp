@@ -37,6 +37,13 @@ void CellEditor::returnToGrid()
   form().setFocus(m_grid);
 }
 
+void CellEditor::leave(bool backwards)
+{
+  hide();
+  returnToGrid();
+  m_grid.leave(backwards);
+}
+
 void CellEditor::passToGrid(const Key& key)
 {
   returnToGrid();

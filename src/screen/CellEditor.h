@@ -23,6 +23,8 @@ public:
   void returnToGrid();
   // Returns the focus to the grid and presses the key there.
   void passToGrid(const Key& key);
+  // Closes the box and leaves the grid.
+  void leave(bool backwards) override;
 
 private:
   void lay(const QString& text);

@@ -53,11 +53,16 @@ bool Control::handleKey(const Key& key)
   form().handle([&] {
     consumed = (onKey && onKey(key)) || (&form() != this && form().onKey && form().onKey(key));
     if (!consumed && key.code == Key::Tab) {
-      key.shift ? form().focusPrevious() : form().focusNext();
+      leave(key.shift);
       consumed = true;
     }
   });
   return consumed;
+}
+
+void Control::leave(bool backwards)
+{
+  form().handle([&] { backwards ? form().focusPrevious() : form().focusNext(); });
 }
 
 void Control::press(const Key& key)

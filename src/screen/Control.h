@@ -68,6 +68,8 @@ public:
   // Offers the key to onKey, then to the form's onKey, then handles Tab. True if the key is consumed, so that
   // neither the control nor the widget edits with it.
   bool handleKey(const Key& key);
+  // Moves the focus to the next or the previous control, whatever Tab means here.
+  virtual void leave(bool backwards);
   // A whole key press: the handlers, then the control's own editing.
   void press(const Key& key);
 

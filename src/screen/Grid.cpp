@@ -238,13 +238,12 @@ void Grid::setCurrent(int row, int col)
     onCellChange();
 }
 
-void Grid::moveToShownColumn(int step)
+bool Grid::moveToShownColumn(int step)
 {
-  int col = m_col + step;
-  while (col >= 1 && col < cols() && colWidth(col) == 0)
-    col += step;
-  if (col >= 1 && col < cols())
-    setCurrent(m_row, col);
+  const bool moves = hasShownColumn(step);
+  if (moves)
+    setCurrent(m_row, stepCol(m_col, step));
+  return moves;
 }
 
 void Grid::clickCell(int row, int col)

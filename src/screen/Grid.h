@@ -70,8 +70,9 @@ public:
   int row() const { return m_row; }
   int col() const { return m_col; }
   void setCurrent(int row, int col);
-  // Moves to the next column that shows in a direction, 1 or -1, but not onto column 0; stays if there is none.
-  void moveToShownColumn(int step);
+  // Moves to the next column that shows in a direction, 1 or -1, but not onto column 0. False if there is none.
+  bool moveToShownColumn(int step);
+  bool hasShownColumn(int step) const { return stepCol(m_col, step) != m_col; }
 
   // True for a list of rows: the whole current row is highlighted, and while the grid has the focus one
   // notch of the wheel acts as PageUp or PageDown.

@@ -32,8 +32,8 @@ bool AllocationEditor::gridKey(const Key& key)
   m_editor.hide();
   switch (key.code) {
   case Key::Enter: openCell(); return true;
-  // Shift+Tab also moves right, as in the suite.
-  case Key::Tab: m_grid.moveToShownColumn(1); return true;
+  // Shift+Tab also moves right, as in the suite, but not where it leaves the list.
+  case Key::Tab: return (!key.shift || m_grid.hasShownColumn(-1)) && m_grid.moveToShownColumn(1);
   case Key::Character: ShowEditBox(halfWidth(key.text)); return true;
   default: return false;
   }
@@ -55,7 +55,8 @@ bool AllocationEditor::editorKey(const Key& key)
   case Key::Tab:
     m_editor.hide();
     m_editor.returnToGrid();
-    m_grid.moveToShownColumn(key.shift ? -1 : 1);
+    if (!m_grid.moveToShownColumn(key.shift ? -1 : 1))
+      m_grid.leave(key.shift);
     return true;
   default: return false;
   }

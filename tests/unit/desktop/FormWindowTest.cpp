@@ -194,6 +194,21 @@ TEST_F(FormWindowTest, AGridComposesFromTheFirstKeyAndKeepsTheFocusUntilTheCommi
   EXPECT_EQ(form.TxtName.text(), "３，") << "names stay as they are typed";
 }
 
+TEST_F(FormWindowTest, CtrlTabLeavesEvenAnOpenCell)
+{
+  form.MSH.onKey = form.Text2.onKey = [](const Key& key) { return key.code == Key::Tab; };
+  for (const bool isOpen : {false, true}) {
+    form.setFocus(form.MSH);
+    if (isOpen)
+      form.Text2.open("1,000");
+    QTest::keyClick(bound.window().focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(form.focused(), &form.TxtName);
+    EXPECT_FALSE(form.Text2.isVisible());
+    QTest::keyClick(bound.window().focusWidget(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(form.focused(), &form.MSH);
+  }
+}
+
 TEST_F(FormWindowTest, ADateChangesByTheWheelOnlyWithTheFocusAndByItsCalendar)
 {
   const QDate day(2022, 6, 8);
