@@ -2,12 +2,15 @@
 
 #include "desktop/Icons.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
 #include <QFont>
 #include <QGroupBox>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QPushButton>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -37,6 +40,7 @@ constexpr Shade Shades[] = {
 
 constexpr QRgb GroupBorder = 0xffd5dce3;
 constexpr QPoint GroupTitleIndent{8, 2};
+constexpr int RingWidth = 2;
 
 // Families with all characters of the screens, so that no fallback font is searched.
 const QStringList Families{u"Noto Sans CJK SC"_s, u"Source Han Sans SC"_s, u"Microsoft YaHei"_s};
@@ -60,11 +64,39 @@ public:
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
   {
-    if (element != PE_FrameGroupBox)
-      return QProxyStyle::drawPrimitive(element, option, painter, widget);
-    painter->setPen(QColor::fromRgb(GroupBorder));
-    painter->setBrush(option->palette.alternateBase());
-    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    switch (element) {
+    case PE_FrameGroupBox:
+      painter->setPen(QColor::fromRgb(GroupBorder));
+      painter->setBrush(option->palette.alternateBase());
+      return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    case PE_FrameFocusRect:
+      // An item, or the text of a check box, with a little space at its sides.
+      if (!qobject_cast<const QPushButton*>(widget))
+        Appearance::drawFocus(*painter, option->rect.adjusted(-1, 0, 1, 0));
+      return;
+    case PE_PanelLineEdit:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      if (!isPartOfField(widget, *option))
+        drawFocusOf(*option, *painter);
+      return;
+    default: return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+  {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_PushButtonBevel)
+      drawFocusOf(*option, *painter);
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override
+  {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    // A date box with a calendar is drawn as a drop-down.
+    if (control == CC_ComboBox || control == CC_SpinBox)
+      drawFocusOf(*option, *painter);
   }
 
   // The margins and spacing of group boxes, where a layout sets none.
@@ -87,6 +119,21 @@ public:
     const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
     const bool isGroupTitle = control == CC_GroupBox && part == SC_GroupBoxLabel;
     return isGroupTitle ? rect.translated(GroupTitleIndent) : rect;
+  }
+
+private:
+  static void drawFocusOf(const QStyleOption& option, QPainter& painter)
+  {
+    if (option.state & State_HasFocus)
+      Appearance::drawFocus(painter, option.rect);
+  }
+
+  // The line of a drop-down or a date box, or a cell's, around which its view draws the ring.
+  static bool isPartOfField(const QWidget* edit, const QStyleOption& option)
+  {
+    const auto* const panel = qstyleoption_cast<const QStyleOptionFrame*>(&option);
+    const QWidget* const parent = edit ? edit->parentWidget() : nullptr;
+    return (panel && panel->lineWidth == 0) || qobject_cast<const QComboBox*>(parent) || qobject_cast<const QAbstractSpinBox*>(parent);
   }
 };
 
@@ -126,6 +173,16 @@ void Appearance::apply()
   colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Active, QPalette::Text));
   for (const char* view : {"QTableView", "QTreeView", "QListView"})
     QApplication::setPalette(colours, view);
+}
+
+void Appearance::drawFocus(QPainter& painter, const QRect& of)
+{
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(QApplication::palette().color(QPalette::Highlight), RingWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(of.adjusted(1, 1, -1, -1));
+  painter.restore();
 }
 
 void Appearance::stamp(QWidget& label)

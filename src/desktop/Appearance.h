@@ -1,5 +1,7 @@
 #pragma once
 
+class QPainter;
+class QRect;
 class QWidget;
 
 // How the program looks: style, colours and fonts, all in one place.
@@ -7,6 +9,9 @@ namespace Appearance {
 
 // For the whole application; called once, before the first window.
 void apply();
+
+// The ring inside the edge of what has the focus. Widgets have it from the style; a cell is not one.
+void drawFocus(QPainter& painter, const QRect& of);
 
 // For single widgets.
 // The colour of a red stamp, such as that of a void bill.

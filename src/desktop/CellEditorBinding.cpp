@@ -3,6 +3,7 @@
 #include "desktop/Appearance.h"
 #include "desktop/FormWindow.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -18,7 +19,6 @@ CellEditorBinding::CellEditorBinding(FormWindow& window, CellEditor& control, QT
 {
   widget.setObjectName(control.name());
   widget.setFrame(false);
-  widget.setTextMargins(1, 0, 1, 0);
   Appearance::markAsCellEditor(widget);
   widget.hide();
   for (const QScrollBar* bar : {view.verticalScrollBar(), view.horizontalScrollBar()})
@@ -41,9 +41,18 @@ void CellEditorBinding::lay()
   if (!m_editor.isShown())
     return;
   const Grid& grid = m_editor.grid();
-  m_widget.setGeometry(m_view.visualRect(grid.indexOf(grid.row(), grid.col())));
+  // Inside the ring of the current cell.
+  m_widget.setGeometry(m_view.visualRect(grid.indexOf(grid.row(), grid.col())).adjusted(2, 2, -2, -2));
   m_widget.setAlignment(grid.alignment(grid.row(), grid.col()));
   m_widget.raise();
+}
+
+bool CellEditorBinding::eventFilter(QObject* watched, QEvent* event)
+{
+  // The view draws the ring for both.
+  if (watched == &m_widget && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+    m_view.viewport()->update();
+  return TextBinding::eventFilter(watched, event);
 }
 
 bool CellEditorBinding::openPicker()

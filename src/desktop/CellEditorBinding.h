@@ -17,6 +17,7 @@ public:
   void show() override;
 
 protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   // In a cell that has a picker a double click opens it.
   bool openPicker() override;
 

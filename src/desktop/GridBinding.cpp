@@ -1,8 +1,10 @@
 #include "desktop/GridBinding.h"
 
+#include "desktop/Appearance.h"
 #include "desktop/FormWindow.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -28,6 +30,16 @@ constexpr QRgb TotalsBackground = 0xffe8edf2;
 class CellDelegate : public QStyledItemDelegate {
 public:
   CellDelegate(const Grid& ofGrid, QObject* parent) : QStyledItemDelegate(parent), m_grid(ofGrid) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+  {
+    QStyleOptionViewItem cell(option);
+    cell.state &= ~QStyle::State_HasFocus;
+    QStyledItemDelegate::paint(painter, cell, index);
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    if (view && view->currentIndex() == index && (view->hasFocus() || view->isAncestorOf(QApplication::focusWidget())))
+      Appearance::drawFocus(*painter, option.rect);
+  }
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override

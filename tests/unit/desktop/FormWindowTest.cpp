@@ -194,6 +194,20 @@ TEST_F(FormWindowTest, AGridComposesFromTheFirstKeyAndKeepsTheFocusUntilTheCommi
   EXPECT_EQ(form.TxtName.text(), "３，") << "names stay as they are typed";
 }
 
+TEST_F(FormWindowTest, TheCurrentCellOfAFocusedGridHasARing)
+{
+  auto& grid = widget<QTableView>("MSH");
+  const auto edge = [&grid] {
+    const QImage image = grid.viewport()->grab().toImage();
+    const QPoint corner = grid.visualRect(grid.currentIndex()).topLeft();
+    return QList{image.pixelColor(corner), image.pixelColor(corner + QPoint(1, 1)), image.pixelColor(corner + QPoint(2, 2))};
+  };
+  const QColor ring = QApplication::palette().color(QPalette::Highlight);
+  EXPECT_FALSE(edge().contains(ring));
+  form.setFocus(form.MSH);
+  EXPECT_EQ(edge().count(ring), 2);
+}
+
 TEST_F(FormWindowTest, CtrlTabLeavesEvenAnOpenCell)
 {
   form.MSH.onKey = form.Text2.onKey = [](const Key& key) { return key.code == Key::Tab; };
