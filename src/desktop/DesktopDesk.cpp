@@ -109,7 +109,7 @@ FormWindow& DesktopDesk::open(Form& form, QWidget* parent)
   m_windows.push_back(std::make_unique<FormWindow>(form, m_designs, parent));
   form.opened();
   if (!form.focused())
-    form.focusNext();
+    form.focusFirst();
   return *m_windows.back();
 }
 

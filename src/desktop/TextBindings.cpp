@@ -177,6 +177,7 @@ DateBinding::DateBinding(FormWindow& window, DatePicker& control, QDateEdit& wid
   widget.setDisplayFormat(u"yyyy-MM-dd"_s);
   widget.setCalendarPopup(true);
   connect(&widget, &QDateEdit::dateChanged, this, [this](QDate date) { formWindow().act([&] { m_picker.setDate(date); }); });
+  connect(&control, &DatePicker::markWanted, this, [&widget] { widget.setSelectedSection(widget.sectionAt(0)); });
 }
 
 void DateBinding::show()
@@ -185,6 +186,44 @@ void DateBinding::show()
   const QSignalBlocker silent(m_edit);
   if (m_edit.date() != m_picker.date())
     m_edit.setDate(m_picker.date());
+}
+
+bool DateBinding::isHalfTyped() const
+{
+  return m_edit.text() != m_edit.date().toString(m_edit.displayFormat());
+}
+
+bool DateBinding::eventFilter(QObject* watched, QEvent* event)
+{
+  const bool handled = WidgetBinding::eventFilter(watched, event);
+  if (watched != &m_edit || handled)
+    return handled;
+  if (event->type() == QEvent::FocusIn) {
+    takeFocusQuietly();
+    return true;
+  }
+  // The widget would complete it: 1 of a month 12 to January.
+  if (event->type() == QEvent::FocusOut && isHalfTyped())
+    m_edit.setDate(m_edit.date());
+  return false;
+}
+
+// Unless the mouse gives it the focus, the widget marks the year, also when its window comes to the front again: one
+// stray digit would change it.
+void DateBinding::takeFocusQuietly()
+{
+  QFocusEvent quiet(QEvent::FocusIn, Qt::MouseFocusReason);
+  m_edit.removeEventFilter(this);
+  QCoreApplication::sendEvent(&m_edit, &quiet);
+  m_edit.installEventFilter(this);
+}
+
+bool DateBinding::press(const Key& key)
+{
+  if (key.code != Key::Escape || !isHalfTyped())
+    return WidgetBinding::press(key);
+  m_edit.setDate(m_edit.date());
+  return true;
 }
 
 bool DateBinding::editsWith(const Key& key) const

@@ -59,11 +59,15 @@ public:
   void show() override;
 
 protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool press(const Key& key) override;
   bool editsWith(const Key& key) const override;
   bool pressSpecial(const QKeyEvent& event) override;
 
 private:
   void openCalendar();
+  void takeFocusQuietly();
+  bool isHalfTyped() const;
 
   DatePicker& m_picker;
   QDateEdit& m_edit;

@@ -116,8 +116,13 @@ public:
 
   QString shownText() const override;
   bool takesFocus() const override { return true; }
+  void focusedByKey() override { emit markWanted(); }
 
   std::function<void()> onChange;
+
+signals:
+  // The part of the date that is typed first is to be marked.
+  void markWanted();
 
 private:
   QDate m_date{2000, 1, 1};

@@ -45,12 +45,25 @@ void Form::setFocus(Control& control)
   });
 }
 
+// The focused control is one of them, whatever it is.
+QList<Control*> Form::tabStops() const
+{
+  QList<Control*> stops = controls();
+  stops.removeIf([this](const Control* control) {
+    return control != m_focused && (!control->takesFocus() || !control->isTabStop() || !control->isReachable());
+  });
+  return stops;
+}
+
+void Form::focusFirst()
+{
+  if (const QList<Control*> stops = tabStops(); !stops.isEmpty())
+    setFocus(*stops.first());
+}
+
 void Form::moveFocus(int step)
 {
-  QList<Control*> stops;
-  for (Control* control : controls())
-    if (control == m_focused || (control->takesFocus() && control->isTabStop() && control->isReachable()))
-      stops.append(control);
+  const QList<Control*> stops = tabStops();
   if (stops.isEmpty())
     return;
   const qsizetype at = m_focused ? stops.indexOf(m_focused) : (step > 0 ? -1 : 0);

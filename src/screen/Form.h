@@ -33,6 +33,8 @@ public:
   // The focus. Setting it on a control that is not reachable does nothing.
   Control* focused() const { return m_focused; }
   void setFocus(Control& control);
+  // When the form opens: nothing is marked, so that no key changes a field unasked.
+  void focusFirst();
   void focusNext() { moveFocus(1); }
   void focusPrevious() { moveFocus(-1); }
 
@@ -61,6 +63,7 @@ protected:
   virtual void settleAfterRunTimeError() {}
 
 private:
+  QList<Control*> tabStops() const;
   void moveFocus(int step);
 
   Desk& m_desk;

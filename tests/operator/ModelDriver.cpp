@@ -190,7 +190,7 @@ private:
     m_forms.append(&form);
     form.opened();
     if (!form.focused())
-      form.focusNext();
+      form.focusFirst();
   }
 
   void showModal(Form& form) override

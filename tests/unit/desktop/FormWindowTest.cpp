@@ -1,5 +1,6 @@
 #include "desktop/FormWindow.h"
 
+#include "desktop/Appearance.h"
 #include "screen/CellEditor.h"
 #include "support/FakeDesk.h"
 #include "support/Printing.h"
@@ -196,6 +197,7 @@ TEST_F(FormWindowTest, AGridComposesFromTheFirstKeyAndKeepsTheFocusUntilTheCommi
 
 TEST_F(FormWindowTest, TheCurrentCellOfAFocusedGridHasARing)
 {
+  Appearance::apply();
   auto& grid = widget<QTableView>("MSH");
   const auto edge = [&grid] {
     const QImage image = grid.viewport()->grab().toImage();
@@ -221,6 +223,38 @@ TEST_F(FormWindowTest, CtrlTabLeavesEvenAnOpenCell)
     QTest::keyClick(bound.window().focusWidget(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(form.focused(), &form.MSH);
   }
+}
+
+TEST_F(FormWindowTest, ADateIsMarkedByAKeyOnlyAndGoesBackWhenHalfTyped)
+{
+  const QDate day(2022, 6, 8);
+  form.DTPDate.setDate(day);
+  auto& date = widget<QDateEdit>("DTPDate");
+  form.setFocus(form.DTPDate);
+  QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+  QApplication::sendEvent(&date, &back);
+  QTest::keyClicks(&date, "3");
+  EXPECT_EQ(date.text(), "2022-06-08") << "a stray digit";
+
+  const auto typeMonth = [&](const char* keys) {
+    form.TxtMemo.press({Key::Tab, {}});
+    EXPECT_EQ(date.currentSection(), QDateTimeEdit::YearSection);
+    date.setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClicks(&date, keys);
+  };
+  form.setFocus(form.TxtMemo);
+  typeMonth("1");
+  EXPECT_EQ(date.text(), "2022-1-08");
+  QTest::keyClick(&date, Qt::Key_Escape);
+  EXPECT_EQ(date.text(), "2022-06-08");
+  form.setFocus(form.TxtMemo);
+  typeMonth("1");
+  form.setFocus(form.TxtName);
+  EXPECT_EQ(form.DTPDate.date(), day);
+  EXPECT_EQ(date.text(), "2022-06-08");
+  form.setFocus(form.TxtMemo);
+  typeMonth("12");
+  EXPECT_EQ(form.DTPDate.date(), QDate(2022, 12, 8));
 }
 
 TEST_F(FormWindowTest, ADateChangesByTheWheelOnlyWithTheFocusAndByItsCalendar)
