@@ -42,7 +42,14 @@ constexpr int MostLines = std::numeric_limits<qint16>::max();
 
 frmGouDui::frmGouDui(Session& ofSession) : GoodsLineForm(ofSession, Traits, Columns, ForeignOrders)
 {
-  MSH.onClick = [this] { MSH_Click(); };
+  MSH.onClick = [this] {
+    if (MSH.col() == MatchingLines::GouDui)
+      toggleTick();
+  };
+  MSH.onKeyDown = [this](const Key& key) {
+    if (key.text == u" " && !Trim(MSH.text(MSH.row(), MatchingLines::Num)).isEmpty() && !MSH.isTotals(MSH.row()))
+      toggleTick();
+  };
 }
 
 Statement frmGouDui::statement(const Tables& tables) const
@@ -79,10 +86,10 @@ void frmGouDui::showRows(Recordset& rs)
     MSH.setText(MSH.rows() - 1, col, u"----"_s);
 }
 
-void frmGouDui::MSH_Click()
+void frmGouDui::toggleTick()
 {
   const int row = MSH.row();
-  if (!FrameCondition.isEnabled() || MSH.col() != MatchingLines::GouDui || row <= 0)
+  if (!FrameCondition.isEnabled() || row <= 0)
     return;
   const bool wasTicked = Trim(MSH.text(row, MatchingLines::GouDui)) == Tick;
   if (wasTicked && !desk().confirm(u"确定取消吗？"_s, Desk::Icon::Question))

@@ -2,8 +2,8 @@
 
 #include "settlement/GoodsLineForm.h"
 
-// Invoice matching: lists the lines of goods bills, and a click in the last column ticks a line or removes its tick,
-// at once and without another query. While FrameCondition is disabled the list is read-only.
+// Invoice matching: lists the lines of goods bills, and a click in the last column, or Space in any, ticks a line or removes its
+// tick, at once and without another query. While FrameCondition is disabled the list is read-only.
 class frmGouDui : public GoodsLineForm {
   Q_OBJECT
 
@@ -15,6 +15,6 @@ protected:
   void showRows(Recordset& rs) override;
 
 private:
-  void MSH_Click();
+  void toggleTick();
   QString billCodeOf(int row) const;
 };
