@@ -5,6 +5,19 @@
 
 using namespace Qt::StringLiterals;
 
+void AccountBoxes::completeNames(Session& session)
+{
+  code.onKey = [this, &session](const Key& key) {
+    const QString typed = Trim(code.text());
+    // A quote would end the statement's text, with an error that nobody has asked for.
+    const bool isLookedUp = (key.code == Key::Enter || key.code == Key::Tab) && !typed.isEmpty() && !typed.contains(u'\'');
+    if (isLookedUp)
+      if (const auto leaf = ModFuntion::CheckLeafRecord(session, typed, u"TabAccountantType"_s, u"Code"_s))
+        name.setText(leaf->Name);
+    return moveOnAtEnter(code, key);
+  };
+}
+
 void AccountBoxes::set(const QString& newCode, const QString& newName)
 {
   code.setText(newCode);

@@ -14,6 +14,8 @@ struct AccountBoxes {
   TextBox name;
   PickButton pick;
 
+  // From now on Enter and Tab in the code box fill in the name if the chart has such a leaf.
+  void completeNames(Session& session);
   void set(const QString& newCode, const QString& newName);
   BillAccount account() const;
   // Looks the account up by its code, or by its name if the code is empty, and completes both boxes. A box with `text`

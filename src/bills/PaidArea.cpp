@@ -27,8 +27,10 @@ PaidArea::PaidArea(BillScreen& screen)
           {{&FramePay, "TxtTransferCode"}, {&FramePay, "TxtTransferName"}, {&FramePay, "ImgTransferName", [this] { pickAccount(m_bank); }}}}
 {
   FramePay.setCaption(u"资金信息"_s);
-  for (Part* const part : {&m_cash, &m_bank})
+  for (Part* const part : {&m_cash, &m_bank}) {
+    part->account.completeNames(screen.session);
     part->account.name.onKey = [this, part](const Key& key) { return nameKey(*part, key); };
+  }
 }
 
 bool PaidArea::nameKey(Part& part, const Key& key)

@@ -21,6 +21,8 @@ TransferArea::TransferArea(BillScreen& screen)
 {
   LabAccountNameC.setCaption(u"转出帐户"_s);
   LabAccountNameR.setCaption(u"转入帐户"_s);
+  for (AccountBoxes* const boxes : {&outgoing, &incoming})
+    boxes->completeNames(screen.session);
   for (TextBox* const name : {&outgoing.name, &incoming.name})
     name->onKey = [name](const Key& key) { return moveOnAtEnter(*name, key); };
 }
