@@ -51,6 +51,7 @@ constexpr Item FileItems[] = {
     {"FBuild", u"新建", [](BillScreen& s) { s.NewBill(); }},
     {"FSave", u"保存", [](BillScreen& s) { s.FSave_Click(); }},
     {"FDelete", u"删除单据", [](BillScreen& s) { s.FDelete_Click(); }},
+    {"FRedWord", u"作废单据", [](BillScreen& s) { s.VoidBill(); }},
     {"FSeeWarrent", u"查看凭证", [](BillScreen& s) { Vouchers::FSeeWarrent_Click(s.session, s.store.bill().code); }},
     {"FJXCAccount", u"自动生成会计凭证对应科目设置", [](BillScreen& s) { s.FJXCAccount_Click(); }},
     {"FMSHFormat", u"界面列表格式设置", [](BillScreen& s) { s.lines->FMSHFormat_Click(); }, BillArea::Lines},

@@ -151,9 +151,9 @@ void BillScreen::ClearBillFields()
 
 void BillScreen::SetBillEditable(bool on)
 {
-  static constexpr const char* Targets[] = {"TxtDate",        "DTPDate",      "FrameProvide",   "FrameTotal",  "FramePay",
-                                            "FrameMoneyType", "ToolSave",     "ToolDelete",     "ToolRedWord", "ToolInsertRow",
-                                            "ToolDeleteRow",  "ToolAuditing", "ToolUnAuditing", "FSave",       "FDelete"};
+  static constexpr const char* Targets[] = {
+      "TxtDate",     "DTPDate",       "FrameProvide",  "FrameTotal",   "FramePay",       "FrameMoneyType", "ToolSave", "ToolDelete",
+      "ToolRedWord", "ToolInsertRow", "ToolDeleteRow", "ToolAuditing", "ToolUnAuditing", "FSave",          "FDelete",  "FRedWord"};
   for (const char* name : Targets)
     if (Control* const control = find(name))
       control->setEnabled(on);

@@ -117,7 +117,7 @@ constexpr NamedAction Actions[] = {
     {u"FExit", {{}, u"Ctrl+F4", true}},
     {u"ToolRestore", {{}, u"Alt+R"}},
     {u"ToolSelect", {u"select"}},
-    {u"ToolAdd", {u"add"}},
+    {u"ToolAdd", {u"add", u"Ctrl+N"}},
     {u"ToolRefresh", {u"refresh", u"F5"}},
     {u"MPDirect_Excel", {{}, {}, true}},
     {u"MPrintSet_Excel", {{}, {}, true}},
