@@ -31,6 +31,7 @@ LineArea::LineArea(BillScreen& screen, const LineTraits& traits)
 void LineArea::InitLineGrid()
 {
   const LineTraits& lines = *m_screen.traits().lines;
+  const int col = Text2.isVisible() ? m_grid.col() : int(AccountCode);
   const GridLayout::Column columns[ColumnCount] = {
       {u"", 300}, {lines.accountCodeHeading, 2000}, {lines.accountNameHeading, 3000}, {u"金额", 2000}, {u"备注", 3000}};
   m_grid.clear();
@@ -39,8 +40,11 @@ void LineArea::InitLineGrid()
   m_grid.setHoldsCodes(AccountCode);
   for (const Column column : {AccountCode, Amount})
     m_grid.setLatin(column);
-  m_grid.setCurrent(1, AccountCode);
+  m_grid.setCurrent(1, col);
   GridLayout::apply(m_screen.session, m_grid, m_screen.billName(), columns);
+  // What was typed belongs to the lines that are gone.
+  if (Text2.isVisible())
+    Text2.follow({});
 }
 
 void LineArea::show(Recordset& lines)
@@ -58,6 +62,7 @@ void LineArea::show(Recordset& lines)
   }
   rows.append(QStringList(ColumnCount));
   m_grid.setBlock(1, rows);
+  m_grid.setCurrent(1, AccountCode);
   LabTotalMoney.setCaption(FormatDotText(total, m_screen.session.DotSet.DotMoney));
 }
 

@@ -20,7 +20,8 @@ public:
 
   LineArea(BillScreen& screen, const LineTraits& traits);
 
-  // Resets the grid to its headings and one empty row, in the stored layout if there is one.
+  // Resets the grid to its headings and one empty row, in the stored layout if there is one. An open editor stays in its
+  // column, without its text.
   void InitLineGrid();
   // Fills a grid that InitLineGrid has reset with stored lines. A line without an amount shows none.
   void show(Recordset& lines);

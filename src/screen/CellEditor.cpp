@@ -10,13 +10,18 @@ CellEditor::CellEditor(QObject* parent, Grid& grid) : TextBox(parent, u"Text2"_s
   setTabStop(false);
 }
 
-void CellEditor::lay(const QString& text)
+void CellEditor::follow(const QString& text)
 {
   // Hidden while it takes the cell's text, so that this is not an edit by the user.
   setVisible(false);
   setText(text);
   setVisible(true);
   emit changed();
+}
+
+void CellEditor::lay(const QString& text)
+{
+  follow(text);
   form().setFocus(*this);
 }
 
@@ -32,6 +37,13 @@ void CellEditor::openAtEnd(const QString& text)
   moveCaretToEnd();
 }
 
+void CellEditor::hide()
+{
+  if (form().focused() == this)
+    returnToGrid();
+  setVisible(false);
+}
+
 void CellEditor::returnToGrid()
 {
   form().setFocus(m_grid);
@@ -39,8 +51,8 @@ void CellEditor::returnToGrid()
 
 void CellEditor::leave(bool backwards)
 {
-  hide();
   returnToGrid();
+  hide();
   m_grid.leave(backwards);
 }
 

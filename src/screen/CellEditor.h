@@ -18,7 +18,10 @@ public:
   void open(const QString& text);
   // The same with the caret at the end and nothing selected.
   void openAtEnd(const QString& text);
-  void hide() { setVisible(false); }
+  // An open box goes to the current cell and shows this text; the focus stays where it is.
+  void follow(const QString& text);
+  // Closes the box; the grid has the focus then if the box had it.
+  void hide();
   // Returns the focus to the grid; the box stays as it is.
   void returnToGrid();
   // Returns the focus to the grid and presses the key there.
