@@ -4,10 +4,12 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QTimer>
 
 #include <algorithm>
@@ -56,6 +58,21 @@ void dress(QMessageBox& box, const Desk::Box& asked)
       button->setText(one.text.toString());
   box.setDefaultButton(asked.isNoPreset ? QMessageBox::No : buttons.first);
   box.setEscapeButton(buttons.closing);
+}
+
+// The frame that a window manager adds is unknown before the window is shown.
+constexpr QSize FrameAllowance{16, 40};
+
+// No window opens larger than its screen. A main window fills it then; a dialog takes what there is.
+void fitToScreen(QWidget& window)
+{
+  const QSize most = window.screen()->availableSize() - FrameAllowance;
+  const QSize wanted = window.size().expandedTo(window.minimumSizeHint());
+  if (wanted == wanted.boundedTo(most))
+    return;
+  window.resize(wanted.boundedTo(most));
+  if (qobject_cast<QMainWindow*>(&window))
+    window.setWindowState(Qt::WindowMaximized);
 }
 
 // Reactivates the window that asked, at the end of the scope.
@@ -132,6 +149,7 @@ void DesktopDesk::show(Form& form)
   FormWindow& opened = open(form, nullptr);
   // The window may still be handling the event that closes it: delete it afterwards.
   QObject::connect(&opened, &FormWindow::closed, &opened, [this, &opened] { take(opened).release()->deleteLater(); });
+  fitToScreen(opened.window());
   opened.window().show();
 }
 
@@ -152,6 +170,7 @@ void DesktopDesk::showModal(Form& form)
   QObject::connect(&opened, &FormWindow::closed, &wait, &QEventLoop::quit);
   if (const QSize size = m_dialogSizes.value(form.name()); size.isValid())
     opened.window().resize(size);
+  fitToScreen(opened.window());
   opened.window().setWindowModality(Qt::ApplicationModal);
   opened.window().show();
   if (m_observer)

@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 
 using namespace std::chrono_literals;
 
@@ -104,8 +105,12 @@ void FormWindow::moveFocus(Control* control)
 {
   const Binding* const binding = bindingOf(*control);
   QWidget* const widget = binding ? binding->focusWidget() : nullptr;
-  if (widget && m_window->focusWidget() != widget)
-    widget->setFocus();
+  if (!widget || m_window->focusWidget() == widget)
+    return;
+  widget->setFocus();
+  // On a screen that is too small for the whole form.
+  if (auto* const area = m_window->findChild<QScrollArea*>(); area && area->isAncestorOf(widget))
+    area->ensureWidgetVisible(widget);
 }
 
 void FormWindow::settleFocus()

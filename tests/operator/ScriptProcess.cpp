@@ -4,6 +4,7 @@
 #include "desktop/Appearance.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QThread>
@@ -87,15 +88,27 @@ void passOn(QtMsgType, const QMessageLogContext&, const QString& message)
   _exit(0);
 }
 
+const QString OffScreen = QStringLiteral("offscreen");
+
+// The platform without a display. Its own screen is too small for the windows.
+QByteArray wideScreen(const QString& shelf)
+{
+  QFile file(QDir(shelf).filePath(QStringLiteral("screen.json")));
+  if (!file.open(QIODevice::WriteOnly))
+    return OffScreen.toLatin1();
+  file.write(R"({"screens":[{"name":"wide","x":0,"y":0,"width":1920,"height":1080,"logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})");
+  return "offscreen:configfile=" + file.fileName().toLocal8Bit();
+}
+
 [[noreturn]] void runChild(const Task& task, Report& report)
 {
   int count = 1;
   char name[] = "operator";
   char* texts[] = {name, nullptr};
   if (task.desktop) {
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
-        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-      qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (qEnvironmentVariable("QT_QPA_PLATFORM", hasDisplay ? QString() : OffScreen) == OffScreen)
+      qputenv("QT_QPA_PLATFORM", wideScreen(task.shelf));
     // Qt would warn at every script.
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
       qputenv("XDG_RUNTIME_DIR", task.shelf.toLocal8Bit());

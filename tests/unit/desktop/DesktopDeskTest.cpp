@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <functional>
 
@@ -56,6 +57,21 @@ TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItIs)
     box.accept();
   };
   desk.stop("<b>1&2</b>");
+}
+
+TEST_F(DesktopDeskTest, NoWindowOpensLargerThanItsScreen)
+{
+  Form list(desk, "frmSFKHeXiao");
+  Form picker(desk, "frmCode");
+  for (Form* const form : {&list, &picker}) {
+    desk.show(*form);
+    for (const QWidget* window : QApplication::topLevelWidgets())
+      if (window->isVisible()) {
+        EXPECT_LE(window->width(), window->screen()->availableSize().width()) << shown(form->name());
+        EXPECT_LE(window->height(), window->screen()->availableSize().height());
+      }
+    form->close();
+  }
 }
 
 TEST_F(DesktopDeskTest, AFormThatIsOpenComesToTheFrontInsteadOfASecondWindow)
