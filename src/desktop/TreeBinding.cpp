@@ -3,8 +3,11 @@
 #include "desktop/FormWindow.h"
 #include "desktop/Icons.h"
 
+#include <QLabel>
 #include <QStyledItemDelegate>
 #include <QTreeView>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,8 +37,14 @@ private:
 } // namespace
 
 TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& widget)
-    : ItemViewBinding(window, control, widget, control.model()), m_tree(control), m_view(widget)
+    : ItemViewBinding(window, control, widget, control.model()), m_tree(control), m_view(widget), m_typed(*new QLabel(&widget))
 {
+  m_typed.setObjectName(u"typed"_s);
+  m_typed.setTextFormat(Qt::PlainText);
+  m_typed.setAutoFillBackground(true);
+  m_typed.setMargin(4);
+  m_typed.setFrameShape(QFrame::Box);
+  m_typed.hide();
   m_view.setItemDelegate(new NodeDelegate(&m_view));
   m_view.setHeaderHidden(true);
   m_view.setUniformRowHeights(true);
@@ -50,6 +59,15 @@ TreeBinding::TreeBinding(FormWindow& window, Tree& control, QTreeView& widget)
   connect(&m_view, &QTreeView::expanded, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), true); });
   connect(&m_view, &QTreeView::collapsed, this, [this](const QModelIndex& index) { m_tree.setExpanded(keyOf(index), false); });
   showAll();
+}
+
+void TreeBinding::show()
+{
+  ItemViewBinding::show();
+  m_typed.setText(u"查找：%1"_s.arg(m_tree.typed()));
+  m_typed.adjustSize();
+  m_typed.move(m_view.viewport()->geometry().bottomRight() - m_typed.rect().bottomRight() - QPoint(4, 4));
+  m_typed.setVisible(!m_tree.typed().isEmpty());
 }
 
 void TreeBinding::showNodes(const QModelIndex& above)

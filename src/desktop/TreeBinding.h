@@ -3,6 +3,7 @@
 #include "desktop/ItemViewBinding.h"
 #include "screen/Tree.h"
 
+class QLabel;
 class QTreeView;
 
 // A tree. The Tree itself decides which branches are open and which node is the current one; the view shows
@@ -13,6 +14,8 @@ class TreeBinding : public ItemViewBinding {
 public:
   TreeBinding(FormWindow& window, Tree& control, QTreeView& widget);
 
+  void show() override;
+
 protected:
   void mousePressed(const QPoint& at, Qt::MouseButton button, bool twice) override;
 
@@ -21,4 +24,5 @@ private:
 
   Tree& m_tree;
   QTreeView& m_view;
+  QLabel& m_typed; // what is being typed, in the lower corner
 };

@@ -98,6 +98,7 @@ std::optional<RunTimeError> Tree::fill(const std::function<void()>& load)
     m_top.clear();
     m_places.clear();
     m_current = -1;
+    m_typed.clear();
   });
   const auto showNodes = qScopeGuard([this] { m_model->reset([] {}); });
   try {
@@ -133,14 +134,14 @@ void Tree::add(int parent, const QString& key, const QString& text, Image image)
   (parent < 0 ? m_top : m_nodes[parent].children).append(at);
 }
 
-QList<int> Tree::shown() const
+QList<int> Tree::nodes(Of which) const
 {
   QList<int> found;
   QList<int> waiting(m_top.rbegin(), m_top.rend());
   while (!waiting.isEmpty()) {
     const Node& node = m_nodes[waiting.last()];
     found.append(waiting.takeLast());
-    if (node.isExpanded)
+    if (which == Of::All || node.isExpanded)
       std::copy(node.children.rbegin(), node.children.rend(), std::back_inserter(waiting));
   }
   return found;
@@ -207,6 +208,7 @@ bool Tree::clickNode(const QString& key)
   if (isReachable()) {
     form().handle([&] {
       form().setFocus(*this);
+      change(m_typed, {});
       clickAt(at);
     });
   }
@@ -232,6 +234,11 @@ void Tree::clickAt(int at)
 void Tree::edit(const Key& key)
 {
   static constexpr int Page = 10;
+  if (key.code == Key::Character)
+    return find(m_typed + key.text);
+  if (key.code == Key::Backspace)
+    return find(m_typed.chopped(qMin<qsizetype>(1, m_typed.size())));
+  change(m_typed, {});
   switch (key.code) {
   case Key::Up: return moveBy(-1);
   case Key::Down: return moveBy(1);
@@ -249,9 +256,33 @@ void Tree::edit(const Key& key)
   }
 }
 
+// A character that no node has next is refused.
+void Tree::find(const QString& typed)
+{
+  if (typed.trimmed().isEmpty()) {
+    change(m_typed, {});
+    return;
+  }
+  int best = -1;
+  int bestPlace = 3; // 0 for a code, 1 for the beginning of a name, 2 for any place in it
+  for (const int at : nodes(Of::All)) {
+    const QString code = m_nodes[at].text.section(u'{', 0, 0);
+    const qsizetype inName = m_nodes[at].text.section(u'{', 1).indexOf(typed, 0, Qt::CaseInsensitive);
+    const int place = code.startsWith(typed, Qt::CaseInsensitive) ? 0 : inName == 0 ? 1 : inName > 0 ? 2 : 3;
+    if (place < bestPlace) {
+      best = at;
+      bestPlace = place;
+    }
+  }
+  if (best < 0)
+    return form().desk().beep();
+  change(m_typed, typed);
+  clickAt(best);
+}
+
 void Tree::moveBy(int step)
 {
-  const QList<int> all = shown();
+  const QList<int> all = nodes(Of::Shown);
   if (all.isEmpty())
     return;
   // Without a current node, the first arrow key selects the first node.

@@ -9,8 +9,9 @@
 #include <memory>
 #include <optional>
 
-// A tree of nodes, each with a key. A node follows the siblings that were added before it, until the
-// children of its parent are sorted.
+// A tree of nodes, each with a key. The text of a node is its code and its name: "1001{库存现金}". What is typed selects the
+// first node whose code or name begins with it, or else whose name contains it, in closed branches too. A node follows the siblings
+// that were added before it, until the children of its parent are sorted.
 //
 // Invariant: keys are unique; all branches above the current node, if there is one, are open.
 class Tree : public Control {
@@ -55,6 +56,9 @@ public:
   void setCurrent(const QString& key);
 
   bool takesFocus() const override { return true; }
+  bool takesText() const override { return true; }
+  // What has been typed to find the current node; empty after any other move.
+  QString typed() const { return m_typed; }
 
   // Runs when the user makes a node the current one, by the mouse or by an arrow key.
   std::function<void(const QString& key)> onNodeClick;
@@ -88,8 +92,10 @@ private:
   void add(int parent, const QString& key, const QString& text, Image image);
   bool isBelow(int at, int root) const;
   void makeCurrent(int at);
-  // The nodes that no closed branch hides, from top to bottom.
-  QList<int> shown() const;
+  // All nodes from top to bottom, or those that no closed branch hides.
+  enum class Of { All, Shown };
+  QList<int> nodes(Of which) const;
+  void find(const QString& typed);
   void moveBy(int step);
   void moveLeft();
   void moveRight();
@@ -100,4 +106,5 @@ private:
   QList<int> m_top;
   QHash<QString, int> m_places;
   int m_current = -1;
+  QString m_typed;
 };

@@ -49,6 +49,25 @@ TEST_F(TreeTest, ArrowsWalkOverWhatIsOpenAndClickWhatTheyReach)
   EXPECT_FALSE(tree.isExpanded("51"));
 }
 
+TEST_F(TreeTest, WhatIsTypedFindsCodesThenNamesInClosedBranchesToo)
+{
+  const auto typing = [this](const QStringList& keys) {
+    clicks.clear();
+    for (const QString& key : keys)
+      tree.press(key == "Back" ? Key{Key::Backspace, {}} : Key::character(key));
+    return QString(clicks.join(u' ') + u'/' + tree.typed());
+  };
+  EXPECT_EQ(typing({"5", "1", "1"}), "51 51 511/511");
+  EXPECT_TRUE(tree.isExpanded("51"));
+  EXPECT_EQ(typing({"9"}), "/511");
+  EXPECT_EQ(desk.beeps, 1);
+  EXPECT_EQ(typing({"Back", "2"}), "51 512/512");
+  press({Key::Up});
+  EXPECT_EQ(typing({"L", "a", "s"}), "2 2 2/Las") << "of the name";
+  tree.clickNode("1");
+  EXPECT_EQ(typing({"o", "o", "Back", "Back", "d"}), "1 1 1 511/d") << "first anywhere in a name";
+}
+
 TEST_F(TreeTest, AClickOpensTheBranchesAboveAndAClosingBranchTakesTheCurrentNode)
 {
   EXPECT_TRUE(tree.doubleClickNode("511"));
