@@ -4,6 +4,8 @@
 #include "platform/NumberText.h"
 #include "platform/Trim.h"
 
+#include <algorithm>
+
 AllocationEditor::AllocationEditor(Grid& grid, CellEditor& editor, int column, std::function<void()> take)
     : m_grid(grid), m_editor(editor), m_column(column), m_take(std::move(take))
 {
@@ -64,6 +66,11 @@ bool AllocationEditor::editorKey(const Key& key)
 
 void AllocationEditor::confirm()
 {
+  const QString typed = m_editor.text();
+  if (std::none_of(typed.begin(), typed.end(), [](QChar character) { return character.isDigit(); })) {
+    m_editor.hide();
+    return;
+  }
   m_grid.setText(m_grid.row(), m_grid.col(), NumberText::ofDouble(NumberText::numericPrefix(m_editor.text())));
   m_editor.hide();
   m_take();

@@ -5,7 +5,7 @@
 #include <functional>
 
 // Text2 over the list of the write-off screen. Only one column of the rows above the totals can be edited: a key
-// opens it, Enter accepts the amount, anything else discards what was typed.
+// opens it, Enter accepts the amount, anything else discards what was typed; so does Enter if that has no digit.
 class AllocationEditor {
 public:
   // `take` runs for an amount that the operator has confirmed; the current cell holds it by then.

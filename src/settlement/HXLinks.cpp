@@ -65,6 +65,23 @@ void DeleteHXLink(Session& session, const QString& billCode, const QString& bill
   });
 }
 
+std::optional<StoredLink> linkOf(Session& session, const QString& billCode, const QString& SFKBillCode)
+{
+  const Recordset rs = OpenRecordset(
+      session, {u"select * from TabSFKHeXiao where InOutBillCode='{}' and SFKBillCode='{}' ", Trim(billCode), Trim(SFKBillCode)});
+  if (rs.eof())
+    return std::nullopt;
+  return StoredLink{rs.text("HXDatee"), rs.text("InOutBillCode"),  rs.text("SFKBillCode"),
+                    rs.text("HXMoney"), rs.text("InOutBillDatee"), rs.text("SFKBillDatee")};
+}
+
+void putBack(Session& session, const StoredLink& link, const QString& billType)
+{
+  Execute(session, {u" insert into TabSFKHeXiao values ( '{}' , '{}' , '{}' , {} , '{}' , '{}' ) ", link.HXDatee, link.InOutBillCode,
+                    link.SFKBillCode, SqlNumber(link.HXMoney), link.InOutBillDatee, link.SFKBillDatee});
+  restateHXMoney(session, link.InOutBillCode, billType);
+}
+
 void SaveHXRow(Session& session, const Link& link)
 {
   DeleteHXLink(session, link.billCode, link.billType, link.SFKBillCode);

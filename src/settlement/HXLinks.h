@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 struct Session;
 
 // The links of TabSFKHeXiao, one for each goods bill and money bill that settle each other, and the running sum of
@@ -24,6 +26,19 @@ float GetBillHXSum(Session& session, const QString& billCode);
 float GetBillDueMoney(Session& session, const QString& billCode, const QString& billType);
 
 void DeleteHXLink(Session& session, const QString& billCode, const QString& billType, const QString& SFKBillCode);
+
+// A link as it is stored, so that it can be put back after it was deleted.
+struct StoredLink {
+  QString HXDatee;
+  QString InOutBillCode;
+  QString SFKBillCode;
+  QString HXMoney;
+  QString InOutBillDatee;
+  QString SFKBillDatee;
+};
+// Nothing if these two bills are not linked.
+std::optional<StoredLink> linkOf(Session& session, const QString& billCode, const QString& SFKBillCode);
+void putBack(Session& session, const StoredLink& link, const QString& billType);
 
 // One link as it is written.
 struct Link {

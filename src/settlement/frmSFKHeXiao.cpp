@@ -59,8 +59,8 @@ QString negativeRow(int row)
 } // namespace
 
 frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode)
-    : ListForm(ofSession, Traits), LabSFKMoney(this, "LabSFKMoney"), HXMode(QString::fromUtf16(mode)), Text2(this, MSH),
-      m_editor(MSH, Text2, Amount, [this] { takeAmount(); })
+    : ListForm(ofSession, Traits), LabSFKMoney(this, "LabSFKMoney"), LabRestore(this, "LabRestore"), HXMode(QString::fromUtf16(mode)),
+      Text2(this, MSH), m_editor(MSH, Text2, Amount, [this] { takeAmount(); })
 {
   LabSFKMoney.setCaption(u"核销金额"_s);
   LabSFKMoney.setVisible(false);
@@ -68,6 +68,10 @@ frmSFKHeXiao::frmSFKHeXiao(Session& ofSession, const char16_t* mode)
   onTool("ToolInOutBill", [this] { ShowInOutBill(); });
   onTool("ToolSFKBill", [this] { ShowSFKBill(); });
   onTool("ToolHX", [this] { CommitHX(); });
+  MenuItem* const restore = new MenuItem(&MFile, "FRestoreHX");
+  restore->setCaption(u"恢复核销"_s);
+  restore->onClick = [this] { restoreLink(); };
+  offerRestore();
 }
 
 void frmSFKHeXiao::Form_Load()
@@ -219,7 +223,51 @@ void frmSFKHeXiao::takeAmount()
   const float amount = SingleMoney::of(cell(row, Amount));
   MSH.setText(row, Open, SingleMoney::difference(SingleMoney::of(cell(row, Due)), {SingleMoney::of(cell(row, WrittenOff)), amount}));
   if (amount == 0)
-    HXLinks::DeleteHXLink(session, cell(row, BillCode), cell(row, BillType), isQuery() ? cell(row, SFKCode) : SFKBillCode);
+    dropLink(row);
+  RefreshTotals();
+}
+
+void frmSFKHeXiao::dropLink(int row)
+{
+  const QString code = cell(row, BillCode);
+  const QString money = isQuery() ? cell(row, SFKCode) : SFKBillCode;
+  const auto link = HXLinks::linkOf(session, code, money);
+  HXLinks::DeleteHXLink(session, code, cell(row, BillType), money);
+  if (link)
+    m_dropped.append({*link, cell(row, BillType), HXLinks::GetBillHXSum(session, code)});
+  offerRestore();
+}
+
+void frmSFKHeXiao::offerRestore()
+{
+  LabRestore.setVisible(!m_dropped.isEmpty());
+  find("FRestoreHX")->setEnabled(!m_dropped.isEmpty());
+  if (m_dropped.isEmpty())
+    return;
+  const HXLinks::StoredLink& link = m_dropped.last().link;
+  LabRestore.setCaption(u"已取消 %1 的核销 %2　Ctrl+Z 恢复"_s.arg(link.InOutBillCode, link.HXMoney));
+}
+
+// Refused if more of the goods bill has been settled since.
+void frmSFKHeXiao::restoreLink()
+{
+  const auto [link, billType, settledByOthers] = m_dropped.takeLast();
+  offerRestore();
+  bool isDone = false;
+  inOneTransaction(session, [&] {
+    isDone = HXLinks::GetBillHXSum(session, link.InOutBillCode) <= settledByOthers;
+    if (isDone)
+      HXLinks::putBack(session, link, billType);
+  });
+  if (!isDone)
+    return desk().inform(u"该单据已有新的核销，不能恢复！"_s);
+  for (int row = 1; row <= lastDataRow(); ++row) {
+    if (cell(row, BillCode) != link.InOutBillCode || (isQuery() && cell(row, SFKCode) != link.SFKBillCode))
+      continue;
+    const float amount = SingleMoney::of(link.HXMoney);
+    MSH.setText(row, Amount, NumberText::ofDouble(NumberText::numericPrefix(link.HXMoney)));
+    MSH.setText(row, Open, SingleMoney::difference(SingleMoney::of(cell(row, Due)), {SingleMoney::of(cell(row, WrittenOff)), amount}));
+  }
   RefreshTotals();
 }
 
@@ -244,8 +292,11 @@ void frmSFKHeXiao::CommitHX()
       if (isDone)
         SaveHXRow(row);
   });
-  if (isDone)
-    desk().inform(u"核销成功！"_s);
+  if (!isDone)
+    return;
+  m_dropped.clear();
+  offerRestore();
+  desk().inform(u"核销成功！"_s);
 }
 
 bool frmSFKHeXiao::allocatesWholeBill()

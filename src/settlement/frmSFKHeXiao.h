@@ -1,13 +1,15 @@
 #pragma once
 
 #include "settlement/AllocationEditor.h"
+#include "settlement/HXLinks.h"
 #include "settlement/ListForm.h"
 
 // The write-off screen: allocates one payment or receipt (the SFK bill) over the goods bills that it settles, and
 // lists all write-offs. HXMode says which.
 //
-// Rows 1 to rows - 2 are goods bills, the last row holds totals. An amount set to 0 deletes its link at once; any
-// other amount is written by the commit, which requires that the whole money bill is allocated, in single precision.
+// Rows 1 to rows - 2 are goods bills, the last row holds totals. An amount set to 0 deletes its link at once, which can be
+// put back until the commit; any other amount is written by the commit, which requires that the whole money bill is allocated, in single
+// precision.
 class frmSFKHeXiao : public ListForm {
   Q_OBJECT
 
@@ -24,6 +26,7 @@ public:
   std::function<bool()> isUnchanged;
 
   Label LabSFKMoney;
+  Label LabRestore; // below the list: the link deleted last, which Ctrl+Z puts back
 
   // Moves to the first amount, if anything is listed.
   void goToFirstAmount();
@@ -47,6 +50,9 @@ private:
   QStringList settledLine(QStringList line);
 
   void takeAmount();
+  void dropLink(int row);
+  void restoreLink();
+  void offerRestore();
   void RefreshTotals();
   void CommitHX();
   bool allocatesWholeBill();
@@ -61,4 +67,11 @@ private:
   const QString HXMode;
   CellEditor Text2;
   AllocationEditor m_editor;
+
+  struct Dropped {
+    HXLinks::StoredLink link;
+    QString billType;
+    float settledByOthers = 0; // of the goods bill, when the link was deleted
+  };
+  QList<Dropped> m_dropped; // the last one last
 };

@@ -53,6 +53,7 @@ template <typename Conditions> std::unique_ptr<QWidget> listWindow(QWidget* pare
   Ui::ListWindow list;
   list.setupUi(window.get());
   Conditions().setupUi(list.FrameCondition);
+  list.LabRestore->setForegroundRole(QPalette::PlaceholderText);
   return window;
 }
 
@@ -116,6 +117,7 @@ constexpr NamedAction Actions[] = {
     {u"CmdQuery", {{}, u"F5"}},
     {u"FExit", {{}, u"Ctrl+F4", true}},
     {u"ToolRestore", {{}, u"Alt+R"}},
+    {u"FRestoreHX", {{}, u"Ctrl+Z", true}},
     {u"ToolSelect", {u"select"}},
     {u"ToolAdd", {u"add", u"Ctrl+N"}},
     {u"ToolRefresh", {u"refresh", u"F5"}},
