@@ -67,11 +67,17 @@ void BillScreen::showAuditor(const QString& auditor)
   RefreshBillControls();
 }
 
+// The details say what goes with the bill.
+bool BillScreen::confirmsEnd(const QString& question, BillStore::End end)
+{
+  return desk().confirmDestruction(question, Desk::Icon::Information, [this, end] { return store.companions(end, voucherKind()); });
+}
+
 void BillScreen::VoidBill()
 {
   if (traits().asksRightAtVoid && !mayDo(RightKind::Edit))
     return;
-  if (voidIsRefused() || !desk().confirmDestruction(u"确定作废该单据吗？"_s, Desk::Icon::Information))
+  if (voidIsRefused() || !confirmsEnd(u"确定作废该单据吗？"_s, BillStore::End::Voided))
     return;
   const BillStore::Id bill = store.bill();
   bool isThere = false;
@@ -105,7 +111,7 @@ bool BillScreen::voidIsRefused()
   const auto voucher = Vouchers::voucherOf(session, store.bill().code);
   if (!voucher || !voucher->isPosted)
     return false;
-  desk().inform(u"该张单据已经登账，禁止作废！"_s);
+  desk().inform(u"该张单据已经登账，禁止作废！"_s, [this, code = store.bill().code] { return Vouchers::voucherInWords(session, code); });
   return true;
 }
 
@@ -115,7 +121,7 @@ void BillScreen::FDelete_Click()
     return;
   if (!store.hasBill())
     return desk().inform(u"单据编号不存在，禁止当前操作！"_s);
-  if (!desk().confirmDestruction(u"删除当前单据吗？"_s, Desk::Icon::Information))
+  if (!confirmsEnd(u"删除当前单据吗？"_s, BillStore::End::Deleted))
     return;
   const QString code = store.bill().code;
   bool isDeleted = false;

@@ -176,10 +176,10 @@ bool BillScreen::changeBill(const std::function<bool()>& writes, const std::func
     if (change == Change::None)
       return isDone;
     if (change == Change::Audited || (change == Change::Voided && refusesVoided)) {
-      desk().inform(u"单据已被其他操作员审核或作废，请重新打开！"_s);
+      desk().inform(u"单据已被其他操作员审核或作废，请重新打开！"_s, [this] { return store.lifeInWords(); });
       return false;
     }
-    if (!desk().confirmDestruction(u"单据已被其他操作员修改，仍要继续吗？"_s, Desk::Icon::Question))
+    if (!desk().confirmDestruction(u"单据已被其他操作员修改，仍要继续吗？"_s, Desk::Icon::Question, [this] { return store.lifeInWords(); }))
       return false;
     store.acceptChange();
   }

@@ -124,6 +124,7 @@ private:
   std::optional<QString> newAuditor(bool on);
   void showAuditor(const QString& auditor);
   bool voidIsRefused();
+  bool confirmsEnd(const QString& question, BillStore::End end);
   void browseTo(const std::optional<QString>& code);
 
   const BillTraits* m_traits;

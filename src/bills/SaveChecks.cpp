@@ -27,13 +27,13 @@ Refusal refuseUnless(bool holds, const QString& text)
 
 Refusal operatorMayEdit(BillScreen& screen)
 {
-  const auto refusal = OperateRefusal(screen.session, screen.rightFunction(), RightKind::Edit);
-  return refusal ? Refusal(Desk::Box{*refusal}) : std::nullopt;
+  return OperateRefusal(screen.session, screen.rightFunction(), RightKind::Edit);
 }
 
 Refusal dateIsOpen(BillScreen& screen)
 {
-  return refuseUnless(!GetClosingGuard(screen.session, screen.DTPDate.date(), false), QString::fromUtf16(ClosedMessage));
+  const QDate date = screen.DTPDate.date();
+  return GetClosingGuard(screen.session, date, false) ? Refusal(ClosedBox(screen.session, date)) : std::nullopt;
 }
 
 Refusal amountsFit(BillScreen& screen)

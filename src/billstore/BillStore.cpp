@@ -224,3 +224,35 @@ void BillStore::remove(const QString& imagesOf)
   Execute(m_session, {u" delete  from TabImg where BillCode='{}' and Type='{}' ", m_bill.code, ModFuntion::GetBillImageKind(imagesOf)});
   m_bill = {};
 }
+
+QString BillStore::companions(End end, const QString& imagesOf) const
+{
+  QStringList gone;
+  QStringList kept;
+  if (const QString voucher = Vouchers::voucherInWords(m_session, m_bill.code); !voucher.isEmpty())
+    gone.append(voucher);
+  QStringList& others = end == End::Deleted ? gone : kept;
+  Recordset links =
+      LookUp(m_session, {u"select InOutBillCode,HXMoney from TabSFKHeXiao where SFKBillCode='{}' order by InOutBillCode", m_bill.code});
+  for (; m_kind->writeOff && !links.eof(); links.moveNext())
+    others.append(u"核销 "_s + links.trimmed("InOutBillCode") + u"："_s + links.text("HXMoney"));
+  const Recordset images = LookUp(m_session, {u"select count(*) as Num from TabImg where BillCode='{}' and Type='{}'", m_bill.code,
+                                              ModFuntion::GetBillImageKind(imagesOf)});
+  if (!images.eof() && images.number("Num") > 0)
+    others.append(u"图文 "_s + images.text("Num") + u" 份"_s);
+  QStringList parts;
+  for (const auto& [lines, heading] : {std::pair(gone, u"一并删除："_s), std::pair(kept, u"保留不变："_s)})
+    if (!lines.isEmpty())
+      parts.append(heading + u"\n  "_s + lines.join(u"\n  "_s));
+  return parts.isEmpty() ? u"本单据没有凭证、核销和图文。"_s : parts.join(u'\n');
+}
+
+QString BillStore::lifeInWords() const
+{
+  const Recordset rs = LookUp(m_session, headerQuery(m_bill));
+  if (rs.eof())
+    return {};
+  const QString auditor = rs.trimmed("Auditing");
+  return u"单据 "_s + m_bill.code + u"：状态 "_s + rs.trimmed("State") + (auditor.isEmpty() ? u"，未审核"_s : u"，审核人 "_s + auditor) +
+         u"，制单人 "_s + rs.trimmed("Operator");
+}

@@ -77,6 +77,13 @@ public:
   // Deletes `bill` with its voucher, write-off links and lines, and the images stored for it under this name of its kind.
   void remove(const QString& imagesOf);
 
+  // In words, for the details of a question: the voucher, the write-offs and the images of `bill`, and what a delete or a void
+  // makes of them. What can't be read is left out.
+  enum class End { Deleted, Voided };
+  QString companions(End end, const QString& imagesOf) const;
+  // The same for a message: who has audited `bill`, and its state.
+  QString lifeInWords() const;
+
 private:
   // The rows of a bill as texts, and what they say of its life.
   struct Rows {

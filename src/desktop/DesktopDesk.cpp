@@ -1,5 +1,6 @@
 #include "desktop/DesktopDesk.h"
 
+#include "desktop/BoxDetails.h"
 #include "desktop/FormWindow.h"
 
 #include <QApplication>
@@ -58,6 +59,8 @@ void dress(QMessageBox& box, const Desk::Box& asked)
       button->setText(one.text.toString());
   box.setDefaultButton(asked.isNoPreset ? QMessageBox::No : buttons.first);
   box.setEscapeButton(buttons.closing);
+  if (asked.details)
+    addDetails(box, asked.details);
 }
 
 // The frame that a window manager adds is unknown before the window is shown.

@@ -12,6 +12,9 @@ using namespace Qt::StringLiterals;
 namespace ModFuntion {
 namespace {
 
+// A text that is not a date sorts after all dates.
+const QDate LastOfAllDays(9999, 12, 31);
+
 // The day on which an accounting month ends by the settings.
 std::optional<int> settledEndDay(Session& session, int month)
 {
@@ -37,6 +40,21 @@ int periodShift(Session& session, const QDate& date)
   if (endOfPeriodBefore(session, date.year(), date.month()) >= date)
     return -1;
   return endOfPeriod(session, date.year(), date.month()) < date ? 1 : 0;
+}
+
+QString closingsOnOrAfter(Session& session, const QDate& date)
+{
+  QStringList closings;
+  const auto add = [&](const char* table, const QString& name) {
+    const Recordset rs = LookUp(session, lastClosingQuery(session, table, LastOfAllDays));
+    if (const auto closing = rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee")); closing && *closing >= date)
+      closings.append(name + u"已结转到 "_s + DateText::shortForm(*closing));
+  };
+  add("TabTurn", u"库存"_s);
+  add("TabTurnDay", u"日结"_s);
+  return closings.isEmpty() ? QString()
+                            : u"单据日期为 "_s + DateText::shortForm(date) + u"，"_s + closings.join(u"，"_s) +
+                                  u"。\n请改用此后的日期，或先在账务中反结转。"_s;
 }
 
 bool isClosedBy(Session& session, const char* table, const QDate& date)
@@ -86,10 +104,13 @@ Statement lastClosingQuery(const Session& session, const char* table, const QDat
 
 std::optional<QDate> LastClosing(Session& session, const char* table)
 {
-  // A text that is not a date sorts after all dates.
-  const QDate lastOfAll(9999, 12, 31);
-  const Recordset rs = OpenRecordset(session, lastClosingQuery(session, table, lastOfAll));
+  const Recordset rs = OpenRecordset(session, lastClosingQuery(session, table, LastOfAllDays));
   return rs.eof() ? std::nullopt : DateText::parse(rs.text("Datee"));
+}
+
+Desk::Box ClosedBox(Session& session, const QDate& date)
+{
+  return {.text = u"今天已结转，禁止当前操作！"_s, .details = [&session, date] { return closingsOnOrAfter(session, date); }};
 }
 
 bool GetClosingGuard(Session& session, const QDate& date, bool showMessage)
@@ -97,7 +118,7 @@ bool GetClosingGuard(Session& session, const QDate& date, bool showMessage)
   if (!isClosedBy(session, "TabTurn", date) && !isClosedBy(session, "TabTurnDay", date))
     return false;
   if (showMessage)
-    session.desk.inform(QString::fromUtf16(ClosedMessage));
+    session.desk.ask(ClosedBox(session, date));
   return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/Statement.h"
+#include "screen/Desk.h"
 
 #include <QDate>
 
@@ -30,7 +31,8 @@ std::optional<QDate> LastClosing(Session& session, const char* table);
 // The query for it, as Datee, among the closings up to a day.
 Statement lastClosingQuery(const Session& session, const char* table, const QDate& until);
 
-inline constexpr char16_t ClosedMessage[] = u"今天已结转，禁止当前操作！";
+// The refusal of an action on a closed date; its details name the closings.
+Desk::Box ClosedBox(Session& session, const QDate& date);
 // True if the date is closed: the last stock closing or the last daily closing is on or after it. Shows a message if
 // requested.
 bool GetClosingGuard(Session& session, const QDate& date, bool showMessage);

@@ -15,12 +15,17 @@ public:
   enum class Buttons { Ok, OkCancel, YesNo };
   enum class Answer { Ok, Cancel, Yes, No };
 
+  // What lies behind a message, such as the record that refuses an action: looked up when the user asks for it, without boxes of
+  // its own. The session and the texts that it captures must outlive the box.
+  using Details = std::function<QString()>;
+
   struct Box {
     QString text;
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
     QString title = QString::fromUtf16(u"系统提示");
     bool isNoPreset = false; // the button that Enter presses at once, of YesNo
+    Details details = {};
   };
 
   virtual ~Desk() = default;
@@ -50,12 +55,15 @@ public:
   virtual void setBusy(bool busy) = 0;
 
   // Boxes without a choice.
-  void inform(const QString& text) { ask({text}); }
+  void inform(const QString& text, const Details& details = {}) { ask({.text = text, .details = details}); }
   void stop(const QString& text) { ask({text, Icon::Stop}); }
   // Yes or no; true for yes.
   bool confirm(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo}) == Answer::Yes; }
   // The same for what cannot be taken back: Enter presses no.
-  bool confirmDestruction(const QString& text, Icon icon) { return ask({text, icon, Buttons::YesNo, Box().title, true}) == Answer::Yes; }
+  bool confirmDestruction(const QString& text, Icon icon, const Details& details = {})
+  {
+    return ask({.text = text, .icon = icon, .buttons = Buttons::YesNo, .isNoPreset = true, .details = details}) == Answer::Yes;
+  }
 
 protected:
   virtual Answer showBox(const Box& box) = 0;

@@ -128,6 +128,11 @@ Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement)
   return *std::move(result);
 }
 
+Recordset LookUp(Session& session, const Statement& statement)
+{
+  return run(session, statement).value_or(Recordset(RowSet()));
+}
+
 void inOneTransaction(Session& session, const std::function<void()>& writes, const std::function<void()>& committed)
 {
   if (session.connection.isInTransaction())

@@ -28,6 +28,9 @@ bool Execute(Session& session, const Statement& statement);
 // A select for a caller that has a message of its own: a failure shows nothing and throws RunTimeError.
 Recordset OpenRecordsetForUpdate(Session& session, const Statement& statement);
 
+// A select whose result only explains something: a failure shows nothing and returns a recordset without rows.
+Recordset LookUp(Session& session, const Statement& statement);
+
 // Runs the writes of one action as one transaction: after a death, of the machine too, either all of them are stored or
 // none, and other users see either all or none. A statement outside of one is a transaction by itself.
 //

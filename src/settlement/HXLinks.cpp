@@ -37,6 +37,18 @@ QString BillTableOfType(const QString& billType)
   return QString::fromLatin1((isPurchase ? payment : *BillKinds::Receipt.writeOff).goodsTable);
 }
 
+QString othersInWords(Session& session, const QString& billCode, const QString& SFKBillCode)
+{
+  Recordset rs =
+      LookUp(session, {u"select SFKBillCode,SFKBillDatee,HXMoney from TabSFKHeXiao where InOutBillCode='{}' and SFKBillCode<>'{}'"
+                       u" order by SFKBillDatee,SFKBillCode",
+                       Trim(billCode), Trim(SFKBillCode)});
+  QStringList lines;
+  for (; !rs.eof(); rs.moveNext())
+    lines.append(u"  "_s + rs.trimmed("SFKBillCode") + u"，"_s + rs.trimmed("SFKBillDatee") + u"，"_s + rs.text("HXMoney"));
+  return lines.isEmpty() ? QString() : u"单据 "_s + Trim(billCode) + u" 已由其他收付款单核销：\n"_s + lines.join(u'\n');
+}
+
 float GetBillHXSum(Session& session, const QString& billCode)
 {
   return single(session, {u"select sum(HXMoney) as sumHXMoney  from TabSFKHeXiao   where InOutBillCode='{}' ", billCode}, "sumHXMoney");

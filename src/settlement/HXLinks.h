@@ -20,6 +20,8 @@ QString BillTableOfType(const QString& billType);
 
 // What other money bills than this one have settled of a goods bill.
 float GetOthersHXSum(Session& session, const QString& billCode, const QString& SFKBillCode);
+// The same in words, for the details of a message; empty if there are none, or they can't be read.
+QString othersInWords(Session& session, const QString& billCode, const QString& SFKBillCode);
 // What has been written off of a goods bill by all its links; 0 without any.
 float GetBillHXSum(Session& session, const QString& billCode);
 // What is to be written off of a goods bill: its sum minus Cash and Credit.

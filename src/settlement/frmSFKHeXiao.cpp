@@ -304,7 +304,7 @@ bool frmSFKHeXiao::allocatesWholeBill()
   float total = 0;
   for (int row = 1; row <= lastDataRow(); ++row) {
     if (SingleMoney::of(cell(row, Open)) < 0) {
-      desk().inform(negativeRow(row));
+      desk().inform(negativeRow(row), [this, code = cell(row, BillCode)] { return HXLinks::othersInWords(session, code, SFKBillCode); });
       return false;
     }
     total = float(double(total) + NumberText::numericPrefix(cell(row, Amount)));
@@ -325,7 +325,7 @@ bool frmSFKHeXiao::isStillOpen(int row)
   MSH.setText(row, Open, SingleMoney::difference(due, {settled, SingleMoney::of(cell(row, Amount))}));
   if (SingleMoney::of(cell(row, Open)) >= 0)
     return true;
-  desk().inform(negativeRow(row));
+  desk().inform(negativeRow(row), [this, code = cell(row, BillCode)] { return HXLinks::othersInWords(session, code, SFKBillCode); });
   return false;
 }
 

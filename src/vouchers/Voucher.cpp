@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 namespace Vouchers {
 namespace {
 
+constexpr QStringView Posted = u"已登账";
+
 SourceBill sourceOf(Session& session, const Recordset& row)
 {
   const auto date = DateText::parse(row.text("Datee"));
@@ -91,7 +93,21 @@ std::optional<StoredVoucher> voucherOf(Session& session, const QString& billCode
   const Recordset rs = OpenRecordset(session, {u"select Code,State from TabWarrant where JXCBillCode='{}'", billCode});
   if (rs.eof())
     return std::nullopt;
-  return StoredVoucher{rs.text("Code"), rs.trimmed("State") == u"已登账"};
+  return StoredVoucher{rs.text("Code"), rs.trimmed("State") == Posted};
+}
+
+QString voucherInWords(Session& session, const QString& billCode)
+{
+  if (Trim(billCode).isEmpty())
+    return {};
+  const Recordset rs = LookUp(session, {u"select * from TabWarrant where JXCBillCode='{}'", billCode});
+  if (rs.eof())
+    return {};
+  const QString number = rs.text("WarrantNum1");
+  const QString words = u"凭证 "_s + rs.trimmed("Code") + u"，"_s + rs.trimmed("Datee") +
+                        (number == u"0" ? QString() : u"，"_s + rs.trimmed("ZD") + u"字第 "_s + number + u" 号"_s);
+  const QString poster = rs.trimmed("RecordAccountant");
+  return rs.trimmed("State") == Posted ? words + u"，已登账"_s + (poster.isEmpty() ? QString() : u"（"_s + poster + u"）"_s) : words;
 }
 
 void deleteVoidedVoucher(Session& session, const QString& voucherCode)

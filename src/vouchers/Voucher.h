@@ -26,6 +26,10 @@ struct StoredVoucher {
 // Nothing if the bill is not stored or has none.
 std::optional<StoredVoucher> voucherOf(Session& session, const QString& billCode);
 
+// The voucher of a bill in words, for the details of a message: its numbers, and who has posted it. Empty if there is none, or it
+// can't be read.
+QString voucherInWords(Session& session, const QString& billCode);
+
 // Deletes the voucher that a voided bill had: the header first.
 void deleteVoidedVoucher(Session& session, const QString& voucherCode);
 

@@ -81,7 +81,8 @@ bool refusesPosted(Session& session, const VoucherBill& bill)
   const auto voucher = voucherOf(session, bill.code);
   if (!voucher || !voucher->isPosted)
     return false;
-  session.desk.inform(u"当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"_s);
+  session.desk.inform(u"当前单据对应的会计凭证已登账，禁止修改！如果确需修改，请先操作反登账，之后再修改本单据！"_s,
+                      [&session, code = bill.code] { return voucherInWords(session, code); });
   return true;
 }
 

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTest>
@@ -57,6 +59,26 @@ TEST_F(DesktopDeskTest, ABoxShowsItsTextAsItIs)
     box.accept();
   };
   desk.stop("<b>1&2</b>");
+}
+
+TEST_F(DesktopDeskTest, DetailsAreLookedUpWhenTheyAreOpened)
+{
+  int lookUps = 0;
+  const Desk::Details details = [&lookUps] { return ++lookUps, QString("凭证 PZD1"); };
+  atBox = [&lookUps](QMessageBox& box) {
+    auto* const text = box.findChild<QLabel*>("BoxDetails");
+    EXPECT_FALSE(text->isVisible());
+    EXPECT_EQ(lookUps, 0);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    const int height = box.height();
+    QTest::keyClick(box.focusWidget(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text->isVisible() && box.height() > height; }));
+    EXPECT_EQ(text->text(), "凭证 PZD1");
+    QTest::keyClick(box.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "已登账！\n凭证 PZD1");
+    QTest::keyClick(box.focusWidget(), Qt::Key_Return);
+  };
+  EXPECT_EQ(desk.ask({.text = "已登账！", .details = details}), Desk::Answer::Ok);
 }
 
 TEST_F(DesktopDeskTest, NoWindowOpensLargerThanItsScreen)
