@@ -62,7 +62,7 @@ int nextWrite(sqlite3_file* file, const void* bytes, int size, sqlite3_int64 off
   const int number = countWrite();
   if (number == plan.killAtWrite) {
     if (bytes)
-      real->xWrite(file, bytes, size / 2, offset);
+      real->xWrite(file, bytes, plan.killAfterWrite ? size : size / 2, offset);
     die();
   }
   if (plan.failAtWrite == 0 || number < plan.failAtWrite || (number > plan.failAtWrite && !plan.failsOn))

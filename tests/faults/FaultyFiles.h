@@ -12,7 +12,8 @@ void install();
 
 struct Plan {
   int killAtCommit = 0;                          // the process is killed after its n-th commit; 0 for none
-  int killAtWrite = 0;                           // ... or half-way through its n-th write
+  int killAtWrite = 0;                           // ... or half-way through its n-th write ...
+  bool killAfterWrite = false;                   // ... or just after it
   int failAtWrite = 0;                           // the n-th write, or sync, fails ...
   int failure = 0;                               // ... with this result code of SQLite
   bool failsOn = false;                          // ... and so do all that follow

@@ -90,12 +90,12 @@ public:
   }
 
   // The action that was under way is there as a whole or not at all.
-  QString killWithin(int write)
+  QString killWithin(int write, bool after)
   {
     const int done = m_counts.commitsBefore[write];
     if (done == 0 || done >= commits())
       return {};
-    FaultyFiles::follow({.killAtWrite = write});
+    FaultyFiles::follow({.killAtWrite = write, .killAfterWrite = after});
     return survives({m_states[done - 1], m_states[done]});
   }
 
@@ -188,8 +188,9 @@ void kill(const QString& scripts, bool isOnServer, bool isLong, Tally& tally)
     for (int commit = commitStep; commit <= killing.commits(); commit += commitStep, ++deaths)
       tally.add(QString("%1 killed after commit %2").arg(name).arg(commit), killing.killAfter(commit));
     const int writeStep = isLong ? 1 : std::max(1, killing.writes() / (isOnServer ? 3 : 12));
-    for (int write = writeStep; write <= killing.writes(); write += writeStep, ++deaths)
-      tally.add(QString("%1 killed within write %2").arg(name).arg(write), killing.killWithin(write));
+    for (int write = writeStep; write <= killing.writes(); write += writeStep)
+      for (int after = 0; after <= (isLong && !isOnServer); ++after, ++deaths)
+        tally.add(QString("%1 killed %2 write %3").arg(name, after ? "after" : "within").arg(write), killing.killWithin(write, after));
   }
   std::printf("kill: %d deaths, none of them within an action\n", deaths);
 }
