@@ -28,12 +28,14 @@ void BalanceLabel::refresh()
     return;
   const QString currency = session.params.IsLotMoney ? Trim(m_screen.currency.TxtMoneyName.text()) : QString();
   const Currency balance = GetOutstandingBalance(session, code, m_screen.DTPDate.date(), currency, IsAuditedOnly(session));
-  m_shown = FormatDotText(m_sign < 0 ? -balance : balance, session.DotSet.DotMoney) + u"元"_s;
+  m_balance = m_sign < 0 ? -balance : balance;
+  m_shown = FormatDotText(*m_balance, session.DotSet.DotMoney) + u"元"_s;
   LabFundAttention.setCaption(QString::fromUtf16(Heading) + m_shown);
 }
 
 void BalanceLabel::clear()
 {
   m_shown.clear();
+  m_balance.reset();
   LabFundAttention.setCaption(QString::fromUtf16(Heading));
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/Currency.h"
 #include "screen/Controls.h"
+
+#include <optional>
 
 class BillScreen;
 
@@ -14,10 +17,13 @@ public:
   void clear();
   // The balance shown, with its unit; empty without one.
   QString shown() const { return m_shown; }
+  // The same as an amount; nothing without one.
+  std::optional<Currency> balance() const { return m_balance; }
 
 private:
   BillScreen& m_screen;
   const int m_sign;
   QString m_shown;
+  std::optional<Currency> m_balance;
   Label LabFundAttention;
 };

@@ -11,9 +11,27 @@
 using namespace Qt::StringLiterals;
 using namespace ModFuntion;
 
+namespace {
+
+QString lineKeys(const BillScreen& screen)
+{
+  const QString keys = u"Ctrl+Enter 下一行　Shift+Enter 下一行的金额　Ctrl+' 抄上一行"_s;
+  return screen.balance ? keys + u"　Ctrl+= 填入尚欠的余额"_s : keys;
+}
+
+int firstShown(const Grid& grid)
+{
+  int col = 1;
+  while (col < grid.cols() - 1 && grid.colWidth(col) == 0)
+    ++col;
+  return col;
+}
+
+} // namespace
+
 LineArea::LineArea(BillScreen& screen, const LineTraits& traits)
-    : LabAttention(&screen.Pic, "LabAttention"), Text2(&screen.Pic, screen.MSH), FrameTotal(&screen.Pic, "FrameTotal"),
-      LabTotalMoney(&FrameTotal, "LabTotalMoney"), m_screen(screen), m_grid(screen.MSH)
+    : LabAttention(&screen.Pic, "LabAttention"), LabLineKeys(&screen.Pic, "LabLineKeys"), Text2(&screen.Pic, screen.MSH),
+      FrameTotal(&screen.Pic, "FrameTotal"), LabTotalMoney(&FrameTotal, "LabTotalMoney"), m_screen(screen), m_grid(screen.MSH)
 {
   LabAttention.setCaption(QString::fromUtf16(traits.attention));
   FrameTotal.setCaption(u"合计信息"_s);
@@ -26,6 +44,11 @@ LineArea::LineArea(BillScreen& screen, const LineTraits& traits)
   Text2.onKey = [this](const Key& key) { return editorKey(key); };
   Text2.onChange = [this] { editorChanged(); };
   Text2.onDoubleClick = [this] { pickAccountOfCell(); };
+  Text2.onCtrlKey = [this](const Key& key) { return quickKey(key); };
+  LabLineKeys.setEnabled(false);
+  LabLineKeys.setCaption(QString(u' '));
+  QObject::connect(&Text2, &Control::changed, &Text2,
+                   [this] { LabLineKeys.setCaption(Text2.isVisible() ? lineKeys(m_screen) : QString(u' ')); });
 }
 
 void LineArea::InitLineGrid()
@@ -141,7 +164,12 @@ bool LineArea::editorKey(const Key& key)
   }
   switch (key.code) {
   case Key::Tab: editorTab(key.shift); return true;
-  case Key::Enter: editorEnter(); return true;
+  case Key::Enter:
+    if (key.shift)
+      enterAndGoDown(Amount);
+    else
+      editorEnter();
+    return true;
   case Key::Escape: Text2.returnToGrid(); return true;
   default: return false;
   }
@@ -177,6 +205,58 @@ void LineArea::editorEnter()
   Text2.hide();
   Txt2ToMSH(account);
   Text2.returnToGrid();
+}
+
+bool LineArea::quickKey(const Key& key)
+{
+  if (key.code == Key::Enter)
+    enterAndGoDown(AccountCode);
+  else if (key.text == u"'")
+    copyCellAbove();
+  else if (key.text == u"=" && m_screen.balance)
+    takeRestOfBalance();
+  else
+    return false;
+  return true;
+}
+
+// What Enter does, which may have shown the picker, and then the next row, if there is one.
+void LineArea::enterAndGoDown(Column column)
+{
+  const int row = m_grid.row();
+  editorEnter();
+  if (row + 1 >= m_grid.rows())
+    return;
+  m_grid.setCurrent(row + 1, m_grid.colWidth(column) > 0 ? column : firstShown(m_grid));
+  OpenCellEditor();
+}
+
+// As if it were typed: an account is looked up by Enter.
+void LineArea::copyCellAbove()
+{
+  const QString above = m_grid.row() > 1 ? m_grid.text(m_grid.row() - 1, m_grid.col()) : QString();
+  if (above.isEmpty())
+    return m_screen.desk().beep();
+  Text2.typed(m_grid.col() == Amount ? StripMoneyText(above) : above);
+  Text2.moveCaretToEnd();
+}
+
+// The amount that is still open to the partner, less the other lines.
+void LineArea::takeRestOfBalance()
+{
+  const auto balance = m_screen.balance->balance();
+  const int row = m_grid.row();
+  const Currency rest = balance.value_or(Currency()) - (total() - amount(row));
+  if (!balance || rest <= Currency())
+    return m_screen.desk().beep();
+  const QString text = FormatDotText(rest, m_screen.session.DotSet.DotMoney);
+  if (m_grid.col() == Amount) {
+    Text2.typed(StripMoneyText(text));
+    Text2.moveCaretToEnd();
+    return;
+  }
+  m_grid.setText(row, Amount, text);
+  RecalcTotal();
 }
 
 // On a bill that may not be changed the click opens no editor and the double click picks nothing.

@@ -44,6 +44,7 @@ public:
   void FMSHFormat_Click();
 
   Label LabAttention;
+  Label LabLineKeys; // names the keys of an open cell; a blank, which keeps its height, while none is open
   CellEditor Text2;
   Container FrameTotal;
   Label LabTotalMoney;
@@ -60,6 +61,10 @@ private:
   bool editorKey(const Key& key);
   void editorTab(bool backwards);
   void editorEnter();
+  bool quickKey(const Key& key);
+  void enterAndGoDown(Column column);
+  void copyCellAbove();
+  void takeRestOfBalance();
   void editorChanged();
   void pickAccountOfCell();
   void pickAccount();

@@ -17,10 +17,24 @@ constexpr NamedKey NamedKeys[] = {
     {Qt::Key_End, Key::End},       {Qt::Key_Backspace, Key::Backspace}, {Qt::Key_Delete, Key::Delete},
 };
 
+// The keys with Ctrl that a control may handle; all others belong to the window.
+constexpr NamedKey CtrlKeys[] = {
+    {Qt::Key_Return, Key::Enter}, {Qt::Key_Enter, Key::Enter}, {Qt::Key_Apostrophe, Key::Character}, {Qt::Key_Equal, Key::Character}};
+
+std::optional<Key> ctrlKeyOf(const QKeyEvent& event)
+{
+  for (const NamedKey& named : CtrlKeys)
+    if (event.key() == named.key)
+      return Key{named.code, named.code == Key::Character ? QString(QChar(named.key)) : QString(), false, true};
+  return std::nullopt;
+}
+
 } // namespace
 
 std::optional<Key> keyOf(const QKeyEvent& event)
 {
+  if ((event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier)
+    return ctrlKeyOf(event);
   if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
     return std::nullopt;
   const bool shift = event.modifiers() & Qt::ShiftModifier;

@@ -54,7 +54,9 @@ bool WidgetBinding::keyPressed(const QKeyEvent& event)
   if (!key)
     return pressSpecial(event);
   bool consumed = false;
-  formWindow().act([&] { consumed = press(*key); });
+  formWindow().act([&] { consumed = key->ctrl ? control().handleKey(*key) : press(*key); });
+  if (key->ctrl)
+    return consumed || pressSpecial(event);
   return consumed || !editsWith(*key);
 }
 

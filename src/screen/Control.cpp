@@ -51,6 +51,10 @@ bool Control::handleKey(const Key& key)
 {
   bool consumed = false;
   form().handle([&] {
+    if (key.ctrl) {
+      consumed = onCtrlKey && onCtrlKey(key);
+      return;
+    }
     consumed = (onKey && onKey(key)) || (&form() != this && form().onKey && form().onKey(key));
     if (!consumed && key.code == Key::Tab) {
       leave(key.shift);
@@ -67,7 +71,7 @@ void Control::leave(bool backwards)
 
 void Control::press(const Key& key)
 {
-  if (!isReachable() || handleKey(key))
+  if (!isReachable() || handleKey(key) || key.ctrl)
     return;
   form().handle([&] { edit(key); });
 }

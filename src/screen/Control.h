@@ -56,6 +56,8 @@ public:
   // Handlers of the form. onKey returns whether it consumed the key; a key that a control did not consume
   // is offered to the onKey of its form.
   std::function<bool(const Key&)> onKey;
+  // The same for a key with Ctrl, which reaches nothing else.
+  std::function<bool(const Key&)> onCtrlKey;
   std::function<void()> onClick;
   std::function<void()> onDoubleClick;
   std::function<void()> onFocusIn;

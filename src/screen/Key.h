@@ -9,6 +9,7 @@ struct Key {
   Code code = Character;
   QString text; // of a character key; empty otherwise
   bool shift = false;
+  bool ctrl = false;
 
   static Key character(const QString& text) { return {Character, text, false}; }
   bool isArrow() const { return code == Up || code == Down || code == Left || code == Right; }

@@ -105,12 +105,20 @@ QRegularExpression expressionOf(const char* usage)
 
 ::Key keyOf(const QString& name, int line)
 {
+  if (name.startsWith(u"Ctrl+")) {
+    ::Key key = keyOf(name.mid(5), line);
+    key.ctrl = true;
+    return key;
+  }
   static const QHash<QString, ::Key::Code> named = {
-      {"Enter", ::Key::Enter},         {"Tab", ::Key::Tab},       {"Shift+Tab", ::Key::Tab},
-      {"Esc", ::Key::Escape},          {"Up", ::Key::Up},         {"Down", ::Key::Down},
-      {"Left", ::Key::Left},           {"Right", ::Key::Right},   {"PageUp", ::Key::PageUp},
-      {"PageDown", ::Key::PageDown},   {"Home", ::Key::Home},     {"End", ::Key::End},
-      {"Backspace", ::Key::Backspace}, {"Delete", ::Key::Delete},
+      {"Enter", ::Key::Enter},       {"Tab", ::Key::Tab},
+      {"Shift+Tab", ::Key::Tab},     {"Shift+Enter", ::Key::Enter},
+      {"Esc", ::Key::Escape},        {"Up", ::Key::Up},
+      {"Down", ::Key::Down},         {"Left", ::Key::Left},
+      {"Right", ::Key::Right},       {"PageUp", ::Key::PageUp},
+      {"PageDown", ::Key::PageDown}, {"Home", ::Key::Home},
+      {"End", ::Key::End},           {"Backspace", ::Key::Backspace},
+      {"Delete", ::Key::Delete},
   };
   if (const auto found = named.constFind(name); found != named.constEnd())
     return {*found, {}, name.startsWith(u"Shift+")};

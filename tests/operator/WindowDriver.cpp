@@ -251,7 +251,7 @@ public:
       throw Failure(QStringLiteral("nothing on %1 has the focus").arg(topForm()));
     const WindowKey pressed = keyOf(key);
     QTest::sendKeyEvent(QTest::Click, target, pressed.key, pressed.text ? QString::fromLatin1(pressed.text) : key.text,
-                        key.shift ? Qt::ShiftModifier : Qt::NoModifier);
+                        (key.shift ? Qt::ShiftModifier : Qt::NoModifier) | (key.ctrl ? Qt::ControlModifier : Qt::NoModifier));
     settle();
   }
 
