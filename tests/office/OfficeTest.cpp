@@ -17,12 +17,12 @@ using namespace std::chrono_literals;
 // An office that has stopped answering is ended after the time limit, and started again.
 TEST(Office, IsNotWaitedForWithoutEnd)
 {
-  Office office(2s);
+  Office office(10s); // long enough to start one on a busy machine
   const std::unique_ptr<Workbook> workbook = orThrow(office.create());
   OfficeClient::kill(SIGSTOP);
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_FALSE(workbook->sheetNames());
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, 20s);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 60s);
   EXPECT_EQ(orThrow(orThrow(office.create())->sheetNames()).size(), 1);
 }
 
